@@ -1,0 +1,27 @@
+# Compiler settings that hold for every target of the project.
+find_program(ORVEX_CCACHE ccache)
+if(ORVEX_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${ORVEX_CCACHE}")
+endif()
+
+add_library(orvex_compiler INTERFACE)
+target_compile_options(orvex_compiler INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
+  $<$<BOOL:${ORVEX_WERROR}>:-Werror>)
+target_compile_definitions(orvex_compiler INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH
+  QT_NO_KEYWORDS)
+
+if(ORVEX_SANITIZE)
+  string(REPLACE "," ";" _sanitizers "${ORVEX_SANITIZE}")
+  foreach(_sanitizer IN LISTS _sanitizers)
+    add_compile_options(-fsanitize=${_sanitizer})
+    add_link_options(-fsanitize=${_sanitizer})
+  endforeach()
+  add_compile_options(-fno-omit-frame-pointer -fno-sanitize-recover=all)
+endif()
+
+if(ORVEX_TIDY)
+  find_program(ORVEX_CLANG_TIDY NAMES clang-tidy-19 clang-tidy REQUIRED)
+  set(CMAKE_CXX_CLANG_TIDY "${ORVEX_CLANG_TIDY};--quiet")
+endif()

@@ -1,0 +1,105 @@
+#include "base/PropertyList.h"
+
+#include <QXmlStreamReader>
+
+#include <memory>
+#include <plist/plist.h>
+
+namespace orvex {
+namespace {
+
+struct NodeDeleter {
+  void operator()(void* node) const noexcept { plist_free(node); }
+};
+
+// libplist 2.2.0 reads past its buffer on odd <date> texts and recurses without a limit, so the
+// document is walked once by a reader that does neither before it is handed over.
+std::expected<void, QString> checkDocument(const QByteArray& bytes) {
+  QXmlStreamReader reader(bytes);
+  int depth = 0;
+  while (!reader.atEnd()) {
+    switch (reader.readNext()) {
+      case QXmlStreamReader::StartElement:
+        if (++depth > PropertyList::kMaximumDepth)
+          return std::unexpected(QStringLiteral("the property list is nested too deeply"));
+        if (reader.name() == u"date")
+          return std::unexpected(QStringLiteral("the property list holds a date"));
+        break;
+      case QXmlStreamReader::EndElement:
+        --depth;
+        break;
+      default:
+        break;
+    }
+  }
+  if (reader.hasError()) return std::unexpected(reader.errorString());
+  return {};
+}
+
+QVariant convert(plist_t node) {
+  switch (plist_get_node_type(node)) {
+    case PLIST_BOOLEAN: {
+      uint8_t value = 0;
+      plist_get_bool_val(node, &value);
+      return QVariant(value != 0);
+    }
+    case PLIST_UINT: {
+      uint64_t value = 0;
+      plist_get_uint_val(node, &value);
+      return QVariant(static_cast<qlonglong>(value));
+    }
+    case PLIST_REAL: {
+      double value = 0;
+      plist_get_real_val(node, &value);
+      return QVariant(value);
+    }
+    case PLIST_STRING: {
+      uint64_t length = 0;
+      const char* text = plist_get_string_ptr(node, &length);
+      return QVariant(QString::fromUtf8(text, static_cast<qsizetype>(length)));
+    }
+    case PLIST_DATA: {
+      uint64_t length = 0;
+      const char* data = plist_get_data_ptr(node, &length);
+      return QVariant(QByteArray(data, static_cast<qsizetype>(length)));
+    }
+    case PLIST_ARRAY: {
+      QVariantList list;
+      for (uint32_t i = 0; i < plist_array_get_size(node); ++i)
+        list.append(convert(plist_array_get_item(node, i)));
+      return list;
+    }
+    case PLIST_DICT: {
+      QVariantMap map;
+      plist_dict_iter rawIterator = nullptr;
+      plist_dict_new_iter(node, &rawIterator);
+      const std::unique_ptr<void, decltype(&free)> iterator(rawIterator, &free);
+      for (;;) {
+        char* rawKey = nullptr;
+        plist_t value = nullptr;
+        plist_dict_next_item(node, iterator.get(), &rawKey, &value);
+        const std::unique_ptr<char, decltype(&free)> key(rawKey, &free);
+        if (value == nullptr) break;
+        map.insert(QString::fromUtf8(key.get()), convert(value));
+      }
+      return map;
+    }
+    default:
+      return {};
+  }
+}
+
+}  // namespace
+
+std::expected<QVariant, QString> PropertyList::parse(const QByteArray& bytes) {
+  if (bytes.size() > kMaximumBytes)
+    return std::unexpected(QStringLiteral("the property list is too large"));
+  if (const auto checked = checkDocument(bytes); !checked) return std::unexpected(checked.error());
+  plist_t root = nullptr;
+  plist_from_xml(bytes.constData(), static_cast<uint32_t>(bytes.size()), &root);
+  if (root == nullptr) return std::unexpected(QStringLiteral("not a property list"));
+  const std::unique_ptr<void, NodeDeleter> owner(root);
+  return convert(root);
+}
+
+}  // namespace orvex

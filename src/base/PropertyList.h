@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QVariant>
+
+#include <expected>
+
+namespace orvex {
+
+/// Reading of property lists (the XML form).
+///
+/// The result keeps the types of the file apart: a Boolean is a `bool`, an integer a `qlonglong`, a
+/// real a `double`, text a `QString`, data a `QByteArray`, an array a `QVariantList` and a
+/// dictionary a `QVariantMap`. Callers that want a type must compare `typeId()`, never convert.
+namespace PropertyList {
+
+/// The largest input that is looked at, in bytes.
+inline constexpr qsizetype kMaximumBytes = 256 * 1024;
+/// The deepest nesting that is accepted.
+inline constexpr int kMaximumDepth = 64;
+
+/// Parses `bytes`. The error is one sentence for a log: too large, too deep, a date (which nothing
+/// here uses and the parser below handles unsafely), or malformed.
+[[nodiscard]] std::expected<QVariant, QString> parse(const QByteArray& bytes);
+
+}  // namespace PropertyList
+}  // namespace orvex

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <memory>
+
+namespace orvex {
+
+class DistributedNotifications;
+class PanelEndpoint;
+class SystemLog;
+class Workspace;
+
+/// The services of the system that a program runs on, made once by its composition root.
+class Platform {
+ public:
+  virtual ~Platform() = default;
+
+  [[nodiscard]] virtual Workspace& workspace() = 0;
+  [[nodiscard]] virtual DistributedNotifications& notifications() = 0;
+  [[nodiscard]] virtual SystemLog& log() = 0;
+
+  /// Offers `panel` to companions of this session until the platform is destroyed. False when
+  /// another panel already does, or the session has no message bus; the panel works without.
+  virtual bool exportPanel(PanelEndpoint& panel) = 0;
+  /// The panel of this session, seen from another process.
+  [[nodiscard]] virtual PanelEndpoint& remotePanel() = 0;
+};
+
+/// The platform of the system this was built for.
+[[nodiscard]] std::unique_ptr<Platform> makePlatform();
+
+}  // namespace orvex

@@ -1,0 +1,63 @@
+#include "shell/OrvexConfig.h"
+
+#include "base/Bundle.h"
+
+namespace orvex {
+namespace {
+
+// The base address of the endpoints, without a slash at its end. A build with a host name that
+// forms no address is a programming error and stops the process: there is nothing to fall back to.
+QString& serviceBase() {
+  static QString base = [] {
+    const QString text = QStringLiteral("https://" ORVEX_SERVICE_HOST);
+    const QUrl url(text, QUrl::StrictMode);
+    if (!url.isValid() || url.host().isEmpty())
+      qFatal("ORVEX_SERVICE_HOST does not form an address: %s", qUtf8Printable(text));
+    return text;
+  }();
+  return base;
+}
+
+QUrl endpoint(QLatin1String path) {
+  return QUrl(serviceBase() + path, QUrl::StrictMode);
+}
+
+}  // namespace
+
+std::expected<void, QString> OrvexConfig::useService(const QString& service) {
+  if (service.isEmpty()) return {};
+  const QUrl url(service, QUrl::StrictMode);
+  if (!url.isValid() || url.scheme() != u"https" || url.host().isEmpty() || url.hasQuery() ||
+      url.hasFragment() || !url.userInfo().isEmpty()) {
+    return std::unexpected(
+        QStringLiteral("ORVEX_SERVICE geçersiz: \"%1\". https://sunucu[:port][/yol] biçiminde bir "
+                       "adres ver.")
+            .arg(service));
+  }
+  QString base = url.toString(QUrl::FullyEncoded);
+  while (base.endsWith(u'/')) base.chop(1);
+  serviceBase() = base;
+  return {};
+}
+
+QUrl OrvexConfig::requestCenterURL() {
+  return endpoint(QLatin1String("/api/orvex/requests"));
+}
+QUrl OrvexConfig::updateManifestURL() {
+  return endpoint(QLatin1String("/downloads/finalcut/manifest.json"));
+}
+QUrl OrvexConfig::packsManifestURL() {
+  return endpoint(QLatin1String("/downloads/orvex/packs/manifest.json"));
+}
+
+QString OrvexConfig::version() {
+  return version(Bundle::main());
+}
+
+QString OrvexConfig::version(const Bundle& bundle) {
+  const QVariant value = bundle.infoValue(QStringLiteral("CFBundleShortVersionString"));
+  if (value.typeId() == QMetaType::QString) return value.toString();
+  return QStringLiteral("0.3.13");
+}
+
+}  // namespace orvex

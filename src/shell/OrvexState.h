@@ -1,0 +1,108 @@
+#pragma once
+
+#include "host/HostSnapshot.h"
+#include "host/HostState.h"
+#include "services/ReleaseState.h"
+#include "services/UniversalInstalledPack.h"
+#include "services/UniversalPack.h"
+#include "shell/OrvexPage.h"
+#include "shell/OrvexToast.h"
+
+#include <QObject>
+#include <QSet>
+#include <QTimer>
+
+#include <optional>
+
+namespace orvex {
+
+/// The panel's state: the one object that every page observes. Main thread only. Making one starts
+/// nothing.
+class OrvexState final : public QObject, public HostState {
+  Q_OBJECT
+  Q_PROPERTY(orvex::OrvexPage activePage READ activePage WRITE setActivePage NOTIFY
+                 activePageChanged FINAL)
+  Q_PROPERTY(orvex::HostSnapshot host READ host WRITE setHost NOTIFY hostChanged FINAL)
+  Q_PROPERTY(orvex::ReleaseState release READ release NOTIFY releaseChanged FINAL)
+  Q_PROPERTY(bool hasToast READ hasToast NOTIFY toastChanged FINAL)
+  Q_PROPERTY(orvex::OrvexToast toast READ toastOrLast NOTIFY toastChanged FINAL)
+  Q_PROPERTY(bool requestSending READ requestSending WRITE setRequestSending NOTIFY
+                 requestSendingChanged FINAL)
+  Q_PROPERTY(double panelWidth READ panelWidth WRITE setPanelWidth NOTIFY panelWidthChanged FINAL)
+  Q_PROPERTY(
+      double panelHeight READ panelHeight WRITE setPanelHeight NOTIFY panelHeightChanged FINAL)
+
+ public:
+  explicit OrvexState(QObject* parent = nullptr);
+
+  [[nodiscard]] OrvexPage activePage() const noexcept { return activePage_; }
+  void setActivePage(OrvexPage page);
+
+  [[nodiscard]] const HostSnapshot& host() const noexcept override { return host_; }
+  void setHost(const HostSnapshot& snapshot) override;
+  /// Shows the notice as a toast of 3.2 seconds.
+  void showHostNotice(const QString& message, Notice notice) override;
+
+  [[nodiscard]] const ReleaseState& release() const noexcept { return release_; }
+
+  /// The message on screen, if any.
+  [[nodiscard]] const std::optional<OrvexToast>& toast() const noexcept { return toast_; }
+  [[nodiscard]] bool hasToast() const noexcept { return toast_.has_value(); }
+  /// Shows a message for `duration` seconds in place of the one on screen. Zero or less hides it on
+  /// the next turn of the event loop.
+  Q_INVOKABLE void showToast(const QString& message, orvex::OrvexToast::Kind kind, double duration);
+
+  /// A request to the vendor is being sent; kept by the request page.
+  [[nodiscard]] bool requestSending() const noexcept { return requestSending_; }
+  void setRequestSending(bool sending);
+
+  /// The size last asked for, in points.
+  [[nodiscard]] double panelWidth() const noexcept { return panelWidth_; }
+  [[nodiscard]] double panelHeight() const noexcept { return panelHeight_; }
+  void setPanelWidth(double width);
+  void setPanelHeight(double height);
+
+  /// The packs of the last catalog read.
+  [[nodiscard]] const QList<UniversalPack>& packs() const noexcept { return packs_; }
+  [[nodiscard]] const QList<UniversalInstalledPack>& installedPacks() const noexcept {
+    return installedPacks_;
+  }
+  void setInstalledPacks(const QList<UniversalInstalledPack>& packs);
+  /// Identifiers of the packs that are being installed or removed.
+  [[nodiscard]] const QSet<QString>& packBusyIDs() const noexcept { return packBusyIDs_; }
+  [[nodiscard]] const std::optional<QString>& packLastError() const noexcept {
+    return packLastError_;
+  }
+  /// The installed version of `pack`, or nothing when it is not installed.
+  [[nodiscard]] std::optional<QString> installedVersion(const UniversalPack& pack) const;
+
+ Q_SIGNALS:
+  void activePageChanged();
+  void hostChanged();
+  void releaseChanged();
+  void toastChanged();
+  void requestSendingChanged();
+  void panelWidthChanged();
+  void panelHeightChanged();
+  void installedPacksChanged();
+
+ private:
+  // What leaves the screen keeps its text while it fades.
+  [[nodiscard]] OrvexToast toastOrLast() const { return lastToast_; }
+
+  OrvexPage activePage_ = OrvexPage::home;
+  HostSnapshot host_;
+  ReleaseState release_;
+  std::optional<OrvexToast> toast_;
+  OrvexToast lastToast_;
+  QTimer toastTask_;
+  bool requestSending_ = false;
+  double panelWidth_ = 1040;
+  double panelHeight_ = 780;
+  QList<UniversalPack> packs_;
+  QList<UniversalInstalledPack> installedPacks_;
+  QSet<QString> packBusyIDs_;
+  std::optional<QString> packLastError_;
+};
+
+}  // namespace orvex

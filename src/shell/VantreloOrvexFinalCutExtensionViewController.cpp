@@ -1,0 +1,118 @@
+#include "shell/VantreloOrvexFinalCutExtensionViewController.h"
+
+#include "engines/AudioUnitRegistry.h"
+#include "engines/FxPlugRegistry.h"
+#include "engines/LUTRegistry.h"
+#include "engines/MotionTemplateRegistry.h"
+#include "host/FinalCutHostAdapter.h"
+#include "platform/HostRuntime.h"
+#include "platform/SystemLog.h"
+#include "platform/Workspace.h"
+#include "shell/OrvexState.h"
+
+#include <QUrl>
+
+#include <chrono>
+#include <cmath>
+
+namespace orvex {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr QSizeF kContentSize{1040, 780};
+constexpr ViewColor kBackground{0.012, 0.017, 0.023, 1.0};
+constexpr double kMinimumExtent = 320;
+constexpr auto kFocusDelay = 300ms;
+constexpr auto kConnectDelay = 600ms;
+
+QString sizeText(QSizeF size) {
+  return QStringLiteral("{%1, %2}").arg(size.width()).arg(size.height());
+}
+
+// A requested extent counts only if it was sent as a 64-bit floating-point number that is finite
+// and large enough.
+bool isExtent(const QVariant& value) {
+  return value.typeId() == QMetaType::Double && std::isfinite(value.toDouble()) &&
+         value.toDouble() >= kMinimumExtent;
+}
+
+}  // namespace
+
+VantreloOrvexFinalCutExtensionViewController::VantreloOrvexFinalCutExtensionViewController(
+    const Environment& environment)
+    : environment_(environment),
+      orvexState_(std::make_shared<OrvexState>()),
+      motionRegistry_(std::make_unique<MotionTemplateRegistry>()),
+      audioRegistry_(std::make_unique<AudioUnitRegistry>()),
+      lutRegistry_(std::make_unique<LUTRegistry>()),
+      fxPlugRegistry_(std::make_unique<FxPlugRegistry>()) {
+  connect(&environment_.hostRuntime, &HostRuntime::hostSingletonChanged, this, [this] {
+    if (connected_) hostAdapter().connect();
+  });
+}
+
+VantreloOrvexFinalCutExtensionViewController::~VantreloOrvexFinalCutExtensionViewController() {
+  panelSizeObserver_.reset();
+  // The view shows the other objects, so it goes before them.
+  hostingController_.reset();
+}
+
+FinalCutHostAdapter& VantreloOrvexFinalCutExtensionViewController::hostAdapter() {
+  if (!hostAdapter_) {
+    hostAdapter_ = std::make_unique<FinalCutHostAdapter>(orvexState_, environment_.hostRuntime,
+                                                         environment_.workspace, environment_.log);
+  }
+  return *hostAdapter_;
+}
+
+void VantreloOrvexFinalCutExtensionViewController::loadView() {
+  environment_.view.createView(kContentSize, kBackground);
+  environment_.view.setPreferredContentSize(kContentSize);
+  environment_.log.line(
+      QStringLiteral("[Vantrelo Orvex] loadView size=%1").arg(sizeText(kContentSize)));
+}
+
+void VantreloOrvexFinalCutExtensionViewController::viewDidLoad() {
+  hostingController_ =
+      environment_.view.hostRootView({*orvexState_, *motionRegistry_, *audioRegistry_,
+                                      *lutRegistry_, *fxPlugRegistry_, hostAdapter()});
+  panelSizeObserver_ = environment_.notifications.subscribe(
+      QStringLiteral("com.vantrelo.orvex.finalcut.panel-size"),
+      [this](const QVariantMap& userInfo) { panelSizeRequested(userInfo); });
+  environment_.log.line(QStringLiteral("[Vantrelo Orvex] stable architecture ready"));
+}
+
+void VantreloOrvexFinalCutExtensionViewController::panelSizeRequested(const QVariantMap& userInfo) {
+  const QVariant width = userInfo.value(QStringLiteral("width"));
+  const QVariant height = userInfo.value(QStringLiteral("height"));
+  if (isExtent(width)) orvexState_->setPanelWidth(width.toDouble());
+  if (isExtent(height)) orvexState_->setPanelHeight(height.toDouble());
+}
+
+void VantreloOrvexFinalCutExtensionViewController::viewDidAppear() {
+  environment_.view.setPreferredContentSize(kContentSize);
+  environment_.log.line(
+      QStringLiteral("[Vantrelo Orvex] viewDidAppear window=%1 size=%2")
+          .arg(environment_.view.windowDescription(), sizeText(environment_.view.viewSize())));
+  QTimer::singleShot(kFocusDelay, this, [this] {
+    // Whether the companion application is there makes no difference to the panel.
+    std::ignore =
+        environment_.workspace.open(QUrl(QStringLiteral("vantrelo-finalcut://focus-panel")));
+  });
+  QTimer::singleShot(kConnectDelay, this, [this] { connectHost(); });
+}
+
+void VantreloOrvexFinalCutExtensionViewController::connectHost() {
+  if (!environment_.view.isInWindow()) return;
+  connected_ = true;
+  hostAdapter().connect();
+  audioRegistry_->refresh();
+}
+
+void VantreloOrvexFinalCutExtensionViewController::viewWillDisappear() {
+  connected_ = false;
+  hostAdapter().disconnect();
+}
+
+}  // namespace orvex
