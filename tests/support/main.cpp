@@ -1,10 +1,10 @@
 // The main program of every test: an application object for what needs one, and a failure for every
 // warning that a test did not announce.
-#include <gtest/gtest.h>
+#include "support/Warnings.h"
 
 #include <QCoreApplication>
 
-#include "support/Warnings.h"
+#include <gtest/gtest.h>
 
 namespace {
 
@@ -31,7 +31,9 @@ class WarningListener : public testing::EmptyTestEventListener {
 
 }  // namespace
 
-void orvex::expectWarning(const QString& fragment) { g_expected.append(fragment); }
+void orvex::expectWarning(const QString& fragment) {
+  g_expected.append(fragment);
+}
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);

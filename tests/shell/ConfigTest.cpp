@@ -1,0 +1,101 @@
+#include "base/Bundle.h"
+#include "shell/OrvexConfig.h"
+#include "shell/OrvexPage.h"
+#include "shell/OrvexToast.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+
+using namespace orvex;
+
+namespace {
+
+// A bundle whose information list holds `entry`, an XML fragment of a dictionary.
+QString versionWith(const QByteArray& entry) {
+  QTemporaryDir folder;
+  QDir().mkpath(folder.filePath(QStringLiteral("Contents")));
+  QFile file(folder.filePath(QStringLiteral("Contents/Info.plist")));
+  EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("<?xml version=\"1.0\"?><plist version=\"1.0\"><dict>" + entry + "</dict></plist>");
+  file.close();
+  return OrvexConfig::version(Bundle(folder.path()));
+}
+
+TEST(Page, RawValuesAreExactAndInNavigationOrder) {
+  QStringList ids;
+  for (const OrvexPage page : OrvexPage::allCases()) {
+    ids.append(page.id());
+    EXPECT_EQ(OrvexPage::fromRawValue(page.rawValue()), page);
+    EXPECT_FALSE(page.title().isEmpty());
+    EXPECT_FALSE(page.icon().isEmpty());
+  }
+  EXPECT_EQ(ids.join(u' '), u"home timeline speed motion audio color fxplug updates request");
+  EXPECT_EQ(OrvexPage(OrvexPage::request).title(), u"İstek Merkezi");
+  for (const char16_t* other : {u"Home", u"", u" home", u"homes", u"İstek Merkezi"})
+    EXPECT_FALSE(OrvexPage::fromRawValue(other)) << qPrintable(QString::fromUtf16(other));
+}
+
+TEST(Toast, TheKindIsPartOfTheValue) {
+  const OrvexToast error{QStringLiteral("x"), OrvexToast::Kind::error};
+  EXPECT_NE(error, (OrvexToast{QStringLiteral("x"), OrvexToast::Kind::info}));
+  EXPECT_EQ(error, (OrvexToast{QStringLiteral("x"), OrvexToast::Kind::error}));
+}
+
+TEST(Config, VersionIsTextOfTheBundleOrTheBuildsOwn) {
+  const QString own = QStringLiteral("0.3.13");
+  const struct {
+    QByteArray entry;
+    QString version;
+  } rows[] = {
+      {"<key>CFBundleShortVersionString</key><string>1.4</string>", QStringLiteral("1.4")},
+      {"<key>CFBundleShortVersionString</key><string></string>", QString()},
+      {"<key>CFBundleShortVersionString</key><real>2.5</real>", own},
+      {"<key>CFBundleShortVersionString</key><integer>3</integer>", own},
+      {"<key>CFBundleVersion</key><string>9</string>", own},
+      {"<key>CFBundleShortVersionString</key><date>2020-01-01T00:00:00Z</date>", own},
+      {"<key>broken", own},
+      {"<key>k</key>" + QByteArray("<array>").repeated(5000) +
+           QByteArray("</array>").repeated(5000),
+       own},
+      {QByteArray(300 * 1024, ' ') + "<key>CFBundleShortVersionString</key><string>1</string>",
+       own},
+  };
+  for (const auto& row : rows)
+    EXPECT_EQ(versionWith(row.entry), row.version) << row.entry.left(80).constData();
+  EXPECT_EQ(OrvexConfig::version(Bundle(QStringLiteral("/nonexistent"))), own);
+}
+
+TEST(Config, AnInformationListThatIsNoFileDoesNotBlock) {
+  const QTemporaryDir folder;
+  QDir().mkpath(folder.filePath(QStringLiteral("Contents")));
+  ASSERT_EQ(mkfifo(qPrintable(folder.filePath(QStringLiteral("Contents/Info.plist"))), 0600), 0);
+  EXPECT_EQ(OrvexConfig::version(Bundle(folder.path())), u"0.3.13");
+}
+
+TEST(Config, EndpointsFollowTheServiceAndRefuseWhatIsNotOne) {
+  EXPECT_EQ(OrvexConfig::requestCenterURL().scheme(), u"https");
+  EXPECT_EQ(OrvexConfig::requestCenterURL().path(), u"/api/orvex/requests");
+  EXPECT_EQ(OrvexConfig::updateManifestURL().path(), u"/downloads/finalcut/manifest.json");
+  EXPECT_EQ(OrvexConfig::packsManifestURL().path(), u"/downloads/orvex/packs/manifest.json");
+
+  const QUrl before = OrvexConfig::requestCenterURL();
+  for (const char16_t* bad :
+       {u"http://localhost", u"localhost:8443", u"https://", u"https://h?x=1", u"https://h#f",
+        u"https://user:secret@h", u"https://a b", u"file:///etc/passwd"}) {
+    const auto used = OrvexConfig::useService(QString::fromUtf16(bad));
+    ASSERT_FALSE(used) << qPrintable(QString::fromUtf16(bad));
+    EXPECT_TRUE(used.error().contains(QString::fromUtf16(bad)));
+  }
+  EXPECT_TRUE(OrvexConfig::useService(QString()));
+  EXPECT_EQ(OrvexConfig::requestCenterURL(), before);
+
+  EXPECT_TRUE(OrvexConfig::useService(QStringLiteral("https://localhost:8443/base//")));
+  EXPECT_EQ(OrvexConfig::packsManifestURL().toString(),
+            u"https://localhost:8443/base/downloads/orvex/packs/manifest.json");
+}
+
+}  // namespace

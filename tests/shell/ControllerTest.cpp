@@ -1,0 +1,201 @@
+#include "engines/AudioUnitRegistry.h"
+#include "host/FinalCutHostAdapter.h"
+#include "platform/HostRuntime.h"
+#include "platform/SystemLog.h"
+#include "platform/Workspace.h"
+#include "shell/OrvexState.h"
+#include "shell/VantreloOrvexFinalCutExtensionViewController.h"
+#include "support/Wait.h"
+
+#include <QUrl>
+
+#include <gmock/gmock.h>
+#include <limits>
+
+using namespace orvex;
+using namespace std::chrono_literals;
+
+namespace {
+
+// A host without a timeline: enough to see whether the panel connected.
+class BareHost final : public FCPXHost {
+ public:
+  QString name() const override { return QStringLiteral("Bare"); }
+  QString versionString() const override { return QStringLiteral("1"); }
+  QString bundleIdentifier() const override { return QStringLiteral("bare"); }
+  FCPXTimeline* timeline() override { return nullptr; }
+};
+
+// Everything the controller is handed, recording what it does with it.
+class World final : public HostRuntime,
+                    public Workspace,
+                    public DistributedNotifications,
+                    public SystemLog,
+                    public PanelViewHost {
+ public:
+  std::shared_ptr<FCPXHost> hostSingleton() override {
+    ++hostsAsked;
+    return host;
+  }
+
+  bool open(const QUrl& url) override {
+    opened.append(url.toString());
+    return false;
+  }
+
+  class Subscription final : public Token {
+   public:
+    explicit Subscription(World& world) : world_(world) {}
+    ~Subscription() override { world_.handler = nullptr; }
+
+   private:
+    World& world_;
+  };
+  std::unique_ptr<Token> subscribe(const QString& name, Handler newHandler) override {
+    subscribedTo = name;
+    handler = std::move(newHandler);
+    return std::make_unique<Subscription>(*this);
+  }
+
+  void line(const QString& text) override { lines.append(text); }
+
+  class View final : public HostedView {};
+  void createView(QSizeF size, const ViewColor& color) override {
+    created = size;
+    background = color;
+  }
+  void setPreferredContentSize(QSizeF size) override { preferred = size; }
+  std::unique_ptr<HostedView> hostRootView(const RootViewObjects&) override {
+    return std::make_unique<View>();
+  }
+  bool isInWindow() const override { return inWindow; }
+  QString windowDescription() const override { return QStringLiteral("window"); }
+  QSizeF viewSize() const override { return {1040, 780}; }
+
+  std::shared_ptr<FCPXHost> host = std::make_shared<BareHost>();
+  int hostsAsked = 0;
+  QStringList opened;
+  QString subscribedTo;
+  Handler handler;
+  QStringList lines;
+  QSizeF created;
+  ViewColor background{};
+  QSizeF preferred;
+  bool inWindow = true;
+};
+
+class Controller : public testing::Test {
+ protected:
+  std::unique_ptr<VantreloOrvexFinalCutExtensionViewController> make() {
+    auto controller = std::make_unique<VantreloOrvexFinalCutExtensionViewController>(
+        VantreloOrvexFinalCutExtensionViewController::Environment{world, world, world, world,
+                                                                  world});
+    controller->loadView();
+    controller->viewDidLoad();
+    return controller;
+  }
+
+  World world;
+};
+
+TEST_F(Controller, LoadsItsViewAndListensForSizes) {
+  const auto controller = make();
+  EXPECT_EQ(world.created, QSizeF(1040, 780));
+  EXPECT_EQ(world.preferred, QSizeF(1040, 780));
+  EXPECT_EQ(world.background.blue, 0.023);
+  EXPECT_EQ(world.subscribedTo, u"com.vantrelo.orvex.finalcut.panel-size");
+  EXPECT_EQ(world.lines,
+            (QStringList{QStringLiteral("[Vantrelo Orvex] loadView size={1040, 780}"),
+                         QStringLiteral("[Vantrelo Orvex] stable architecture ready")}));
+  EXPECT_EQ(world.hostsAsked, 0);
+  EXPECT_TRUE(world.opened.isEmpty());
+}
+
+TEST_F(Controller, TakesOnlyFiniteFloatingPointSizesFrom320) {
+  const QString width = QStringLiteral("width");
+  const QString height = QStringLiteral("height");
+  const struct {
+    QVariantMap userInfo;
+    double width;
+    double height;
+  } rows[] = {
+      {{{width, 700.5}, {height, 600.0}}, 700.5, 600},
+      {{{width, 319.9}, {height, 900.0}}, 1040, 900},
+      {{{width, 320.0}}, 320, 780},
+      {{{width, QStringLiteral("1200")}}, 1040, 780},
+      {{{width, 1200}, {height, true}}, 1040, 780},
+      {{{width, 700.0F}}, 1040, 780},
+      {{{width, std::numeric_limits<double>::quiet_NaN()},
+        {height, std::numeric_limits<double>::infinity()}},
+       1040,
+       780},
+      {{{width, -700.0}}, 1040, 780},
+      {{{QStringLiteral("Width"), 700.0}}, 1040, 780},
+      {{}, 1040, 780},
+  };
+  for (const auto& row : rows) {
+    const auto controller = make();
+    world.handler(row.userInfo);
+    EXPECT_EQ(controller->orvexState().panelWidth(), row.width);
+    EXPECT_EQ(controller->orvexState().panelHeight(), row.height);
+  }
+  EXPECT_FALSE(world.handler) << "a destroyed controller is still subscribed";
+}
+
+TEST_F(Controller, AsksForFocusThenConnectsAndListsAudioUnits) {
+  const auto controller = make();
+  const QDateTime before = controller->audioRegistry().lastRefresh();
+  controller->viewDidAppear();
+  EXPECT_EQ(world.lines.last(), u"[Vantrelo Orvex] viewDidAppear window=window size={1040, 780}");
+  ASSERT_TRUE(waitUntil([&] { return !world.opened.isEmpty(); }));
+  EXPECT_EQ(world.hostsAsked, 0) << "focus is asked for before the host is connected";
+  ASSERT_TRUE(waitUntil([&] { return world.hostsAsked > 0; }));
+  EXPECT_EQ(world.opened, QStringList{QStringLiteral("vantrelo-finalcut://focus-panel")});
+  EXPECT_EQ(controller->orvexState().host().hostName, u"Bare");
+  EXPECT_GT(controller->audioRegistry().lastRefresh(), before);
+}
+
+TEST_F(Controller, ClosedBeforeItConnectsItDoesNot) {
+  const auto controller = make();
+  const QDateTime before = controller->audioRegistry().lastRefresh();
+  controller->viewDidAppear();
+  world.inWindow = false;
+  controller->viewWillDisappear();
+  EXPECT_FALSE(waitUntil([&] { return world.hostsAsked > 0; }, 750ms));
+  EXPECT_EQ(controller->audioRegistry().lastRefresh(), before);
+}
+
+TEST_F(Controller, DestroyedBeforeItsDelaysEndItDoesNothing) {
+  auto controller = make();
+  controller->viewDidAppear();
+  controller.reset();
+  EXPECT_FALSE(waitUntil([&] { return world.hostsAsked > 0; }, 750ms));
+  EXPECT_TRUE(world.opened.isEmpty());
+}
+
+TEST_F(Controller, FollowsAHostThatGoesAndComesBackWhileItIsShown) {
+  const auto controller = make();
+  OrvexState& state = controller->orvexState();
+  Q_EMIT world.hostSingletonChanged();
+  EXPECT_EQ(world.hostsAsked, 0) << "not shown yet";
+
+  controller->viewDidAppear();
+  ASSERT_TRUE(waitUntil([&] { return state.host().connected; }));
+  const auto host = std::exchange(world.host, nullptr);
+  Q_EMIT world.hostSingletonChanged();
+  EXPECT_EQ(state.host(), HostSnapshot::disconnected());
+  ASSERT_TRUE(state.toast());
+  EXPECT_EQ(state.toast()->message, u"Final Cut Pro host proxy bulunamadı.");
+  EXPECT_EQ(state.toast()->kind, OrvexToast::Kind::error);
+
+  world.host = host;
+  Q_EMIT world.hostSingletonChanged();
+  EXPECT_TRUE(state.host().connected);
+
+  controller->viewWillDisappear();
+  const int asked = world.hostsAsked;
+  Q_EMIT world.hostSingletonChanged();
+  EXPECT_EQ(world.hostsAsked, asked) << "hidden again";
+}
+
+}  // namespace
