@@ -26,7 +26,7 @@ namespace OrvexConfig {
 [[nodiscard]] QUrl packsManifestURL();
 
 /// The version in the running bundle's information list, or the version of this build where that
-/// has none or it is no text. Read anew on every call.
+/// has none or it is no text.
 [[nodiscard]] QString version();
 /// The same for any bundle.
 [[nodiscard]] QString version(const Bundle& bundle);

@@ -1,0 +1,91 @@
+#include "runtime/PanelOptions.h"
+
+#include "shell/OrvexConfig.h"
+
+#include <QCommandLineParser>
+#include <QRegularExpression>
+
+namespace orvex {
+namespace {
+
+std::expected<QSizeF, QString> parseSize(const QString& text) {
+  static const QRegularExpression form(QStringLiteral("^([0-9]{3,4})x([0-9]{3,4})$"));
+  const QRegularExpressionMatch match = form.match(text);
+  const QSizeF size(match.captured(1).toInt(), match.captured(2).toInt());
+  if (!match.hasMatch() || size.width() < 320 || size.height() < 320)
+    return std::unexpected(
+        QStringLiteral("--size \"%1\" geçersiz: GENİŞLİKxYÜKSEKLİK yaz, ikisi de en az 320 "
+                       "(örneğin 1040x780).")
+            .arg(text));
+  return size;
+}
+
+std::expected<OrvexPage, QString> parsePage(const QString& text) {
+  if (const auto page = OrvexPage::fromRawValue(text)) return *page;
+  QStringList ids;
+  for (const OrvexPage page : OrvexPage::allCases()) ids.append(page.id());
+  return std::unexpected(QStringLiteral("--page \"%1\" diye bir sayfa yok. Sayfalar: %2.")
+                             .arg(text, ids.join(QStringLiteral(", "))));
+}
+
+}  // namespace
+
+std::expected<PanelOptions, QString> PanelOptions::parse(const QStringList& arguments,
+                                                         const QString& hostVariable) {
+  const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                QStringLiteral("Bu yardımı yazdırır."));
+  const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
+                                   QStringLiteral("Sürümü yazdırır."));
+  const QCommandLineOption host(
+      QStringLiteral("host"),
+      QStringLiteral(
+          "Yanında çalışılacak host: builtin, builtin:RATE, mpv, mpv:SOCKET ya da none."),
+      QStringLiteral("HOST"));
+  const QCommandLineOption page(QStringLiteral("page"), QStringLiteral("Açılacak sayfa."),
+                                QStringLiteral("ID"));
+  const QCommandLineOption size(QStringLiteral("size"), QStringLiteral("Panelin boyu."),
+                                QStringLiteral("WxH"));
+  const QCommandLineOption screenshot(
+      QStringLiteral("screenshot"),
+      QStringLiteral("Sayfayı ekransız çizer, PNG olarak kaydeder ve çıkar."),
+      QStringLiteral("FILE"));
+  QCommandLineParser parser;
+  parser.setApplicationDescription(QStringLiteral("Vantrelo Orvex Final Cut paneli"));
+  parser.addOptions({help, version, host, page, size, screenshot});
+
+  PanelOptions options;
+  if (!parser.parse(arguments)) return std::unexpected(parser.errorText());
+  if (!parser.positionalArguments().isEmpty())
+    return std::unexpected(
+        QStringLiteral("\"%1\" anlaşılmadı; panel yalnız --help ile listelenen seçenekleri alır.")
+            .arg(parser.positionalArguments().constFirst()));
+  if (parser.isSet(help)) {
+    options.message = parser.helpText();
+    return options;
+  }
+  if (parser.isSet(version)) {
+    options.message = QStringLiteral("orvex-panel %1\n").arg(OrvexConfig::version());
+    return options;
+  }
+  const auto choice = HostChoice::parse(parser.isSet(host) ? parser.value(host) : hostVariable);
+  if (!choice) return std::unexpected(choice.error());
+  options.host = *choice;
+  if (parser.isSet(page)) {
+    const auto parsed = parsePage(parser.value(page));
+    if (!parsed) return std::unexpected(parsed.error());
+    options.page = *parsed;
+  }
+  if (parser.isSet(size)) {
+    const auto parsed = parseSize(parser.value(size));
+    if (!parsed) return std::unexpected(parsed.error());
+    options.size = *parsed;
+  }
+  if (parser.isSet(screenshot)) {
+    options.screenshot = parser.value(screenshot);
+    if (options.screenshot.isEmpty())
+      return std::unexpected(QStringLiteral("--screenshot bir dosya adı ister."));
+  }
+  return options;
+}
+
+}  // namespace orvex

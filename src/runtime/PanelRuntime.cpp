@@ -1,0 +1,109 @@
+#include "runtime/PanelRuntime.h"
+
+#include "host/FinalCutHostAdapter.h"
+#include "platform/DistributedNotifications.h"
+#include "platform/HostRuntime.h"
+#include "platform/Platform.h"
+#include "platform/SystemLog.h"
+#include "platform/Workspace.h"
+#include "platform/hosts/BuiltInHost.h"
+#include "runtime/PanelWindow.h"
+#include "runtime/QuickPanelView.h"
+#include "shell/OrvexState.h"
+#include "shell/VantreloOrvexFinalCutExtensionViewController.h"
+
+#include <QQuickItem>
+#include <QTimer>
+
+namespace orvex {
+
+PanelRuntime::PanelRuntime(const PanelOptions& options)
+    : options_(options),
+      platform_(makePlatform()),
+      hostRuntime_(makeHostRuntime(options.host)),
+      window_(std::make_unique<PanelWindow>()),
+      view_(std::make_unique<QuickPanelView>(engine_, *window_)) {
+  using Controller = VantreloOrvexFinalCutExtensionViewController;
+  controller_ = std::make_unique<Controller>(Controller::Environment{
+      *hostRuntime_, platform_->workspace(), platform_->notifications(), platform_->log(), *view_});
+  controller_->orvexState().setActivePage(options_.page);
+  controller_->loadView();
+  controller_->viewDidLoad();
+  if (options_.size) {
+    controller_->orvexState().setPanelWidth(options_.size->width());
+    controller_->orvexState().setPanelHeight(options_.size->height());
+    window_->resizePanel(*options_.size);
+  }
+}
+
+PanelRuntime::~PanelRuntime() = default;
+
+BuiltInHost* PanelRuntime::builtInHost() const {
+  return dynamic_cast<BuiltInHost*>(hostRuntime_->hostSingleton().get());
+}
+
+void PanelRuntime::show() {
+  if (BuiltInHost* host = builtInHost()) {
+    window_->setStrip(makeQuickItem(engine_,
+                                    QStringLiteral("qrc:/qt/qml/Orvex/Pages/BuiltInHostStrip.qml"),
+                                    {{QStringLiteral("host"), QVariant::fromValue(host)}})
+                          .release());
+  }
+  followSizes();
+  connect(window_.get(), &PanelWindow::shown, controller_.get(),
+          &VantreloOrvexFinalCutExtensionViewController::viewDidAppear);
+  connect(window_.get(), &PanelWindow::hidden, controller_.get(),
+          &VantreloOrvexFinalCutExtensionViewController::viewWillDisappear);
+  platform_->exportPanel(*this);
+  window_->show();
+}
+
+// The window is the host that grants the panel its size: it follows what is asked for, and a user
+// who makes it larger asks for more.
+void PanelRuntime::followSizes() {
+  OrvexState& state = controller_->orvexState();
+  const auto follow = [this, &state] {
+    window_->resizePanel({state.panelWidth(), state.panelHeight()});
+  };
+  connect(&state, &OrvexState::panelWidthChanged, window_.get(), follow);
+  connect(&state, &OrvexState::panelHeightChanged, window_.get(), follow);
+  follow();
+  const QQuickItem* area = window_->panelArea();
+  connect(area, &QQuickItem::widthChanged, &state, [area, &state] {
+    if (area->width() >= state.panelWidth() + 1) state.setPanelWidth(area->width());
+  });
+  connect(area, &QQuickItem::heightChanged, &state, [area, &state] {
+    if (area->height() >= state.panelHeight() + 1) state.setPanelHeight(area->height());
+  });
+}
+
+void PanelRuntime::saveScreenshot(std::function<void(bool)> done) {
+  using namespace std::chrono_literals;
+  window_->show();
+  controller_->hostAdapter().connect();
+  connect(hostRuntime_.get(), &HostRuntime::hostSingletonChanged, this,
+          [this] { controller_->hostAdapter().connect(); });
+  // Pictures are loaded and fonts rasterised behind the first frames; what is on screen after this
+  // time is what a person sees.
+  QTimer::singleShot(700ms, this, [this, done = std::move(done)] {
+    done(window_->grabWindow().save(options_.screenshot, "PNG"));
+  });
+}
+
+bool PanelRuntime::focusPanel() {
+  window_->show();
+  window_->raise();
+  window_->requestActivate();
+  return true;
+}
+
+QString PanelRuntime::hostInUse() {
+  return options_.host.text();
+}
+
+bool PanelRuntime::performOnBuiltInHost(const QString& action) {
+  BuiltInHost* host = builtInHost();
+  return host != nullptr && host->performTimelineAction(action);
+}
+
+}  // namespace orvex

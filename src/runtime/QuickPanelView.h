@@ -1,0 +1,37 @@
+#pragma once
+
+#include "shell/PanelViewHost.h"
+
+#include <QQmlEngine>
+
+class QQuickItem;
+
+namespace orvex {
+
+class PanelWindow;
+
+/// The controller's view on Qt Quick: an item that fills the window's panel area.
+class QuickPanelView final : public PanelViewHost {
+ public:
+  /// `window` outlives this.
+  QuickPanelView(QQmlEngine& engine, PanelWindow& window);
+
+  void createView(QSizeF size, const ViewColor& background) override;
+  void setPreferredContentSize(QSizeF size) override;
+  [[nodiscard]] std::unique_ptr<HostedView> hostRootView(const RootViewObjects& objects) override;
+
+  [[nodiscard]] bool isInWindow() const override;
+  [[nodiscard]] QString windowDescription() const override;
+  [[nodiscard]] QSizeF viewSize() const override;
+
+ private:
+  QQmlEngine& engine_;
+  PanelWindow& window_;
+};
+
+/// Makes the item that `url` describes. What is wrong with it, a fault of this build, ends the
+/// program.
+[[nodiscard]] std::unique_ptr<QQuickItem> makeQuickItem(QQmlEngine& engine, const QString& url,
+                                                        const QVariantMap& properties);
+
+}  // namespace orvex

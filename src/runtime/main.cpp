@@ -1,0 +1,64 @@
+#include "runtime/PanelOptions.h"
+#include "runtime/PanelRuntime.h"
+#include "shell/OrvexConfig.h"
+
+#include <QGuiApplication>
+#include <QQmlExtensionPlugin>
+#include <QQuickStyle>
+
+#include <cstdio>
+
+Q_IMPORT_QML_PLUGIN(OrvexPlugin)
+Q_IMPORT_QML_PLUGIN(Orvex_PagesPlugin)
+
+namespace {
+
+int wrongUsage(const QString& text) {
+  std::fprintf(stderr, "%s\n", qUtf8Printable(text));
+  return 2;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  // Options are read before there is a display to connect to; the program's own location, which its
+  // version is read from, needs an application object all the same.
+  const auto options = [&] {
+    const QCoreApplication application(argc, argv);
+    return orvex::PanelOptions::parse(QCoreApplication::arguments(),
+                                      qEnvironmentVariable("ORVEX_HOST"));
+  }();
+  if (!options) return wrongUsage(options.error());
+  if (!options->message.isEmpty()) {
+    std::fputs(qUtf8Printable(options->message), stdout);
+    return 0;
+  }
+  if (const auto used = orvex::OrvexConfig::useService(qEnvironmentVariable("ORVEX_SERVICE"));
+      !used)
+    return wrongUsage(used.error());
+
+  // The companion that the panel starts is to find the same host.
+  qputenv("ORVEX_HOST", options->host.text().toUtf8());
+  if (!options->screenshot.isEmpty()) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QUICK_BACKEND", "software");
+    qputenv("ORVEX_REDUCED_MOTION", "1");
+  }
+  QGuiApplication::setApplicationName(QStringLiteral("Vantrelo Orvex"));
+  QGuiApplication::setDesktopFileName(QStringLiteral("com.vantrelo.orvex.finalcut"));
+  QQuickStyle::setStyle(QStringLiteral("Basic"));
+  QGuiApplication application(argc, argv);
+
+  orvex::PanelRuntime panel(*options);
+  if (options->screenshot.isEmpty()) {
+    panel.show();
+    return QGuiApplication::exec();
+  }
+  panel.saveScreenshot([&options](bool saved) {
+    if (!saved)
+      std::fprintf(stderr, "%s yazılamadı. Klasörün var ve yazılabilir olduğunu denetle.\n",
+                   qUtf8Printable(options->screenshot));
+    QGuiApplication::exit(saved ? 0 : 1);
+  });
+  return QGuiApplication::exec();
+}
