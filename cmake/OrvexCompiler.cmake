@@ -21,6 +21,11 @@ if(ORVEX_SANITIZE)
   add_compile_options(-fno-omit-frame-pointer -fno-sanitize-recover=all)
 endif()
 
+if(ORVEX_FUZZ)
+  # Coverage in the code under test, not in the fuzz programs alone.
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 if(ORVEX_TIDY)
   find_program(ORVEX_CLANG_TIDY NAMES clang-tidy-19 clang-tidy REQUIRED)
   set(CMAKE_CXX_CLANG_TIDY "${ORVEX_CLANG_TIDY};--quiet")
