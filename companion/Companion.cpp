@@ -8,7 +8,8 @@ namespace orvex {
 namespace {
 
 std::unexpected<QString> noPanel() {
-  return std::unexpected(QStringLiteral("Açık bir Vantrelo Orvex paneli bulunamadı. Önce paneli aç."));
+  return std::unexpected(
+      QStringLiteral("Açık bir Vantrelo Orvex paneli bulunamadı. Önce paneli aç."));
 }
 
 }  // namespace

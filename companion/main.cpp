@@ -25,10 +25,14 @@ constexpr auto kUsage =
     "  --register    bu kullanıcının vantrelo-finalcut adreslerini bu programla açtırır\n"
     "  --unregister  o kaydı geri alır\n"
     "\n"
-    "ORVEX_HOST (builtin, mpv, mpv:SOKET, none) komutun uygulanacağı hostu seçer; yoksa açık panelin\n"
-    "hostu kullanılır. Çıkış kodu: 0 yapıldı, 1 yapılamadı, 2 yanlış kullanım ya da reddedilen adres.\n";
+    "ORVEX_HOST (builtin, mpv, mpv:SOKET, none) komutun uygulanacağı hostu seçer; yoksa açık "
+    "panelin\n"
+    "hostu kullanılır. Çıkış kodu: 0 yapıldı, 1 yapılamadı, 2 yanlış kullanım ya da reddedilen "
+    "adres.\n";
 
-QString scheme() { return QStringLiteral("vantrelo-finalcut"); }
+QString scheme() {
+  return QStringLiteral("vantrelo-finalcut");
+}
 
 // Says how it went to who called and to the system's log.
 int finish(SystemLog& log, const std::expected<QString, QString>& result, ExitCode failure) {
@@ -39,9 +43,8 @@ int finish(SystemLog& log, const std::expected<QString, QString>& result, ExitCo
 }
 
 std::expected<QString, QString> setRegistered(SchemeHandler& handler, bool registered) {
-  const auto changed = registered
-                           ? handler.add(scheme(), QCoreApplication::applicationFilePath())
-                           : handler.remove();
+  const auto changed = registered ? handler.add(scheme(), QCoreApplication::applicationFilePath())
+                                  : handler.remove(scheme());
   if (!changed) return std::unexpected(changed.error());
   return (registered ? QStringLiteral("%1 adresleri artık bu programla açılıyor.")
                      : QStringLiteral("%1 adreslerinin kaydı kaldırıldı."))

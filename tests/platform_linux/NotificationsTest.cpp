@@ -60,10 +60,12 @@ TEST_F(Notifications, ValuesKeepTheTypeTheyWereSentWith) {
       {},
   };
   const QVariantMap expected[] = {
-      sent[0], sent[1],
+      sent[0],
+      sent[1],
       {{kWidth, 700.5}, {kHeight, QVariantList{1.5, QStringLiteral("x")}}},
       {{kWidth, QVariantMap{{QStringLiteral("deep"), 1.0}}}, {kHeight, sent[3].value(kHeight)}},
-      sent[4], sent[5],
+      sent[4],
+      sent[5],
   };
   for (const QVariantMap& userInfo : sent) post({kName, userInfo});
   post({kName, QVariantMap{{kWidth, std::nan("")}}});
@@ -107,14 +109,15 @@ TEST_F(Notifications, AnEndedSubscriptionHearsNothingAlsoWhenItEndsItself) {
 
 // The command of docs/panel-size.md.
 TEST_F(Notifications, AStockCommandSendsOne) {
-  ASSERT_EQ(QProcess::execute(
-                QStringLiteral("gdbus"),
-                {QStringLiteral("emit"), QStringLiteral("--session"), QStringLiteral("--object-path"),
-                 QStringLiteral("/com/vantrelo/orvex/finalcut"), QStringLiteral("--signal"),
-                 QStringLiteral("com.vantrelo.orvex.DistributedNotifications.Posted"),
-                 QStringLiteral("'%1'").arg(kName),
-                 QStringLiteral("{'width': <1280.0>, 'height': <900>}")}),
-            0);
+  ASSERT_EQ(
+      QProcess::execute(
+          QStringLiteral("gdbus"),
+          {QStringLiteral("emit"), QStringLiteral("--session"), QStringLiteral("--object-path"),
+           QStringLiteral("/com/vantrelo/orvex/finalcut"), QStringLiteral("--signal"),
+           QStringLiteral("com.vantrelo.orvex.DistributedNotifications.Posted"),
+           QStringLiteral("'%1'").arg(kName),
+           QStringLiteral("{'width': <1280.0>, 'height': <900>}")}),
+      0);
   ASSERT_TRUE(received(1));
   EXPECT_EQ(received_[0].value(kWidth), QVariant(1280.0));
   EXPECT_EQ(received_[0].value(kHeight).typeId(), QMetaType::Int);

@@ -37,7 +37,8 @@ class PanelEndpoints : public PrivateSession {
   // What `call` gives when another process makes it while this one's event loop runs.
   template <typename Call>
   auto remotely(Call call) {
-    auto result = std::async(std::launch::async, [this, call] { return call(remote_->remotePanel()); });
+    auto result =
+        std::async(std::launch::async, [this, call] { return call(remote_->remotePanel()); });
     EXPECT_TRUE(waitUntil([&] { return result.wait_for(0s) == std::future_status::ready; }));
     return result.get();
   }
@@ -60,8 +61,9 @@ TEST_F(PanelEndpoints, CallsReachThePanelAndItsAnswersComeBack) {
             u"builtin:24000/1001");
   const QString odd = QStringLiteral("ünlü \"'\n");
   for (const QString& action : {QStringLiteral("blade-speed"), odd}) {
-    EXPECT_EQ(remotely([&](PanelEndpoint& endpoint) { return endpoint.performOnBuiltInHost(action); }),
-              action != odd);
+    EXPECT_EQ(
+        remotely([&](PanelEndpoint& endpoint) { return endpoint.performOnBuiltInHost(action); }),
+        action != odd);
     EXPECT_EQ(panel.performed.last(), action);
   }
 }
