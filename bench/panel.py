@@ -1,0 +1,126 @@
+"""Start-up, memory and processor time of the panel beside an empty Qt Quick window.
+
+Both run on the display of the caller. The first frame is the one the scene graph's own timing log
+reports first, so neither program carries code for being measured.
+"""
+
+import os
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+
+BIN = os.path.join("build", "release", "bin")
+PANEL = [os.path.join(BIN, "orvex-panel")]
+EMPTY = [os.path.join(BIN, "orvex-bench-empty-window")]
+ROUNDS = 9
+SETTLE_SECONDS = 3.0
+CPU_SECONDS = 10.0
+TICKS = os.sysconf("SC_CLK_TCK")
+
+
+def environment(home, **extra):
+    env = dict(os.environ, QT_LOGGING_RULES="qt.scenegraph.time.renderloop=true", QT_LOGGING_TO_CONSOLE="1",
+               QT_QPA_PLATFORM="xcb", QT_QUICK_BACKEND="software", ORVEX_HOST="builtin")
+    for name in ("DATA", "CONFIG", "CACHE", "STATE"):
+        env[f"XDG_{name}_HOME"] = os.path.join(home, name.lower())
+    env.update(extra)
+    return env
+
+
+class Program:
+    """A started program whose frames are counted as its log reports them."""
+
+    def __init__(self, command, env):
+        self.log = tempfile.TemporaryFile()
+        self.start = time.monotonic()
+        self.process = subprocess.Popen(command, env=env, stdout=subprocess.DEVNULL,
+                                        stderr=subprocess.PIPE)
+        while True:
+            line = self.process.stderr.readline()
+            if not line:
+                sys.exit(f"{command[0]} ended before its first frame")
+            if b"rame" in line and b"render" in line:
+                break
+        self.first_frame = time.monotonic() - self.start
+        os.set_blocking(self.process.stderr.fileno(), False)
+
+    def frames(self):
+        """Frames since the last call."""
+        return (self.process.stderr.read() or b"").count(b"rame rendered")
+
+    def cpu(self):
+        with open(f"/proc/{self.process.pid}/stat") as stat:
+            fields = stat.read().rsplit(")", 1)[1].split()
+        return (int(fields[11]) + int(fields[12])) / TICKS
+
+    def wakeups(self):
+        total = 0
+        for task in os.listdir(f"/proc/{self.process.pid}/task"):
+            with open(f"/proc/{self.process.pid}/task/{task}/status") as status:
+                total += sum(int(line.split()[1]) for line in status
+                             if line.startswith("voluntary_ctxt_switches"))
+        return total
+
+    def private_mib(self):
+        with open(f"/proc/{self.process.pid}/smaps_rollup") as rollup:
+            kib = sum(int(line.split()[1]) for line in rollup
+                      if line.startswith(("Private_Clean", "Private_Dirty")))
+        return kib / 1024
+
+    def stop(self):
+        self.process.terminate()
+        self.process.wait()
+
+
+def start_rows(home):
+    times = {"panel": [], "empty": []}
+    memory = {"panel": [], "empty": []}
+    commands = {"panel": PANEL, "empty": EMPTY}
+    for command in commands.values():  # warm the disk cache
+        Program(command, environment(home)).stop()
+    for _ in range(ROUNDS):
+        for name, command in commands.items():
+            program = Program(command, environment(home))
+            times[name].append(program.first_frame * 1000)
+            time.sleep(SETTLE_SECONDS)
+            memory[name].append(program.private_mib())
+            program.stop()
+    for title, unit, values in (("first frame", "ms", times), ("memory", "MiB", memory)):
+        panel, empty = statistics.median(values["panel"]), statistics.median(values["empty"])
+        print(f"{title:34} panel {panel:7.1f} {unit:4} empty window {empty:7.1f} {unit:4} "
+              f"ratio {panel / empty:.2f}")
+
+
+def cpu_row(title, home, hide=False, **extra):
+    program = Program(PANEL, environment(home, **extra))
+    time.sleep(SETTLE_SECONDS)
+    if hide:
+        window = subprocess.run(["xdotool", "search", "--pid", str(program.process.pid), "--name", "Orvex"],
+                                check=True, capture_output=True, text=True).stdout.split()[0]
+        subprocess.run(["xdotool", "windowunmap", window], check=True)
+        time.sleep(1)
+    program.frames()
+    cpu, wakeups = program.cpu(), program.wakeups()
+    time.sleep(CPU_SECONDS)
+    cpu, wakeups, frames = program.cpu() - cpu, program.wakeups() - wakeups, program.frames()
+    program.stop()
+    print(f"{title:34} {100 * cpu / CPU_SECONDS:5.1f} % of a core, {frames / CPU_SECONDS:5.1f} frames/s, "
+          f"{wakeups / CPU_SECONDS:6.1f} wake-ups/s")
+
+
+def main():
+    with tempfile.TemporaryDirectory() as home:
+        start_rows(home)
+        for backend, extra in (("software", {}),
+                               ("OpenGL (llvmpipe)", {"QT_QUICK_BACKEND": "", "QSG_RHI_BACKEND": "opengl",
+                                                      "LIBGL_ALWAYS_SOFTWARE": "1",
+                                                      "QSG_RENDER_LOOP": "basic"})):
+            cpu_row(f"backdrop, {backend}", home, **extra)
+            cpu_row(f"hidden, {backend}", home, hide=True, **extra)
+            cpu_row(f"reduced motion, {backend}", home, ORVEX_REDUCED_MOTION="1", **extra)
+
+
+if __name__ == "__main__":
+    main()
