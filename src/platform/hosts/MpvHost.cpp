@@ -95,18 +95,27 @@ MediaTime MpvHost::timeOfFrame(const FrameRate& rate, std::int64_t frame) const 
   return start == 0 ? time : timeFromSeconds(start + time.seconds());
 }
 
+// In whole frames where the container means them.
+MediaTime MpvHost::duration() const {
+  const MediaTime time = timeFromValue(values_[Duration]);
+  const auto rate = frameRate();
+  if (!rate || !time.isNumber()) return time;
+  const MediaTime frames = rate->timeOfFrame(rate->frameNearest(time.seconds()));
+  return std::abs(frames.seconds() - time.seconds()) <= kTimestampError ? frames : time;
+}
+
 std::optional<FCPXSequence> MpvHost::activeSequence() const {
   if (!isOpen()) return std::nullopt;
   const QString title = values_[MediaTitle].toString();
   const auto rate = frameRate();
   return FCPXSequence{title.isEmpty() ? values_[FileName].toString() : title,
-                      timeFromSeconds(startSeconds()), timeFromValue(values_[Duration]),
+                      timeFromSeconds(startSeconds()), duration(),
                       rate ? rate->frameDuration() : MediaTime()};
 }
 
 MediaTimeRange MpvHost::sequenceTimeRange() const {
   if (!isOpen()) return {};
-  return {timeFromSeconds(startSeconds()), timeFromValue(values_[Duration])};
+  return {timeFromSeconds(startSeconds()), duration()};
 }
 
 MediaTime MpvHost::playheadTime() const {
@@ -119,20 +128,21 @@ MediaTime MpvHost::playheadTime() const {
 
 MpvHost::Target MpvHost::target(double seconds) const {
   const double start = startSeconds();
-  const double duration =
+  const double length =
       std::max(values_[Duration].toDouble(std::numeric_limits<double>::infinity()), 0.0);
   const auto rate = frameRate();
   if (!rate) {
-    const double time = std::clamp(seconds, start, start + duration);
+    const double time = std::clamp(seconds, start, start + length);
     return {timeFromSeconds(time), time};
   }
   // Nothing begins at `end` in a file whose duration is right. Some tell a duration that lacks the
   // last frame; a player that stays open at the end finds that frame there, or stays at the one
-  // before. A player that does not would close the file.
+  // before. A player that does not would close the file. Where it stands already, there is a frame.
   const double fps = rate->framesPerSecond();
   const auto end =
-      static_cast<std::int64_t>(std::floor(std::min((duration + kTimestampError) * fps, 9e15)));
-  const std::int64_t last = std::max<std::int64_t>(end - 1, 0);
+      static_cast<std::int64_t>(std::floor(std::min((length + kTimestampError) * fps, 9e15)));
+  const std::int64_t here = rate->frameNearest(values_[TimePos].toDouble(start) - start);
+  const std::int64_t last = std::max({end - 1, std::min(here, end), std::int64_t{0}});
   const bool staysOpen = values_[KeepOpen].isString() || values_[KeepOpen].toBool();
   const std::int64_t frame = std::clamp(rate->frameNearest(seconds - start), std::int64_t{0},
                                         staysOpen ? std::max(end, last) : last);

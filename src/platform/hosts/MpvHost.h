@@ -25,7 +25,7 @@ class MpvHost final : public QObject, public FCPXHost, private FCPXTimeline {
   /// How long the player may take to report itself, a file being loaded included.
   static constexpr std::chrono::milliseconds kReportDeadline{3000};
   /// How long the player may take to show a frame it was asked for.
-  static constexpr std::chrono::milliseconds kSeekDeadline{2500};
+  static constexpr std::chrono::milliseconds kSeekDeadline{5000};
 
   explicit MpvHost(std::unique_ptr<MpvConnection> connection);
   ~MpvHost() override;
@@ -83,6 +83,7 @@ class MpvHost final : public QObject, public FCPXHost, private FCPXTimeline {
   [[nodiscard]] bool isOpen() const;
   [[nodiscard]] std::optional<FrameRate> frameRate() const;
   [[nodiscard]] double startSeconds() const;
+  [[nodiscard]] MediaTime duration() const;
   [[nodiscard]] MediaTime timeOfFrame(const FrameRate& rate, std::int64_t frame) const;
   [[nodiscard]] Target target(double seconds) const;
 

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "ui/pages/speed/CurveItem.h"
+
+namespace orvex {
+
+/// The still part of the curve editor: grid, handle lines and curve. The marker and the handles are
+/// items of their own above it, so that their movement repaints nothing here.
+class SpeedCurveCanvas final : public CurveItem {
+  Q_OBJECT
+  QML_ELEMENT
+  /// Where the curve begins, and the handle lines.
+  Q_PROPERTY(QColor startColor MEMBER startColor_ NOTIFY colorChanged FINAL)
+
+ public:
+  using CurveItem::CurveItem;
+
+  /// The point of the drawn curve at parameter `t` in 0…1, in the item's coordinates.
+  Q_INVOKABLE QPointF pointAt(double t) const;
+  void paint(QPainter* painter) override;
+
+ private:
+  QColor startColor_;
+};
+
+}  // namespace orvex
