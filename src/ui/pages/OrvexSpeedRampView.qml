@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Orvex
+import Orvex.Pages
 
 // Speed ramps of the selected clip.
 OrvexScrollPage {
