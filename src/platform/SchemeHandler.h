@@ -17,8 +17,8 @@ class SchemeHandler {
   /// former registration. The error, in Turkish, says what could not be written.
   [[nodiscard]] virtual std::expected<void, QString> add(const QString& scheme,
                                                          const QString& program) = 0;
-  /// Takes back what `add` did; nothing to take back is no error.
-  [[nodiscard]] virtual std::expected<void, QString> remove() = 0;
+  /// Takes back what `add` did for `scheme`; nothing to take back is no error.
+  [[nodiscard]] virtual std::expected<void, QString> remove(const QString& scheme) = 0;
 };
 
 }  // namespace orvex

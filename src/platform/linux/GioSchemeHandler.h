@@ -11,7 +11,7 @@ class GioSchemeHandler final : public SchemeHandler {
  public:
   [[nodiscard]] std::expected<void, QString> add(const QString& scheme,
                                                  const QString& program) override;
-  [[nodiscard]] std::expected<void, QString> remove() override;
+  [[nodiscard]] std::expected<void, QString> remove(const QString& scheme) override;
 };
 
 }  // namespace orvex

@@ -1,15 +1,16 @@
 #pragma once
 
-#include "ui/pages/speed/CurveItem.h"
+#include "ui/speed/CurveItem.h"
 
 namespace orvex {
 
 /// The speed that a ramp results in, over time: what the curve does to the clip. The line at 100 %
 /// is the original speed.
-class SpeedProfile final : public CurveItem {
+class SpeedProfile : public CurveItem {
   Q_OBJECT
   QML_ELEMENT
-  /// "%20": the smallest and the largest speed, in whole per cent; "%∞" where the curve is vertical.
+  /// "%20": the smallest and the largest speed, in whole per cent; "%∞" where the curve is
+  /// vertical.
   Q_PROPERTY(QString minimumText READ minimumText NOTIFY curveChanged FINAL)
   Q_PROPERTY(QString maximumText READ maximumText NOTIFY curveChanged FINAL)
 

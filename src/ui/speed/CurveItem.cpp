@@ -1,10 +1,10 @@
-#include "ui/pages/speed/CurveItem.h"
+#include "ui/speed/CurveItem.h"
 
 namespace orvex {
 
 CurveItem::CurveItem(QQuickItem* parent) : QQuickPaintedItem(parent) {
   setAntialiasing(true);
-  connect(this, &CurveItem::colorChanged, this, [this] { update(); });
+  connect(this, &CurveItem::styleChanged, this, [this] { update(); });
 }
 
 void CurveItem::setCurve(const QList<double>& curve) {

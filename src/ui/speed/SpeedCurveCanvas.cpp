@@ -1,4 +1,4 @@
-#include "ui/pages/speed/SpeedCurveCanvas.h"
+#include "ui/speed/SpeedCurveCanvas.h"
 
 #include <QLinearGradient>
 #include <QPainter>
@@ -28,6 +28,10 @@ void SpeedCurveCanvas::paint(QPainter* painter) {
     made.setMiterLimit(10);
     return made;
   };
+
+  QPainterPath outline;
+  outline.addRoundedRect(QRectF(0, 0, w, h), cornerRadius_, cornerRadius_);
+  painter->setClipPath(outline);
 
   QPainterPath grid;
   for (int i = 0; i <= 4; ++i) {
