@@ -34,13 +34,13 @@ OrvexScrollPage {
 
     function copyCode(): void {
         OrvexClipboard.text = editing.bezierCode;
-        page.state.showToast("Eğri metni kopyalandı.", OrvexToast.success, 3.2);
+        page.state.showToast("Eğri metni kopyalandı.", OrvexToast.Success, 3.2);
     }
 
     function pasteCode(): void {
         const error = editing.paste(OrvexClipboard.text);
         if (error)
-            page.state.showToast(error, OrvexToast.error, 5.0);
+            page.state.showToast(error, OrvexToast.Error, 5.0);
     }
 
     padding: 16
