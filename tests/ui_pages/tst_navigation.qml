@@ -47,7 +47,7 @@ PanelCase {
             compare(objects.state.activePage.id, id);
             verify(showing(page(), titles[id]) !== null, id);
             verify(button.selected);
-            compare(allItems(panel, item => item.selected === true).length, 1);
+            compare(allItems(panel, item => item.page !== undefined && item.selected === true).length, 1);
             compare(panel.compactNavFocus, id);
         }
     }
