@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
 import Orvex
-import Orvex.Pages
 
 // What the panel controls at a glance.
 OrvexScrollPage {
