@@ -11,7 +11,6 @@ TestCase {
 
     property PanelObjects objects: null
     property OrvexRootView panel: null
-    readonly property var state_: testCase.objects === null ? null : testCase.objects.state
 
     when: windowShown
     width: 1040
@@ -20,7 +19,10 @@ TestCase {
     function init() {
         failOnWarning(/.*/);
         OrvexMotion.reduced = true;
-        objects = createTemporaryObject(objectsComponent, testCase);
+        // The views of the function before are gone by now; they must not outlive their objects.
+        if (objects !== null)
+            objects.destroy();
+        objects = objectsComponent.createObject(testCase);
         verify(objects !== null);
     }
 
@@ -47,8 +49,8 @@ TestCase {
     function findItem(item, matches) {
         if (matches(item))
             return item;
-        for (const child of item.children) {
-            const found = findItem(child, matches);
+        for (let i = 0; i < item.children.length; ++i) {
+            const found = findItem(item.children[i], matches);
             if (found !== null)
                 return found;
         }
@@ -74,8 +76,8 @@ TestCase {
     function allItems(item, matches, found = []) {
         if (matches(item))
             found.push(item);
-        for (const child of item.children)
-            allItems(child, matches, found);
+        for (let i = 0; i < item.children.length; ++i)
+            allItems(item.children[i], matches, found);
         return found;
     }
 

@@ -1,5 +1,6 @@
 import QtQuick
 import Orvex
+import Orvex.Pages
 
 // One clip of the built-in host's sequence, with the band of the retime editor while that is open.
 Rectangle {

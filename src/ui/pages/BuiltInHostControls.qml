@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Orvex
+import Orvex.Pages
 
 // The row over the built-in host's timeline: transport, names, speed and frame rate.
 Item {

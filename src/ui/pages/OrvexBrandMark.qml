@@ -1,5 +1,6 @@
 import QtQuick
 import Orvex
+import Orvex.Pages
 
 // The rounded square with the product's bolt.
 Rectangle {

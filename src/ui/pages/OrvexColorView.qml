@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Orvex
+import Orvex.Pages
 
 // LUTs of the installed packs and of the user's own folder.
 OrvexScrollPage {

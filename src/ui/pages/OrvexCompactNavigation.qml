@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Orvex
+import Orvex.Pages
 
 // The page strip of the compact layout. Its arrows move the focus of the strip from page to page
 // without showing them; choosing a page moves it as well.

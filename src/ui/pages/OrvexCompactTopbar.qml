@@ -1,5 +1,6 @@
 import QtQuick
 import Orvex
+import Orvex.Pages
 
 // The header of the compact layout, with the pulsing brand mark.
 Rectangle {

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Orvex
+import Orvex.Pages
 
 // What the panel controls at a glance.
 OrvexScrollPage {

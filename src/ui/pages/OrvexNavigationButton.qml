@@ -1,5 +1,6 @@
 import QtQuick
 import Orvex
+import Orvex.Pages
 
 // The entry of one page in the navigation, in its wide or compact form.
 OrvexPressable {

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Orvex
+import Orvex.Pages
 
 // Writes to the vendor.
 OrvexScrollPage {

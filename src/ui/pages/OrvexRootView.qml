@@ -1,7 +1,6 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Orvex
+import Orvex.Pages
 
 // The panel's one top-level view: fits itself to the size that the host granted, lays out either
 // form of the navigation around the page and shows the toast.

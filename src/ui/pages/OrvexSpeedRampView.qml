@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Layouts
 import Orvex
-import Orvex.Pages
+import Orvex.Speed
 
 // Speed ramps of the selected clip: presets, the live curve, and the retime commands.
 OrvexScrollPage {

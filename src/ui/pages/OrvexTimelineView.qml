@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Orvex
+import Orvex.Pages
 
 // What the host says of its sequence, and the moves of its playhead.
 OrvexScrollPage {

@@ -1,5 +1,6 @@
 import QtQuick
 import Orvex
+import Orvex.Pages
 
 // The header of the wide layout: the product, and the host with its connection.
 Rectangle {

@@ -2,7 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Orvex
-import Orvex.Pages
+import Orvex.Speed
 
 // The curve with its two control points, which can be dragged, and a marker that runs along it.
 Item {
