@@ -214,4 +214,22 @@ PanelCase {
         compare(named(panel, "hostLine").text, data.text);
         verify(showing(named(panel, "topbar"), data.badge) !== null);
     }
+
+    // Whoever cannot see the panel hears what can be pressed, and presses it.
+    function test_everything_to_press_has_a_name_data() {
+        return test_keyboard_data();
+    }
+    function test_everything_to_press_has_a_name(data) {
+        open(data.width, 640);
+        for (const id of Object.keys(titles)) {
+            objects.state.activePage = OrvexPages.byId(id);
+            compare(named(panel, "content").Accessible.name, objects.state.activePage.title);
+            const pressable = allItems(panel, item => item.clicked !== undefined && item.keyHeld !== undefined);
+            verify(pressable.length >= 9);
+            for (const item of pressable)
+                verify(item.Accessible.name !== "", id + ": " + item);
+        }
+        named(panel, "navigation color").Accessible.pressAction();
+        compare(objects.state.activePage.id, "color");
+    }
 }

@@ -10,10 +10,11 @@ OrvexScrollPage {
     id: page
 
     required property OrvexState state
-    // Called with the name of a timeline command.
-    required property var perform
 
     readonly property bool available: page.state.host.sequenceAvailable
+
+    // Asks for a timeline command by its name.
+    signal perform(action: string)
 
     // The drawn curve springs to the edited one where `animated`, otherwise it jumps there.
     function draw(animated: bool): void {
