@@ -83,9 +83,10 @@ Item {
                             Accessible.ignored: true
                             Layout.fillWidth: true
                             color: OrvexTheme.muted
-                            elide: Text.ElideMiddle
+                            maximumLineCount: 2
                             size: 9
                             text: card.summary.detail
+                            wrapMode: Text.Wrap
                         }
                     }
 
@@ -97,6 +98,8 @@ Item {
                         OrvexText {
                             Accessible.ignored: true
                             Layout.alignment: Qt.AlignRight
+                            // The tracking after the last letter.
+                            Layout.rightMargin: -tracking
                             color: card.healthColor
                             size: 8
                             text: card.healthWord
@@ -116,12 +119,17 @@ Item {
 
                 OrvexTextButton {
                     Layout.alignment: Qt.AlignLeft
-                    Layout.maximumWidth: implicitWidth
                     Layout.fillWidth: true
+                    Layout.maximumWidth: Math.ceil(implicitWidth)
                     title: card.actionTitle
                     visible: card.actionTitle.length > 0
 
                     onClicked: card.clicked()
+                }
+
+                Item {
+                    Layout.fillHeight: true
+                    visible: card.actionTitle.length === 0
                 }
             }
         }

@@ -47,7 +47,7 @@ PanelCase {
             compare(objects.state.activePage.id, id);
             verify(showing(page(), titles[id]) !== null, id);
             verify(button.selected);
-            compare(allItems(panel, item => item.selected === true).length, 1);
+            compare(allItems(panel, item => item.page !== undefined && item.selected === true).length, 1);
             compare(panel.compactNavFocus, id);
         }
     }
@@ -213,5 +213,23 @@ PanelCase {
         open(1040, 780);
         compare(named(panel, "hostLine").text, data.text);
         verify(showing(named(panel, "topbar"), data.badge) !== null);
+    }
+
+    // Whoever cannot see the panel hears what can be pressed, and presses it.
+    function test_everything_to_press_has_a_name_data() {
+        return test_keyboard_data();
+    }
+    function test_everything_to_press_has_a_name(data) {
+        open(data.width, 640);
+        for (const id of Object.keys(titles)) {
+            objects.state.activePage = OrvexPages.byId(id);
+            compare(named(panel, "content").Accessible.name, objects.state.activePage.title);
+            const pressable = allItems(panel, item => item.clicked !== undefined && item.keyHeld !== undefined);
+            verify(pressable.length >= 9);
+            for (const item of pressable)
+                verify(item.Accessible.name !== "", id + ": " + item);
+        }
+        named(panel, "navigation color").Accessible.pressAction();
+        compare(objects.state.activePage.id, "color");
     }
 }

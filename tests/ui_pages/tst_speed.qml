@@ -125,7 +125,7 @@ PanelCase {
         mouseClick(named(panel, "preset-cinematic"));
         mouseClick(named(panel, "copy"));
         compare(OrvexClipboard.text, "cubic-bezier(0.16, 1.00, 0.30, 1.00)");
-        compare(objects.state.toast.kind, OrvexToast.success);
+        compare(objects.state.toast.kind, OrvexToast.Success);
         OrvexClipboard.text = " cubic-bezier(-1, .5, 0.25, 7) ";
         mouseClick(named(panel, "paste"));
         compare(code(), "cubic-bezier(0.00, 0.50, 0.25, 1.00)");
@@ -133,7 +133,7 @@ PanelCase {
         OrvexClipboard.text = "cubic-bezier(0,5 1 1 1)";
         keySequence(StandardKey.Paste);
         compare(code(), "cubic-bezier(0.00, 0.50, 0.25, 1.00)");
-        compare(objects.state.toast.kind, OrvexToast.error);
+        compare(objects.state.toast.kind, OrvexToast.Error);
     }
 
     function test_commands() {

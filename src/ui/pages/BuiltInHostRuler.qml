@@ -2,7 +2,6 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Orvex
-import Orvex.Pages
 
 // Ticks with their times. Their distance is the shortest round one that leaves the texts room.
 Item {

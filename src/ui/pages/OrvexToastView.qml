@@ -1,6 +1,5 @@
 import QtQuick
 import Orvex
-import Orvex.Pages
 
 // One toast: a symbol and a message that wraps rather than being cut.
 Item {

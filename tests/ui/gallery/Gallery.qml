@@ -8,10 +8,17 @@ Item {
     property bool backdropOnly: false
     required property var summaries
 
-    readonly property list<string> symbols: ["house.fill", "timeline.selection", "gauge.with.dots.needle.67percent", "sparkles.rectangle.stack", "waveform", "circle.lefthalf.filled", "shippingbox.fill", "arrow.triangle.2.circlepath.circle.fill", "paperplane.fill", "arrow.clockwise", "arrow.triangle.2.circlepath", "backward.end.fill", "backward.frame.fill", "gobackward", "goforward", "forward.frame.fill", "forward.end.fill", "bolt.fill", "bolt.horizontal.fill", "camera.filters", "checkmark.circle.fill", "exclamationmark.triangle.fill", "info.circle.fill", "chevron.left", "chevron.right", "doc.on.doc", "eye", "film", "folder", "folder.badge.plus", "gauge.with.dots.needle.50percent", "gearshape.fill", "icloud.and.arrow.down", "magnifyingglass", "pause.fill", "photo", "play.fill", "plus", "point.topleft.down.curvedto.point.bottomright.up", "rectangle.split.2x1", "slider.horizontal.3", "square.3.layers.3d", "star", "star.fill", "textformat", "trash", "wand.and.stars", "xmark"]
+    readonly property list<string> symbols: ["house.fill", "timeline.selection", "gauge.with.dots.needle.67percent", "sparkles.rectangle.stack", "waveform", "circle.lefthalf.filled", "shippingbox.fill", "arrow.triangle.2.circlepath.circle.fill", "paperplane.fill", "arrow.clockwise", "arrow.triangle.2.circlepath", "backward.end.fill", "backward.frame.fill", "gobackward", "goforward", "forward.frame.fill", "forward.end.fill", "bolt.fill", "bolt.horizontal.fill", "camera.filters", "checkmark.circle.fill", "exclamationmark.triangle.fill", "info.circle.fill", "chevron.left", "chevron.right", "doc.on.doc", "eye", "film", "folder", "folder.badge.plus", "gauge.with.dots.needle.50percent", "gearshape.fill", "icloud.and.arrow.down", "magnifyingglass", "pause.fill", "photo", "play.fill", "plus", "point.topleft.down.curvedto.point.bottomright.up", "rectangle.split.2x1", "slider.horizontal.3", "square.3.layers.3d", "star", "star.fill", "textformat", "trash", "wand.and.stars", "xmark", "arrow.uturn.backward", "arrow.uturn.forward", "doc.on.clipboard"]
 
     OrvexAnimatedBackdrop {
         anchors.fill: parent
+    }
+
+    Timer {
+        interval: 300
+        running: true
+
+        onTriggered: first.forceActiveFocus(Qt.TabFocusReason)
     }
 
     OrvexScrollPage {
@@ -74,7 +81,6 @@ Item {
                 icon: "backward.end.fill"
                 subtitle: "Timeline başlangıcına git"
                 title: "Sequence Start"
-                Component.onCompleted: forceActiveFocus(Qt.TabFocusReason)
             }
             OrvexToolCard {
                 badge: "REAL"
