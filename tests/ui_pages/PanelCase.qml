@@ -13,6 +13,7 @@ TestCase {
     property OrvexRootView panel: null
 
     when: windowShown
+    visible: true
     width: 1040
     height: 780
 

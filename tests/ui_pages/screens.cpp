@@ -14,6 +14,8 @@
 
 Q_IMPORT_QML_PLUGIN(OrvexPlugin)
 Q_IMPORT_QML_PLUGIN(Orvex_PagesPlugin)
+Q_IMPORT_QML_PLUGIN(Orvex_SpeedPlugin)
+Q_IMPORT_QML_PLUGIN(Orvex_SpeedPlugin)
 
 namespace {
 

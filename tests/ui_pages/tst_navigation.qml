@@ -54,10 +54,9 @@ PanelCase {
 
     function bringIntoView(button) {
         const strip = named(panel, "strip");
-        while (OrvexPages.indexOf(OrvexPages.byId(panel.compactNavFocus)) > OrvexPages.indexOf(button.page))
-            mouseClick(arrow("backward"));
-        while (OrvexPages.indexOf(OrvexPages.byId(panel.compactNavFocus)) < OrvexPages.indexOf(button.page))
-            mouseClick(arrow("forward"));
+        const way = OrvexPages.indexOf(button.page) - OrvexPages.indexOf(OrvexPages.byId(panel.compactNavFocus));
+        for (let i = 0; i < Math.abs(way); ++i)
+            mouseClick(arrow(way < 0 ? "backward" : "forward"));
         const x = button.mapToItem(strip, 0, 0).x;
         verify(x >= 0 && x + button.width <= strip.width, button.page.id);
     }

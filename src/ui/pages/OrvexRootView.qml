@@ -15,7 +15,8 @@ Item {
     required property FinalCutHostAdapter hostAdapter
 
     readonly property bool compact: panel.width < OrvexPanelMetrics.wideWidth
-    // The page that the compact strip is centred on.
+    // The page that the compact strip is centred on: the active one, until the strip's arrows move it
+    // and from the next change of the active page on again.
     property string compactNavFocus: root.state.activePage.id
 
     // Sizes that the host has not reported yet, or that are too small to be meant, do not bind.
