@@ -60,7 +60,7 @@ Item {
             padding: 15
 
             contentItem: ColumnLayout {
-                spacing: 10
+                spacing: 0
 
                 RowLayout {
                     spacing: 12
@@ -117,19 +117,21 @@ Item {
                     }
                 }
 
+                // Keeps the actions of a row of cards in line.
+                Item {
+                    Layout.fillHeight: true
+                }
+
                 OrvexTextButton {
                     Layout.alignment: Qt.AlignLeft
+                    Layout.bottomMargin: -bottomPadding
                     Layout.fillWidth: true
                     Layout.maximumWidth: Math.ceil(implicitWidth)
+                    Layout.topMargin: 10 - topPadding
                     title: card.actionTitle
                     visible: card.actionTitle.length > 0
 
                     onClicked: card.clicked()
-                }
-
-                Item {
-                    Layout.fillHeight: true
-                    visible: card.actionTitle.length === 0
                 }
             }
         }

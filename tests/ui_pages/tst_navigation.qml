@@ -113,7 +113,7 @@ PanelCase {
                 }));
     }
     function test_layout_follows_the_panel_width(data) {
-        open(data.offered, 780, data.asked, 780);
+        make(data.offered, 780, data.asked, 780);
         compare(named(panel, "panel").width, data.width);
         compare(panel.compact, data.compact);
         compare(named(panel, "sidebar") === null, data.compact);
@@ -131,7 +131,7 @@ PanelCase {
                 }));
     }
     function test_low_panel_hugs_the_bottom(data) {
-        open(1040, data.offered, 1040, data.asked);
+        make(1040, data.offered, 1040, data.asked);
         compare(named(panel, "panel").y, data.y);
         compare(named(panel, "panel").height, data.height);
     }
@@ -210,7 +210,7 @@ PanelCase {
     }
     function test_host_line(data) {
         objects.report(data.fields);
-        open(1040, 780);
+        make(1040, 780);
         compare(named(panel, "hostLine").text, data.text);
         verify(showing(named(panel, "topbar"), data.badge) !== null);
     }
