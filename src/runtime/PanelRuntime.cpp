@@ -13,7 +13,6 @@
 #include "shell/VantreloOrvexFinalCutExtensionViewController.h"
 
 #include <QQuickItem>
-#include <QTimer>
 
 namespace orvex {
 
@@ -64,12 +63,18 @@ void PanelRuntime::show() {
 // who makes it larger asks for more.
 void PanelRuntime::followSizes() {
   OrvexState& state = controller_->orvexState();
-  const auto follow = [this, &state] {
+  // Any process may ask a thousand times a second; a window is resized once per frame.
+  resizing_.setSingleShot(true);
+  resizing_.setInterval(16);
+  connect(&resizing_, &QTimer::timeout, window_.get(), [this, &state] {
     window_->resizePanel({state.panelWidth(), state.panelHeight()});
+  });
+  const auto follow = [this] {
+    if (!resizing_.isActive()) resizing_.start();
   };
   connect(&state, &OrvexState::panelWidthChanged, window_.get(), follow);
   connect(&state, &OrvexState::panelHeightChanged, window_.get(), follow);
-  follow();
+  window_->resizePanel({state.panelWidth(), state.panelHeight()});
   const QQuickItem* area = window_->panelArea();
   connect(area, &QQuickItem::widthChanged, &state, [area, &state] {
     if (area->width() >= state.panelWidth() + 1) state.setPanelWidth(area->width());
