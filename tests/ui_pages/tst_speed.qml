@@ -28,10 +28,12 @@ PanelCase {
         return allItems(panel, item => item.selected === true && item.points !== undefined).map(item => item.name).join();
     }
 
-    // Presses the handle in its middle and drags it to (x, y) of the editor, in parts of its size.
+    // Presses the handle, where it can be seen, and drags it to (x, y) of the editor, in parts of its
+    // size.
     function drag(index, x, y) {
         const handle = named(editor, "handle" + index);
-        const from = handle.mapToItem(panel, handle.width / 2, handle.height / 2);
+        const middle = handle.mapToItem(editor, handle.width / 2, handle.height / 2);
+        const from = editor.mapToItem(panel, Math.max(3, Math.min(middle.x, editor.width - 3)), Math.max(3, Math.min(middle.y, editor.height - 3)));
         const to = editor.mapToItem(panel, editor.width * x, editor.height * y);
         mousePress(panel, from.x, from.y);
         mouseMove(panel, (from.x + to.x) / 2, (from.y + to.y) / 2);
