@@ -262,25 +262,25 @@ OrvexScrollPage {
     }
 
     Shortcut {
-        sequences: [StandardKey.Undo]
+        sequences: ["Ctrl+Z"]
 
         onActivated: page.animated(() => edited.undo())
     }
 
     Shortcut {
-        sequences: [StandardKey.Redo]
+        sequences: ["Ctrl+Shift+Z", "Ctrl+Y"]
 
         onActivated: page.animated(() => edited.redo())
     }
 
     Shortcut {
-        sequences: [StandardKey.Copy]
+        sequences: ["Ctrl+C"]
 
         onActivated: page.copyCode()
     }
 
     Shortcut {
-        sequences: [StandardKey.Paste]
+        sequences: ["Ctrl+V"]
 
         onActivated: page.pasteCode()
     }
