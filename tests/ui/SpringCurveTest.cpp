@@ -28,9 +28,14 @@ Point integrate(const SpringCurve& curve, double seconds, Point point, double to
 }
 
 struct Case {
+  const char* name;
   double response;
   double dampingFraction;
 };
+
+void PrintTo(const Case& spring, std::ostream* stream) {
+  *stream << spring.response << " s, " << spring.dampingFraction;
+}
 
 class Springs : public testing::TestWithParam<Case> {
  protected:
@@ -70,8 +75,11 @@ TEST_P(Springs, StaySettled) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Damping, Springs,
-                         testing::Values(Case{0.28, 0.78}, Case{0.34, 0.8}, Case{0.36, 0.1},
-                                         Case{0.3, 1}, Case{0.3, 1.000001}, Case{0.42, 1.7}));
+                         testing::Values(Case{"Lively", 0.28, 0.78}, Case{"Calm", 0.34, 0.8},
+                                         Case{"HardlyDamped", 0.36, 0.1}, Case{"Critical", 0.3, 1},
+                                         Case{"AllButCritical", 0.3, 1.000001},
+                                         Case{"Overdamped", 0.42, 1.7}),
+                         [](const testing::TestParamInfo<Case>& test) { return test.param.name; });
 
 TEST(SpringCurve, OvershootsOnlyBelowCriticalDamping) {
   const auto highest = [](double dampingFraction) {
