@@ -11,6 +11,7 @@
 #include "runtime/QuickPanelView.h"
 #include "shell/OrvexState.h"
 #include "shell/VantreloOrvexFinalCutExtensionViewController.h"
+#include "ui/OrvexMotion.h"
 
 #include <QQuickItem>
 
@@ -24,6 +25,7 @@ PanelRuntime::PanelRuntime(const PanelOptions& options)
       view_(std::make_unique<QuickPanelView>(engine_, *window_)) {
   // Where the panel's own modules are; this version of the toolkit does not look there by itself.
   engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
+  if (platform_->prefersReducedMotion()) OrvexMotion::setReduced(true);
   using Controller = VantreloOrvexFinalCutExtensionViewController;
   controller_ = std::make_unique<Controller>(Controller::Environment{
       *hostRuntime_, platform_->workspace(), platform_->notifications(), platform_->log(), *view_});
