@@ -58,16 +58,25 @@ class Peer {
         if (::poll(&waiting, 1, 5) <= 0) continue;
         const int descriptor = ::accept4(listener, nullptr, nullptr, SOCK_CLOEXEC);
         ++connections;
+        serving_ = descriptor;
         serve(descriptor);
+        serving_ = -1;
         ::close(descriptor);
       }
       ::close(listener);
     });
   }
 
+  ~Peer() {
+    thread_.request_stop();
+    // What is served may wait for the other side, which outlives this.
+    ::shutdown(serving_, SHUT_RDWR);
+  }
+
   std::atomic<int> connections = 0;
 
  private:
+  std::atomic<int> serving_ = -1;
   std::jthread thread_;
 };
 
