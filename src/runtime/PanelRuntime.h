@@ -5,7 +5,9 @@
 
 #include <QObject>
 #include <QQmlEngine>
+#include <QTimer>
 
+#include <functional>
 #include <memory>
 
 namespace orvex {
@@ -45,6 +47,7 @@ class PanelRuntime final : public QObject, private PanelEndpoint {
   std::unique_ptr<HostRuntime> hostRuntime_;
   QQmlEngine engine_;
   std::unique_ptr<PanelWindow> window_;
+  QTimer resizing_;
   std::unique_ptr<QuickPanelView> view_;
   std::unique_ptr<VantreloOrvexFinalCutExtensionViewController> controller_;
 };

@@ -11,22 +11,25 @@ TestCase {
 
     property PanelObjects objects: null
     property OrvexRootView panel: null
-    readonly property var state_: testCase.objects === null ? null : testCase.objects.state
 
     when: windowShown
+    visible: true
     width: 1040
     height: 780
 
     function init() {
         failOnWarning(/.*/);
         OrvexMotion.reduced = true;
-        objects = createTemporaryObject(objectsComponent, testCase);
+        // The views of the function before are gone by now; they must not outlive their objects.
+        if (objects !== null)
+            objects.destroy();
+        objects = objectsComponent.createObject(testCase);
         verify(objects !== null);
     }
 
-    // Shows the root view in an area of the size given, which is also the size asked for unless
-    // told otherwise.
-    function open(width, height, panelWidth, panelHeight) {
+    // Makes the root view in an area of the size given, which is also the size asked for unless told
+    // otherwise.
+    function make(width, height, panelWidth, panelHeight) {
         objects.state.panelWidth = panelWidth === undefined ? width : panelWidth;
         objects.state.panelHeight = panelHeight === undefined ? height : panelHeight;
         panel = createTemporaryObject(panelComponent, testCase, {
@@ -40,6 +43,11 @@ TestCase {
             hostAdapter: objects.hostAdapter
         });
         verify(panel !== null);
+    }
+
+    // The same, and laid out, so that it can be clicked.
+    function open(width, height) {
+        make(width, height);
         waitForRendering(panel);
     }
 
@@ -47,8 +55,8 @@ TestCase {
     function findItem(item, matches) {
         if (matches(item))
             return item;
-        for (const child of item.children) {
-            const found = findItem(child, matches);
+        for (let i = 0; i < item.children.length; ++i) {
+            const found = findItem(item.children[i], matches);
             if (found !== null)
                 return found;
         }
@@ -74,8 +82,8 @@ TestCase {
     function allItems(item, matches, found = []) {
         if (matches(item))
             found.push(item);
-        for (const child of item.children)
-            allItems(child, matches, found);
+        for (let i = 0; i < item.children.length; ++i)
+            allItems(item.children[i], matches, found);
         return found;
     }
 

@@ -11,13 +11,14 @@
 #include "platform/hosts/BuiltInHost.h"
 #include "shell/OrvexState.h"
 
+#include <QMetaProperty>
 #include <QUrl>
 
 namespace orvex {
 
 /// The objects of one panel beside a built-in host, put together as the controller does it, without
 /// a desktop behind them.
-class PanelObjects final : public QObject, private Workspace, private SystemLog {
+class PanelObjects : public QObject, private Workspace, private SystemLog {
   Q_OBJECT
   Q_PROPERTY(orvex::OrvexState* state READ state CONSTANT)
   Q_PROPERTY(orvex::MotionTemplateRegistry* motion READ motion CONSTANT)

@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Orvex
+import Orvex.Pages
 
 // The row over the built-in host's timeline: transport, names, speed and frame rate.
 Item {
@@ -16,6 +17,14 @@ Item {
         const parts = rate.split("/");
         const value = Number(parts[0]) / (parts.length > 1 ? Number(parts[1]) : 1);
         return Number(value.toFixed(3)) + " fps";
+    }
+
+    function rateTexts(rates: var): var {
+        return rates.map(controls.rateText);
+    }
+
+    function indexOfRate(rates: var, rate: string): int {
+        return rates.indexOf(rate);
     }
 
     OrvexPressable {
@@ -109,8 +118,8 @@ Item {
         width: 104
         height: parent.height
         name: "Kare hızı"
-        model: controls.host.frameRates.map(controls.rateText)
-        currentIndex: controls.host.frameRates.indexOf(controls.host.frameRate)
+        model: controls.rateTexts(controls.host.frameRates)
+        currentIndex: controls.indexOfRate(controls.host.frameRates, controls.host.frameRate)
         onActivated: index => controls.host.frameRate = controls.host.frameRates[index]
     }
 }

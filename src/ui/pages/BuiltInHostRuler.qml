@@ -43,7 +43,7 @@ Item {
             }
 
             OrvexText {
-                x: 5
+                x: 8
                 y: 1
                 // The last text would reach beyond the end.
                 visible: tick.major && tick.x + x + width <= ruler.width

@@ -1,5 +1,6 @@
 import QtQuick
 import Orvex
+import Orvex.Pages
 
 // The built-in host as its user sees it: a small, calm editor below the panel, with the sequence,
 // its playhead and what the timeline commands did.
@@ -24,7 +25,7 @@ FocusScope {
 
     Rectangle {
         anchors.fill: parent
-        color: OrvexTheme.sidebar
+        color: OrvexTheme.mix(OrvexTheme.sidebar, OrvexTheme.text, 0.045)
 
         Rectangle {
             width: parent.width

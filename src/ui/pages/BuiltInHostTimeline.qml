@@ -3,6 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import Orvex
+import Orvex.Pages
 
 // The built-in host's sequence over its whole width: ruler, clips, speed points and the playhead,
 // which follows the pointer while it is pressed.

@@ -2,7 +2,7 @@
 
 #include "platform/hosts/BuiltInHost.h"
 
-#include <QtQml/qqmlregistration.h>
+#include <QtQml/qqml.h>
 
 namespace orvex {
 

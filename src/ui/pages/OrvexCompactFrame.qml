@@ -1,5 +1,6 @@
 import QtQuick
 import Orvex
+import Orvex.Pages
 
 // The frame of the compact layout: a header and the page strip above the page.
 Item {

@@ -11,7 +11,8 @@ OrvexScrollPage {
     required property AudioUnitRegistry audio
     required property LUTRegistry luts
     required property FxPlugRegistry fxplug
-    required property var refreshHost
+
+    signal refreshHost
 
     OrvexSectionTitle {
         Layout.fillWidth: true

@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Orvex
+import Orvex.Pages
 
 // The navigation of the wide layout: the brand and one entry per page.
 Rectangle {

@@ -1,5 +1,6 @@
 import QtQuick
 import Orvex
+import Orvex.Pages
 
 // Shows the state's toast at the top trailing corner. A message that replaces another does so in
 // place; only the first one enters and only the last one leaves.

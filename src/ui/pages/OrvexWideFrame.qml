@@ -1,5 +1,6 @@
 import QtQuick
 import Orvex
+import Orvex.Pages
 
 // The frame of the wide layout: the sidebar at the leading edge, the header over the page.
 Item {

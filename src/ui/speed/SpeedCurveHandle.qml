@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 import Orvex
-import Orvex.Pages
+import Orvex.Speed
 
 // One control point of the curve editor: a disc that is dragged, or moved with the arrow keys by a
 // hundredth, with Shift by a tenth.

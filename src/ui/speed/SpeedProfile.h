@@ -1,12 +1,12 @@
 #pragma once
 
-#include "ui/pages/speed/CurveItem.h"
+#include "ui/speed/CurveItem.h"
 
 namespace orvex {
 
 /// The speed that a ramp results in, over time: what the curve does to the clip. The line at 100 %
 /// is the original speed.
-class SpeedProfile final : public CurveItem {
+class SpeedProfile : public CurveItem {
   Q_OBJECT
   QML_ELEMENT
   /// "%20": the smallest and the largest speed, in whole per cent; "%∞" where the curve is

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Orvex
-import Orvex.Pages
+import Orvex.Speed
 
 // What the ramp does to the clip: its speed over time, and the extremes in words.
 ColumnLayout {

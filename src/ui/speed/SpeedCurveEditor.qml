@@ -2,7 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Orvex
-import Orvex.Pages
+import Orvex.Speed
 
 // The curve with its two control points, which can be dragged, and a marker that runs along it.
 Item {
@@ -10,7 +10,7 @@ Item {
 
     required property SpeedCurveEditing editing
     // What is drawn: the edited curve, or one on its way there after a preset was chosen.
-    property alias curve: canvas.curve
+    property alias curve: drawing.curve
 
     Accessible.name: "Hız eğrisi düzenleyicisi"
     Accessible.role: Accessible.Grouping
@@ -23,7 +23,7 @@ Item {
     }
 
     SpeedCurveCanvas {
-        id: canvas
+        id: drawing
 
         anchors.fill: parent
         color: OrvexTheme.cyan
@@ -37,7 +37,7 @@ Item {
 
         readonly property real period: 1.8
         property real phase: 0
-        readonly property point place: marker.placeAt(marker.phase, canvas.curve, canvas.width, canvas.height)
+        readonly property point place: marker.placeAt(marker.phase, drawing.curve, drawing.width, drawing.height)
 
         // Seconds since the start of 2001, UTC.
         function now(): real {
@@ -46,7 +46,7 @@ Item {
 
         // The curve and the size are arguments so that the place follows them too.
         function placeAt(phase: real, curve: var, width: real, height: real): point {
-            return canvas.pointAt(phase);
+            return drawing.pointAt(phase);
         }
 
         color: OrvexTheme.success
@@ -70,7 +70,7 @@ Item {
         model: 2
 
         SpeedCurveHandle {
-            canvas: canvas
+            canvas: drawing
             editing: editor.editing
             objectName: "handle" + index
         }

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Orvex
-import Orvex.Pages
+import Orvex.Speed
 
 // A preset with a small drawing of its curve.
 OrvexPressable {

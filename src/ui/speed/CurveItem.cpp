@@ -1,4 +1,4 @@
-#include "ui/pages/speed/CurveItem.h"
+#include "ui/speed/CurveItem.h"
 
 namespace orvex {
 

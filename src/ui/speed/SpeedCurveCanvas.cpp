@@ -1,4 +1,4 @@
-#include "ui/pages/speed/SpeedCurveCanvas.h"
+#include "ui/speed/SpeedCurveCanvas.h"
 
 #include <QLinearGradient>
 #include <QPainter>

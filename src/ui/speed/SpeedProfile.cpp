@@ -1,4 +1,4 @@
-#include "ui/pages/speed/SpeedProfile.h"
+#include "ui/speed/SpeedProfile.h"
 
 #include "speed/SpeedCurve.h"
 

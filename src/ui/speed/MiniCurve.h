@@ -1,12 +1,12 @@
 #pragma once
 
-#include "ui/pages/speed/CurveItem.h"
+#include "ui/speed/CurveItem.h"
 
 namespace orvex {
 
 /// The small drawing of a curve on a preset's card. The end points stand 3 points inside the edges,
 /// the control points are mapped over the whole size: steep curves keep their character that way.
-class MiniCurve final : public CurveItem {
+class MiniCurve : public CurveItem {
   Q_OBJECT
   QML_ELEMENT
 

@@ -1,4 +1,4 @@
-#include "ui/pages/speed/MiniCurve.h"
+#include "ui/speed/MiniCurve.h"
 
 #include <QPainter>
 #include <QPainterPath>

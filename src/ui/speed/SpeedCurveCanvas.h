@@ -1,12 +1,12 @@
 #pragma once
 
-#include "ui/pages/speed/CurveItem.h"
+#include "ui/speed/CurveItem.h"
 
 namespace orvex {
 
 /// The still part of the curve editor: grid, handle lines and curve. The marker and the handles are
 /// items of their own above it, so that their movement repaints nothing here.
-class SpeedCurveCanvas final : public CurveItem {
+class SpeedCurveCanvas : public CurveItem {
   Q_OBJECT
   QML_ELEMENT
   /// Where the curve begins, and the handle lines.

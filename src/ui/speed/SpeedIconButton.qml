@@ -22,8 +22,8 @@ OrvexPressable {
     }
 
     OrvexToolTip {
-        target: button
         text: button.title
+        visible: button.hovered
     }
 
     OrvexFocusRing {
