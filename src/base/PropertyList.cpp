@@ -13,12 +13,18 @@ struct NodeDeleter {
 };
 
 // libplist 2.2.0 reads past its buffer on odd <date> texts and recurses without a limit, so the
-// document is walked once by a reader that does neither before it is handed over.
+// document is walked once by a reader that does neither before it is handed over. Both have to see
+// the same document: libplist takes every one for UTF-8, whatever it declares, and ends a document
+// type with declarations of its own at the first "]>", even within a quoted text.
 std::expected<void, QString> checkDocument(const QByteArray& bytes) {
-  QXmlStreamReader reader(bytes);
+  QXmlStreamReader reader(QString::fromUtf8(bytes));
   int depth = 0;
   while (!reader.atEnd()) {
     switch (reader.readNext()) {
+      case QXmlStreamReader::DTD:
+        if (reader.text().contains(u'['))
+          return std::unexpected(QStringLiteral("the property list declares a document type"));
+        break;
       case QXmlStreamReader::StartElement:
         if (++depth > PropertyList::kMaximumDepth)
           return std::unexpected(QStringLiteral("the property list is nested too deeply"));
