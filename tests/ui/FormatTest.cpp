@@ -18,6 +18,7 @@ TEST(OrvexFormat, WritesNumbersTheSameInEveryLanguage) {
   EXPECT_EQ(OrvexFormat::seconds2(0), u"0.00s");
   EXPECT_EQ(OrvexFormat::seconds2(12345.678), u"12345.68s");
   EXPECT_EQ(OrvexFormat::seconds2(-1.5), u"-1.50s");
+  EXPECT_EQ(OrvexFormat::seconds2(0.125), u"0.12s") << "a tie goes to the even digit";
   EXPECT_EQ(OrvexFormat::rate(29.97002997), u"29.97");
   EXPECT_EQ(OrvexFormat::timecode(3661.5), u"01:01:01.500");
   EXPECT_EQ(OrvexFormat::count({EngineHealth::Ready, {}, {}, 1234567}), u"1234567");
