@@ -177,6 +177,7 @@ KitCase {
         item.forceActiveFocus(Qt.TabFocusReason);
         keyClick(Qt.Key_Space);
         keyClick(Qt.Key_Return);
+        verify(setup.pressAccessibly(item));
         compare(clicks.count, 0);
         verify(!item.activeFocus);
     }
