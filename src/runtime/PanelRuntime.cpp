@@ -103,7 +103,9 @@ void PanelRuntime::saveScreenshot(std::function<void(bool)> done) {
 }
 
 bool PanelRuntime::focusPanel() {
-  window_->show();
+  // Not `show`, which would also bring a maximised window back to its normal size.
+  window_->setWindowStates(window_->windowStates() & ~Qt::WindowStates(Qt::WindowMinimized));
+  window_->setVisible(true);
   window_->raise();
   window_->requestActivate();
   return true;
