@@ -39,6 +39,7 @@ TEST(PanelOptions, WrongUseSaysWhatIsWrong) {
     ASSERT_FALSE(options) << qPrintable(QString::fromUtf16(line));
     EXPECT_FALSE(options.error().isEmpty());
   }
+  EXPECT_TRUE(parse(QStringLiteral("--nonsense")).error().contains(u"\"nonsense\" diye"));
   EXPECT_FALSE(parse({}, QStringLiteral("vlc"))) << "the variable is checked too";
 }
 
