@@ -16,7 +16,7 @@ namespace orvex {
 namespace PropertyList {
 
 /// The largest input that is looked at, in bytes.
-inline constexpr qsizetype kMaximumBytes = 256 * 1024;
+inline constexpr qsizetype kMaximumBytes = qsizetype{256} * 1024;
 /// The deepest nesting that is accepted.
 inline constexpr int kMaximumDepth = 64;
 

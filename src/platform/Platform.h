@@ -6,6 +6,7 @@ namespace orvex {
 
 class DistributedNotifications;
 class PanelEndpoint;
+class SchemeHandler;
 class SystemLog;
 class Workspace;
 
@@ -17,6 +18,7 @@ class Platform {
   [[nodiscard]] virtual Workspace& workspace() = 0;
   [[nodiscard]] virtual DistributedNotifications& notifications() = 0;
   [[nodiscard]] virtual SystemLog& log() = 0;
+  [[nodiscard]] virtual SchemeHandler& schemeHandler() = 0;
 
   /// Offers `panel` to companions of this session until the platform is destroyed. False when
   /// another panel already does, or the session has no message bus; the panel works without.

@@ -18,7 +18,7 @@ struct HostChoice {
   /// Of the built-in host: one of `BuiltInHost::frameRates`, written as "25" or "24000/1001".
   QString frameRate = QStringLiteral("25");
   /// Of mpv: the path of its IPC socket.
-  QString socketPath;
+  QString socketPath{};
 
   /// Reads a choice; the error, in Turkish, lists what can be written. Empty text means "builtin".
   /// "mpv" alone means the socket `mpv.sock` in `vantrelo-orvex` below the user's runtime folder.

@@ -4,7 +4,7 @@ namespace orvex {
 
 CurveItem::CurveItem(QQuickItem* parent) : QQuickPaintedItem(parent) {
   setAntialiasing(true);
-  connect(this, &CurveItem::colorChanged, this, [this] { update(); });
+  connect(this, &CurveItem::styleChanged, this, [this] { update(); });
 }
 
 void CurveItem::setCurve(const QList<double>& curve) {

@@ -14,7 +14,7 @@ class CurveItem : public QQuickPaintedItem {
   /// beyond 0…1 are drawn as they are, so that a spring may overshoot.
   Q_PROPERTY(QList<double> curve READ curve WRITE setCurve NOTIFY curveChanged FINAL)
   /// Of the curve; a curve in two colours runs from `startColor` on the left to this on the right.
-  Q_PROPERTY(QColor color MEMBER color_ NOTIFY colorChanged FINAL)
+  Q_PROPERTY(QColor color MEMBER color_ NOTIFY styleChanged FINAL)
 
  public:
   explicit CurveItem(QQuickItem* parent = nullptr);
@@ -24,7 +24,7 @@ class CurveItem : public QQuickPaintedItem {
 
  Q_SIGNALS:
   void curveChanged();
-  void colorChanged();
+  void styleChanged();
 
  protected:
   /// Control point `index` (0 or 1) in the item's coordinates; y grows upwards in the curve and

@@ -29,6 +29,10 @@ void SpeedCurveCanvas::paint(QPainter* painter) {
     return made;
   };
 
+  QPainterPath outline;
+  outline.addRoundedRect(QRectF(0, 0, w, h), cornerRadius_, cornerRadius_);
+  painter->setClipPath(outline);
+
   QPainterPath grid;
   for (int i = 0; i <= 4; ++i) {
     grid.moveTo(w * i / 4, 0);

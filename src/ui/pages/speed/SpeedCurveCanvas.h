@@ -10,7 +10,9 @@ class SpeedCurveCanvas final : public CurveItem {
   Q_OBJECT
   QML_ELEMENT
   /// Where the curve begins, and the handle lines.
-  Q_PROPERTY(QColor startColor MEMBER startColor_ NOTIFY colorChanged FINAL)
+  Q_PROPERTY(QColor startColor MEMBER startColor_ NOTIFY styleChanged FINAL)
+  /// What is drawn ends at corners of this radius, in points.
+  Q_PROPERTY(double cornerRadius MEMBER cornerRadius_ NOTIFY styleChanged FINAL)
 
  public:
   using CurveItem::CurveItem;
@@ -21,6 +23,7 @@ class SpeedCurveCanvas final : public CurveItem {
 
  private:
   QColor startColor_;
+  double cornerRadius_ = 0;
 };
 
 }  // namespace orvex

@@ -9,17 +9,17 @@ Item {
     id: editor
 
     required property SpeedCurveEditing editing
-    // What is drawn: the edited curve, or on its way there after a preset was chosen.
+    // What is drawn: the edited curve, or one on its way there after a preset was chosen.
     property alias curve: canvas.curve
 
-    implicitHeight: 260
+    Accessible.name: "Hız eğrisi düzenleyicisi"
     Accessible.role: Accessible.Grouping
-    Accessible.name: qsTr("Hız eğrisi düzenleyicisi")
+    clip: true
 
     Rectangle {
         anchors.fill: parent
-        radius: 12
         color: Qt.rgba(0, 0, 0, 0.24)
+        radius: OrvexTheme.tileRadius
     }
 
     SpeedCurveCanvas {
@@ -27,35 +27,42 @@ Item {
 
         anchors.fill: parent
         color: OrvexTheme.cyan
+        cornerRadius: OrvexTheme.tileRadius
+        objectName: "canvas"
         startColor: OrvexTheme.blue
     }
 
     Rectangle {
         id: marker
 
-        // Seconds from 1970 to the reference date, 2001-01-01 00:00 UTC.
-        readonly property int referenceDate: 978307200
         readonly property real period: 1.8
         property real phase: 0
-        readonly property point position: marker.at(marker.phase, canvas.curve, canvas.width, canvas.height)
+        readonly property point place: marker.placeAt(marker.phase, canvas.curve, canvas.width, canvas.height)
 
-        // The curve and the size are arguments so that the position follows them.
-        function at(phase: real, curve: var, width: real, height: real): point {
+        // Seconds since the start of 2001, UTC.
+        function now(): real {
+            return Date.now() / 1000 - 978307200;
+        }
+
+        // The curve and the size are arguments so that the place follows them too.
+        function placeAt(phase: real, curve: var, width: real, height: real): point {
             return canvas.pointAt(phase);
         }
 
-        width: 10
-        height: 10
-        radius: 5
-        x: marker.position.x - 5
-        y: marker.position.y - 5
         color: OrvexTheme.success
+        height: 10
+        objectName: "marker"
+        radius: 5
+        width: 10
+        x: marker.place.x - 5
+        y: marker.place.y - 5
 
         Timer {
             interval: 33
             repeat: true
             running: editor.OrvexMotion.animated && editor.visible
-            onTriggered: marker.phase = ((Date.now() / 1000 - marker.referenceDate) % marker.period) / marker.period
+
+            onTriggered: marker.phase = (marker.now() % marker.period) / marker.period
         }
     }
 
@@ -63,8 +70,9 @@ Item {
         model: 2
 
         SpeedCurveHandle {
-            editing: editor.editing
             canvas: canvas
+            editing: editor.editing
+            objectName: "handle" + index
         }
     }
 }

@@ -23,7 +23,9 @@ QString percentText(double percent) {
 }
 
 // A spring may carry the drawn points past 0…1; a ramp exists only within.
-SpeedCurve rampOf(const QList<double>& curve) { return {curve[0], curve[1], curve[2], curve[3]}; }
+SpeedCurve rampOf(const QList<double>& curve) {
+  return {curve[0], curve[1], curve[2], curve[3]};
+}
 
 }  // namespace
 

@@ -9,7 +9,8 @@ namespace orvex {
 class SpeedProfile final : public CurveItem {
   Q_OBJECT
   QML_ELEMENT
-  /// "%20": the smallest and the largest speed, in whole per cent; "%∞" where the curve is vertical.
+  /// "%20": the smallest and the largest speed, in whole per cent; "%∞" where the curve is
+  /// vertical.
   Q_PROPERTY(QString minimumText READ minimumText NOTIFY curveChanged FINAL)
   Q_PROPERTY(QString maximumText READ maximumText NOTIFY curveChanged FINAL)
 

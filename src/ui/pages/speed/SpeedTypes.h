@@ -16,6 +16,19 @@ struct SpeedCurveEditingForeign {
   QML_NAMED_ELEMENT(SpeedCurveEditing)
 };
 
+struct SpeedCurvePresetForeign {
+  Q_GADGET
+  QML_FOREIGN(orvex::SpeedCurvePreset)
+  QML_VALUE_TYPE(speedCurvePreset)
+};
+
+struct SpeedCurvePresetListForeign {
+  Q_GADGET
+  QML_FOREIGN(QList<orvex::SpeedCurvePreset>)
+  QML_ANONYMOUS
+  QML_SEQUENTIAL_CONTAINER(orvex::SpeedCurvePreset)
+};
+
 /// The presets, for QML.
 class SpeedCurvePresets final : public QObject {
   Q_OBJECT

@@ -1,0 +1,28 @@
+#include "Commands.h"
+
+#include "HostCommand.h"
+
+namespace orvex {
+
+const QList<Command>& allCommands() {
+  static const QList<Command> commands{hostCommand()};
+  return commands;
+}
+
+QString helpText() {
+  QString commands;
+  for (const Command& command : allCommands())
+    commands += QStringLiteral("  orvex %1 %2\n      %3\n")
+                    .arg(command.name, command.usage, command.summary);
+  return QStringLiteral(
+             "Vantrelo Orvex komut satırı\n\n"
+             "Kullanım:\n%1"
+             "  orvex --help | --version\n\n"
+             "  --json   tablo yerine tek bir JSON belgesi yazdırır\n\n"
+             "Ortam:\n"
+             "  ORVEX_HOST   builtin, builtin:RATE, mpv, mpv:SOCKET ya da none\n\n"
+             "Çıkış kodu: 0 yapıldı, 1 yapılamadı, 2 yanlış kullanım.\n")
+      .arg(commands);
+}
+
+}  // namespace orvex

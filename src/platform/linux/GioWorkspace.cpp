@@ -1,0 +1,21 @@
+#include "platform/linux/GioWorkspace.h"
+
+#include "platform/linux/GlibPointers.h"
+
+#include <QUrl>
+
+namespace orvex {
+
+bool GioWorkspace::open(const QUrl& url) {
+  if (!url.isValid() || url.scheme().isEmpty()) return false;
+  const GlibPointer<GAppInfo> application(
+      g_app_info_get_default_for_uri_scheme(url.scheme().toUtf8().constData()));
+  if (!application) return false;
+  QByteArray encoded = url.toEncoded();
+  GList list{encoded.data(), nullptr, nullptr};
+  // GLib starts the program through a process of its own that is gone at once, so that nothing is
+  // left to be waited for; the program inherits the environment.
+  return g_app_info_launch_uris(application.get(), &list, nullptr, nullptr) != FALSE;
+}
+
+}  // namespace orvex

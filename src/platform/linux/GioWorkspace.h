@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/Workspace.h"
+
+namespace orvex {
+
+/// The desktop's applications as GIO knows them.
+class GioWorkspace final : public Workspace {
+ public:
+  [[nodiscard]] bool open(const QUrl& url) override;
+};
+
+}  // namespace orvex

@@ -1,0 +1,45 @@
+#include "platform/Platform.h"
+#include "platform/linux/BusNotifications.h"
+#include "platform/linux/BusPanel.h"
+#include "platform/linux/CategoryLog.h"
+#include "platform/linux/GioSchemeHandler.h"
+#include "platform/linux/GioWorkspace.h"
+#include "platform/linux/SessionBus.h"
+
+#include <QObject>
+
+namespace orvex {
+namespace {
+
+class LinuxPlatform final : public Platform {
+ public:
+  [[nodiscard]] Workspace& workspace() override { return workspace_; }
+  [[nodiscard]] DistributedNotifications& notifications() override { return notifications_; }
+  [[nodiscard]] SystemLog& log() override { return log_; }
+  [[nodiscard]] SchemeHandler& schemeHandler() override { return schemeHandler_; }
+  [[nodiscard]] PanelEndpoint& remotePanel() override { return remotePanel_; }
+
+  bool exportPanel(PanelEndpoint& panel) override {
+    auto exported = exportPanelOn(bus_, panel);
+    if (!exported) return false;
+    exportedPanel_ = std::move(exported);
+    return true;
+  }
+
+ private:
+  CategoryLog log_;
+  SessionBus bus_;
+  GioWorkspace workspace_;
+  GioSchemeHandler schemeHandler_;
+  BusNotifications notifications_{bus_, log_};
+  RemotePanel remotePanel_{bus_};
+  std::unique_ptr<QObject> exportedPanel_;
+};
+
+}  // namespace
+
+std::unique_ptr<Platform> makePlatform() {
+  return std::make_unique<LinuxPlatform>();
+}
+
+}  // namespace orvex

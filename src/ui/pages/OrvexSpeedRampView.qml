@@ -1,0 +1,284 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Orvex
+import Orvex.Pages
+
+// Speed ramps of the selected clip: presets, the live curve, and the retime commands.
+OrvexScrollPage {
+    id: page
+
+    required property OrvexState state
+    // Called with the name of a timeline command.
+    required property var perform
+
+    readonly property bool available: page.state.host.sequenceAvailable
+
+    // The drawn curve springs to the edited one where `animated`, otherwise it jumps there.
+    function draw(animated: bool): void {
+        const springs = [x1, y1, x2, y2];
+        for (let i = 0; i < 4; ++i) {
+            if (animated)
+                springs[i].to = editing.curve[i];
+            else
+                springs[i].jump(editing.curve[i]);
+        }
+    }
+
+    function animated(change: var): void {
+        editing.animated = true;
+        change();
+        editing.animated = false;
+    }
+
+    function copyCode(): void {
+        OrvexClipboard.text = editing.bezierCode;
+        page.state.showToast("Eğri metni kopyalandı.", OrvexToast.success, 3.2);
+    }
+
+    function pasteCode(): void {
+        const error = editing.paste(OrvexClipboard.text);
+        if (error)
+            page.state.showToast(error, OrvexToast.error, 5.0);
+    }
+
+    padding: 16
+
+    SpeedCurveEditing {
+        id: editing
+
+        property bool animated: false
+
+        onChanged: page.draw(editing.animated)
+    }
+
+    SpeedCurveSpring {
+        id: x1
+    }
+
+    SpeedCurveSpring {
+        id: y1
+    }
+
+    SpeedCurveSpring {
+        id: x2
+    }
+
+    SpeedCurveSpring {
+        id: y2
+    }
+
+    OrvexSectionTitle {
+        Layout.fillWidth: true
+        eyebrow: "ORVEX SPEED LAB"
+        subtitle: "Seçili klipte gerçek Final Cut retime komutları ve canlı cubic-bezier editörü"
+        title: "Speed Ramp & Curves"
+    }
+
+    OrvexAdaptiveGrid {
+        Layout.fillWidth: true
+        minimumWidth: 140
+        spacing: 9
+
+        Repeater {
+            model: SpeedCurvePresets.all
+
+            SpeedPresetCard {
+                required property speedCurvePreset modelData
+
+                name: modelData.name
+                objectName: "preset-" + modelData.id
+                points: modelData.curve
+                selected: modelData.id === editing.selectedPreset
+
+                onClicked: page.animated(() => editing.selectPreset(modelData.id))
+            }
+        }
+    }
+
+    OrvexPanel {
+        Layout.fillWidth: true
+        padding: 15
+
+        contentItem: ColumnLayout {
+            spacing: 12
+
+            RowLayout {
+                spacing: 4
+
+                ColumnLayout {
+                    Layout.fillWidth: true
+                    spacing: 3
+
+                    OrvexText {
+                        Layout.fillWidth: true
+                        size: 9
+                        text: "LIVE CURVE"
+                        tracking: 1.4
+                        weight: Font.Black
+                    }
+
+                    OrvexText {
+                        Layout.fillWidth: true
+                        color: OrvexTheme.muted
+                        size: 9
+                        text: "Kontrol noktalarını sürükle"
+                    }
+                }
+
+                SpeedIconButton {
+                    enabled: editing.canUndo
+                    icon: "arrow.uturn.backward"
+                    objectName: "undo"
+                    title: "Geri al"
+
+                    onClicked: page.animated(() => editing.undo())
+                }
+
+                SpeedIconButton {
+                    enabled: editing.canRedo
+                    icon: "arrow.uturn.forward"
+                    objectName: "redo"
+                    title: "Yinele"
+
+                    onClicked: page.animated(() => editing.redo())
+                }
+
+                OrvexTextButton {
+                    Layout.leftMargin: 6
+                    objectName: "reset"
+                    title: "Sıfırla"
+
+                    onClicked: editing.reset()
+                }
+            }
+
+            SpeedCurveEditor {
+                Layout.fillWidth: true
+                Layout.maximumHeight: 310
+                Layout.minimumHeight: 190
+                Layout.preferredHeight: 260
+                curve: [x1.value, y1.value, x2.value, y2.value]
+                editing: editing
+                objectName: "editor"
+            }
+
+            SpeedProfileView {
+                Layout.fillWidth: true
+                curve: [x1.value, y1.value, x2.value, y2.value]
+            }
+
+            Rectangle {
+                Layout.fillWidth: true
+                Layout.preferredHeight: codeRow.implicitHeight + 8
+                color: Qt.rgba(1, 1, 1, 0.035)
+                radius: 9
+
+                RowLayout {
+                    id: codeRow
+
+                    anchors.fill: parent
+                    anchors.leftMargin: 10
+                    anchors.rightMargin: 5
+                    spacing: 2
+
+                    OrvexText {
+                        Layout.fillWidth: true
+                        color: OrvexTheme.cyan
+                        objectName: "code"
+                        size: 10
+                        text: editing.bezierCode
+                        weight: Font.DemiBold
+                    }
+
+                    SpeedIconButton {
+                        icon: "doc.on.doc"
+                        objectName: "copy"
+                        title: "Eğri metnini kopyala"
+
+                        onClicked: page.copyCode()
+                    }
+
+                    SpeedIconButton {
+                        icon: "doc.on.clipboard"
+                        objectName: "paste"
+                        title: "Eğri metnini yapıştır"
+
+                        onClicked: page.pasteCode()
+                    }
+                }
+            }
+        }
+    }
+
+    OrvexAdaptiveGrid {
+        Layout.fillWidth: true
+        minimumWidth: 190
+        spacing: 10
+
+        OrvexToolCard {
+            enabled: page.available
+            icon: "slider.horizontal.3"
+            objectName: "toggle-retime"
+            subtitle: "Seçili klibin hız editörünü aç/kapat"
+            title: "Retime Editor"
+
+            onClicked: page.perform("toggle-retime")
+        }
+
+        OrvexToolCard {
+            enabled: page.available
+            icon: "point.topleft.down.curvedto.point.bottomright.up"
+            objectName: "blade-speed"
+            subtitle: "Playhead konumunda ramp geçişi oluştur"
+            title: "Speed Point"
+
+            onClicked: page.perform("blade-speed")
+        }
+
+        OrvexToolCard {
+            enabled: page.available
+            icon: "gauge.with.dots.needle.50percent"
+            objectName: "normal-speed"
+            subtitle: "Seçili klibi tekrar %100 hıza getir"
+            title: "Normal Speed"
+
+            onClicked: page.perform("normal-speed")
+        }
+    }
+
+    OrvexPrimaryButton {
+        Layout.fillWidth: true
+        disabled: !page.available
+        icon: "bolt.fill"
+        objectName: "apply"
+        title: "SPEED RAMP NOKTASI UYGULA"
+
+        onClicked: page.perform("blade-speed")
+    }
+
+    Shortcut {
+        sequences: [StandardKey.Undo]
+
+        onActivated: page.animated(() => editing.undo())
+    }
+
+    Shortcut {
+        sequences: [StandardKey.Redo]
+
+        onActivated: page.animated(() => editing.redo())
+    }
+
+    Shortcut {
+        sequences: [StandardKey.Copy]
+
+        onActivated: page.copyCode()
+    }
+
+    Shortcut {
+        sequences: [StandardKey.Paste]
+
+        onActivated: page.pasteCode()
+    }
+}

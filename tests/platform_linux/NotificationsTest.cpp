@@ -1,0 +1,149 @@
+#include "platform/DistributedNotifications.h"
+#include "platform/Platform.h"
+#include "platform/SystemLog.h"
+#include "platform/linux/BusNotifications.h"
+#include "platform/linux/SessionBus.h"
+#include "support/PrivateSession.h"
+#include "support/Wait.h"
+
+#include <QDBusArgument>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QProcess>
+
+#include <cmath>
+#include <limits>
+
+using namespace orvex;
+
+namespace {
+
+const QString kName = QStringLiteral("com.vantrelo.orvex.finalcut.panel-size");
+const QString kWidth = QStringLiteral("width");
+const QString kHeight = QStringLiteral("height");
+
+class Notifications : public PrivateSession {
+ protected:
+  void SetUp() override {
+    PrivateSession::SetUp();
+    token_ = platform_->notifications().subscribe(
+        kName, [this](const QVariantMap& userInfo) { received_.append(userInfo); });
+  }
+
+  void post(const QVariantList& arguments) {
+    QDBusMessage message = QDBusMessage::createSignal(
+        QStringLiteral("/com/vantrelo/orvex/finalcut"),
+        QStringLiteral("com.vantrelo.orvex.DistributedNotifications"), QStringLiteral("Posted"));
+    message.setArguments(arguments);
+    ASSERT_TRUE(sender_.connection().send(message));
+  }
+
+  [[nodiscard]] bool received(qsizetype count) {
+    return waitUntil([&] { return received_.size() >= count; });
+  }
+
+  const std::unique_ptr<Platform> platform_ = makePlatform();
+  SessionBus sender_;
+  QList<QVariantMap> received_;
+  std::unique_ptr<DistributedNotifications::Token> token_;
+};
+
+TEST_F(Notifications, ValuesKeepTheTypeTheyWereSentWith) {
+  const QVariant nested = QVariant::fromValue(QDBusVariant(QVariant(700.5)));
+  const QVariantMap inner{{QStringLiteral("deep"), QVariant::fromValue(QDBusVariant(1.0))}};
+  const QVariantMap sent[] = {
+      {{kWidth, 700.5}, {kHeight, 900}},
+      {{kWidth, QStringLiteral("1200")}, {kHeight, true}},
+      {{kWidth, nested}, {kHeight, QVariantList{1.5, QStringLiteral("x")}}},
+      {{kWidth, inner}, {kHeight, QStringList{QStringLiteral("a")}}},
+      {{kHeight, std::numeric_limits<double>::infinity()}},
+      {},
+  };
+  const QVariantMap expected[] = {
+      sent[0],
+      sent[1],
+      {{kWidth, 700.5}, {kHeight, QVariantList{1.5, QStringLiteral("x")}}},
+      {{kWidth, QVariantMap{{QStringLiteral("deep"), 1.0}}}, {kHeight, sent[3].value(kHeight)}},
+      sent[4],
+      sent[5],
+  };
+  for (const QVariantMap& userInfo : sent) post({kName, userInfo});
+  post({kName, QVariantMap{{kWidth, std::nan("")}}});
+  ASSERT_TRUE(received(7));
+  for (qsizetype i = 0; i < 6; ++i) {
+    EXPECT_EQ(received_[i], expected[i]) << i;
+    for (const QString& key : expected[i].keys())
+      EXPECT_EQ(received_[i].value(key).typeId(), expected[i].value(key).typeId()) << i;
+  }
+  EXPECT_EQ(received_[6].value(kWidth).typeId(), QMetaType::Double);
+  EXPECT_TRUE(std::isnan(received_[6].value(kWidth).toDouble()));
+}
+
+TEST_F(Notifications, OtherNamesAndOtherArgumentsAreIgnored) {
+  post({kName + u'x', QVariantMap{{kWidth, 1.0}}});
+  post({});
+  post({kName});
+  post({kName, QStringLiteral("width")});
+  post({kName, QVariantMap{{kWidth, 2.0}}, 3});
+  post({QVariantMap{{kWidth, 4.0}}, kName});
+  post({kName, QVariantMap{{kWidth, 5.0}}});
+  ASSERT_TRUE(received(1));
+  EXPECT_EQ(received_, (QList<QVariantMap>{{{kWidth, 5.0}}}));
+}
+
+TEST_F(Notifications, AnEndedSubscriptionHearsNothingAlsoWhenItEndsItself) {
+  int heard = 0;
+  token_ = platform_->notifications().subscribe(kName, [&](const QVariantMap&) {
+    ++heard;
+    token_.reset();
+  });
+  QList<QVariantMap> others;
+  const auto other = platform_->notifications().subscribe(
+      kName, [&](const QVariantMap& userInfo) { others.append(userInfo); });
+  for (int i = 0; i < 20; ++i) post({kName, QVariantMap{{kWidth, double(i)}}});
+  ASSERT_TRUE(waitUntil([&] { return others.size() == 20; }));
+  EXPECT_EQ(heard, 1);
+  EXPECT_TRUE(received_.isEmpty());
+  EXPECT_EQ(others.last(), (QVariantMap{{kWidth, 19.0}}));
+}
+
+// The command of docs/panel-size.md.
+TEST_F(Notifications, AStockCommandSendsOne) {
+  ASSERT_EQ(
+      QProcess::execute(
+          QStringLiteral("gdbus"),
+          {QStringLiteral("emit"), QStringLiteral("--session"), QStringLiteral("--object-path"),
+           QStringLiteral("/com/vantrelo/orvex/finalcut"), QStringLiteral("--signal"),
+           QStringLiteral("com.vantrelo.orvex.DistributedNotifications.Posted"),
+           QStringLiteral("'%1'").arg(kName),
+           QStringLiteral("{'width': <1280.0>, 'height': <900>}")}),
+      0);
+  ASSERT_TRUE(received(1));
+  EXPECT_EQ(received_[0].value(kWidth), QVariant(1280.0));
+  EXPECT_EQ(received_[0].value(kHeight).typeId(), QMetaType::Int);
+}
+
+class Lines final : public SystemLog {
+ public:
+  void line(const QString& text) override { lines.append(text); }
+  QStringList lines;
+};
+
+// In a process of its own, because the bus's address is read once for all.
+TEST(NotificationsDeathTest, WithoutABusSubscribingIsSaidOnceAndHarmless) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EXIT(
+      {
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent/bus");
+        Lines log;
+        SessionBus bus;
+        BusNotifications notifications(bus, log);
+        const auto first = notifications.subscribe(kName, [](const QVariantMap&) {});
+        const auto second = notifications.subscribe(kName, [](const QVariantMap&) {});
+        std::fprintf(stderr, "lines: %s\n", qPrintable(log.lines.join(u'|')));
+        std::_Exit(first && second && log.lines.size() == 1 ? 0 : 1);
+      },
+      testing::ExitedWithCode(0), "\\[Vantrelo Orvex\\] no session bus");
+}
+
+}  // namespace

@@ -1,0 +1,117 @@
+#include "platform/Platform.h"
+#include "platform/SchemeHandler.h"
+#include "platform/Workspace.h"
+#include "support/PrivateSession.h"
+#include "support/Wait.h"
+
+#include <QElapsedTimer>
+#include <QUrl>
+
+#include <sys/wait.h>
+
+using namespace orvex;
+
+namespace {
+
+class SchemeHandling : public PrivateSession {
+ protected:
+  [[nodiscard]] bool open(const char16_t* url) {
+    return platform_->workspace().open(QUrl(QString::fromUtf16(url)));
+  }
+  [[nodiscard]] std::expected<void, QString> add(const QString& program) {
+    return platform_->schemeHandler().add(QStringLiteral("vantrelo-finalcut"), program);
+  }
+  [[nodiscard]] std::expected<void, QString> remove() {
+    return platform_->schemeHandler().remove(QStringLiteral("vantrelo-finalcut"));
+  }
+  [[nodiscard]] QString entry() const {
+    return home(QStringLiteral("data/applications/com.vantrelo.orvex.finalcut.desktop"));
+  }
+  [[nodiscard]] QString associations() const {
+    return home(QStringLiteral("config/mimeapps.list"));
+  }
+
+  const std::unique_ptr<Platform> platform_ = makePlatform();
+};
+
+constexpr auto kUrl = u"vantrelo-finalcut://timeline-action?action=blade-speed";
+
+TEST_F(SchemeHandling, WithoutAHandlerNothingIsOpened) {
+  for (const char16_t* url : {kUrl, u"vantrelo-finalcut:", u"", u"focus-panel", u"://x", u"/etc"})
+    EXPECT_FALSE(open(url)) << qPrintable(QString::fromUtf16(url));
+}
+
+TEST_F(SchemeHandling, AHandlerGetsTheAddressAndTheEnvironmentAndIsNotWaitedFor) {
+  // Every character that means something in a desktop entry or to a shell.
+  const QString program =
+      script(QStringLiteral("odd \"$HOME\" `id` 'q' \\ ; = é/Vantrelo Orvex"),
+             "sleep 0.3\nprintf '%s|%s|%s' \"$#\" \"$1\" \"$ORVEX_HOST\" > \"$HOME/opened.part\"\n"
+             "mv \"$HOME/opened.part\" \"$HOME/opened\"\n");
+  const auto added = add(program);
+  ASSERT_TRUE(added) << qPrintable(added.error());
+  qputenv("ORVEX_HOST", "mpv:/tmp/a socket");
+
+  QElapsedTimer timer;
+  timer.start();
+  ASSERT_TRUE(open(kUrl));
+  EXPECT_LT(timer.elapsed(), 300);
+  const QString opened = home(QStringLiteral("opened"));
+  ASSERT_TRUE(waitUntil([&] { return QFile::exists(opened); }));
+  EXPECT_EQ(contents(opened).toStdString(),
+            "1|vantrelo-finalcut://timeline-action?action=blade-speed|mpv:/tmp/a socket");
+  EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a child is left to be waited for";
+}
+
+TEST_F(SchemeHandling, AProgramThatCannotBeStartedIsNoHandler) {
+  const QString program = script(QStringLiteral("program"), "");
+  ASSERT_TRUE(add(program));
+  ASSERT_TRUE(QFile::remove(program));
+  EXPECT_FALSE(open(kUrl));
+  for (const QString& path : {program, script(QStringLiteral("100%u/program"), "")}) {
+    const auto added = add(path);
+    ASSERT_FALSE(added);
+    EXPECT_TRUE(added.error().contains(path)) << qPrintable(added.error());
+  }
+}
+
+TEST_F(SchemeHandling, AMovedProgramReplacesTheFormer) {
+  ASSERT_TRUE(add(script(QStringLiteral("first"), "")));
+  const QString second =
+      script(QStringLiteral("second place/program"), "printf %s \"$1\" > \"$HOME/second\"");
+  ASSERT_TRUE(add(second));
+  const QString opened = home(QStringLiteral("second"));
+  EXPECT_TRUE(waitUntil([&] { return open(kUrl) && QFile::exists(opened); }));
+}
+
+TEST_F(SchemeHandling, UnregisteringLeavesOnlyWhatOthersRegistered) {
+  QFile file(associations());
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("[Default Applications]\ntext/plain=other.desktop\n");
+  file.close();
+  EXPECT_TRUE(remove()) << "nothing to take back";
+
+  const QString program = script(QStringLiteral("program"), "");
+  ASSERT_TRUE(add(program));
+  EXPECT_TRUE(open(kUrl));
+  // The program may have been deleted before its registration is.
+  ASSERT_TRUE(QFile::remove(program));
+  for (int i = 0; i < 2; ++i) {
+    const auto removed = remove();
+    EXPECT_TRUE(removed) << qPrintable(removed.error());
+    EXPECT_FALSE(QFile::exists(entry()));
+    EXPECT_FALSE(contents(associations()).contains("vantrelo")) << contents(associations()).data();
+    EXPECT_TRUE(contents(associations()).contains("text/plain=other.desktop"));
+  }
+  EXPECT_FALSE(open(kUrl));
+}
+
+TEST_F(SchemeHandling, WhatCannotBeWrittenIsSaidWithItsPath) {
+  const QString program = script(QStringLiteral("program"), "");
+  QFile file(home(QStringLiteral("data/applications")));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  const auto added = add(program);
+  ASSERT_FALSE(added);
+  EXPECT_TRUE(added.error().contains(entry())) << qPrintable(added.error());
+}
+
+}  // namespace
