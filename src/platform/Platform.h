@@ -5,6 +5,8 @@
 namespace orvex {
 
 class DistributedNotifications;
+class FolderAccess;
+class FolderChooser;
 class PanelEndpoint;
 class SchemeHandler;
 class SystemLog;
@@ -19,6 +21,10 @@ class Platform {
   [[nodiscard]] virtual DistributedNotifications& notifications() = 0;
   [[nodiscard]] virtual SystemLog& log() = 0;
   [[nodiscard]] virtual SchemeHandler& schemeHandler() = 0;
+  [[nodiscard]] virtual FolderAccess& folderAccess() = 0;
+  /// Lends the toolkit's folder dialog, used where the desktop has none of its own; null takes it
+  /// back.
+  virtual void setFolderChooser(FolderChooser* chooser) = 0;
 
   /// Offers `panel` to companions of this session until the platform is destroyed. False when
   /// another panel already does, or the session has no message bus; the panel works without.

@@ -4,6 +4,7 @@
 #include "platform/linux/CategoryLog.h"
 #include "platform/linux/GioSchemeHandler.h"
 #include "platform/linux/GioWorkspace.h"
+#include "platform/linux/LinuxFolderAccess.h"
 #include "platform/linux/SessionBus.h"
 
 #include <QObject>
@@ -17,6 +18,10 @@ class LinuxPlatform final : public Platform {
   [[nodiscard]] DistributedNotifications& notifications() override { return notifications_; }
   [[nodiscard]] SystemLog& log() override { return log_; }
   [[nodiscard]] SchemeHandler& schemeHandler() override { return schemeHandler_; }
+  [[nodiscard]] FolderAccess& folderAccess() override { return folderAccess_; }
+  void setFolderChooser(FolderChooser* chooser) override {
+    folderAccess_.setFallbackChooser(chooser);
+  }
   [[nodiscard]] PanelEndpoint& remotePanel() override { return remotePanel_; }
 
   bool exportPanel(PanelEndpoint& panel) override {
@@ -32,6 +37,7 @@ class LinuxPlatform final : public Platform {
   GioWorkspace workspace_;
   GioSchemeHandler schemeHandler_;
   BusNotifications notifications_{bus_, log_};
+  LinuxFolderAccess folderAccess_{bus_, log_};
   RemotePanel remotePanel_{bus_};
   std::unique_ptr<QObject> exportedPanel_;
 };
