@@ -4,6 +4,7 @@
 
 namespace orvex {
 
+class AudioComponents;
 class DistributedNotifications;
 class FolderAccess;
 class FolderChooser;
@@ -21,6 +22,7 @@ class Platform {
   [[nodiscard]] virtual DistributedNotifications& notifications() = 0;
   [[nodiscard]] virtual SystemLog& log() = 0;
   [[nodiscard]] virtual SchemeHandler& schemeHandler() = 0;
+  [[nodiscard]] virtual AudioComponents& audioComponents() = 0;
   [[nodiscard]] virtual FolderAccess& folderAccess() = 0;
   /// Lends the toolkit's folder dialog, used where the desktop has none of its own; null takes it
   /// back.

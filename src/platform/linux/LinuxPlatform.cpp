@@ -5,8 +5,10 @@
 #include "platform/linux/GioSchemeHandler.h"
 #include "platform/linux/GioWorkspace.h"
 #include "platform/linux/LinuxFolderAccess.h"
+#include "platform/linux/Lv2AudioComponents.h"
 #include "platform/linux/SessionBus.h"
 
+#include <QCoreApplication>
 #include <QObject>
 
 namespace orvex {
@@ -22,6 +24,7 @@ class LinuxPlatform final : public Platform {
   void setFolderChooser(FolderChooser* chooser) override {
     folderAccess_.setFallbackChooser(chooser);
   }
+  [[nodiscard]] AudioComponents& audioComponents() override { return audioComponents_; }
   [[nodiscard]] PanelEndpoint& remotePanel() override { return remotePanel_; }
 
   bool exportPanel(PanelEndpoint& panel) override {
@@ -38,6 +41,9 @@ class LinuxPlatform final : public Platform {
   GioSchemeHandler schemeHandler_;
   BusNotifications notifications_{bus_, log_};
   LinuxFolderAccess folderAccess_{bus_, log_};
+  // The program lies beside every one that may need it.
+  Lv2AudioComponents audioComponents_{
+      QCoreApplication::applicationDirPath() + QStringLiteral("/orvex-lv2"), log_};
   RemotePanel remotePanel_{bus_};
   std::unique_ptr<QObject> exportedPanel_;
 };

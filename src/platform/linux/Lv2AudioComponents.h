@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/AudioComponents.h"
+
+namespace orvex {
+
+class SystemLog;
+
+/// The LV2 effects that are installed, as the program `orvex-lv2` lists them. A bundle that ends or
+/// hangs that program is left out, with a line in the log.
+class Lv2AudioComponents final : public AudioComponents {
+ public:
+  /// `log` outlives this; `program` is a path.
+  Lv2AudioComponents(QString program, SystemLog& log) : program_(std::move(program)), log_(log) {}
+
+  [[nodiscard]] QList<AudioComponent> effects(const std::stop_token& stop) override;
+
+ private:
+  const QString program_;
+  SystemLog& log_;
+};
+
+}  // namespace orvex
