@@ -2,13 +2,11 @@
 
 #include "base/FileDescriptor.h"
 
-#include <cerrno>
-#include <memory>
-#include <vector>
-
 #include <dirent.h>
 #include <fcntl.h>
+#include <memory>
 #include <sys/stat.h>
+#include <vector>
 
 namespace orvex {
 namespace {
@@ -19,7 +17,8 @@ struct CloseFolder {
 using Folder = std::unique_ptr<DIR, CloseFolder>;
 
 Folder openFolder(int parent, const char* name, int flags) {
-  FileDescriptor fd(::openat(parent, name, O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK | flags));
+  FileDescriptor fd(
+      ::openat(parent, name, O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK | flags));
   if (!fd) return nullptr;
   DIR* folder = ::fdopendir(fd.get());
   if (folder != nullptr) std::ignore = fd.release();
@@ -56,15 +55,18 @@ struct Level {
 
 }  // namespace
 
-std::expected<bool, std::error_code> FileTree::walk(const QByteArray& root, const Visitor& visit,
-                                                    const std::stop_token& stop) {
+FileTree::Result FileTree::walk(const QByteArray& root, const Visitor& visit,
+                                const std::stop_token& stop) {
+  Result result;
   std::vector<Level> levels;
-  levels.push_back({openFolder(AT_FDCWD, root.constData(), 0), 0});
-  if (!levels.back().folder) return std::unexpected(std::error_code(errno, std::generic_category()));
+  if (Folder folder = openFolder(AT_FDCWD, root.constData(), 0))
+    levels.push_back({std::move(folder), 0});
+  else
+    ++result.skippedFolders;
 
   FileTreeEntry entry;
   while (!levels.empty()) {
-    if (stop.stop_requested()) return false;
+    if (stop.stop_requested()) return result;
     DIR* folder = levels.back().folder.get();
     const qsizetype prefix = levels.back().prefix;
     const dirent* found = ::readdir(folder);
@@ -77,14 +79,21 @@ std::expected<bool, std::error_code> FileTree::walk(const QByteArray& root, cons
     entry.path.append(found->d_name);
     entry.nameOffset = prefix;
     entry.kind = kindOf(folder, *found);
-    if (visit(entry) == Next::Skip || entry.kind != FileTreeEntry::Kind::Folder) continue;
-    // A folder that was swapped for a link since it was read is not followed either.
-    if (Folder below = openFolder(::dirfd(folder), found->d_name, O_NOFOLLOW)) {
-      entry.path.append('/');
-      levels.push_back({std::move(below), entry.path.size()});
+    entry.parent = ::dirfd(folder);
+    Folder below;
+    if (entry.kind == FileTreeEntry::Kind::Folder) {
+      // A folder that was swapped for a link since it was read is not followed either.
+      if (levels.size() <= kMaximumDepth)
+        below = openFolder(entry.parent, found->d_name, O_NOFOLLOW);
+      if (!below) ++result.skippedFolders;
     }
+    entry.folder = below ? ::dirfd(below.get()) : -1;
+    if (visit(entry) == Next::Skip || !below) continue;
+    entry.path.append('/');
+    levels.push_back({std::move(below), entry.path.size()});
   }
-  return true;
+  result.complete = true;
+  return result;
 }
 
 }  // namespace orvex

@@ -8,9 +8,12 @@ QUrl fileUrl(const QByteArray& path) {
 
 QByteArray filePath(const QUrl& url) {
   if (!url.isLocalFile() || !(url.host().isEmpty() || url.host() == u"localhost")) return {};
-  // Not QUrl::toLocalFile, which has no text for bytes that are none.
   const QByteArray path = QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
   return path.startsWith('/') && !path.contains('\0') ? path : QByteArray();
+}
+
+QString fileText(const QUrl& url) {
+  return QString::fromUtf8(filePath(url));
 }
 
 }  // namespace orvex

@@ -22,7 +22,8 @@ class Platform {
   [[nodiscard]] virtual DistributedNotifications& notifications() = 0;
   [[nodiscard]] virtual SystemLog& log() = 0;
   [[nodiscard]] virtual SchemeHandler& schemeHandler() = 0;
-  [[nodiscard]] virtual AudioComponents& audioComponents() = 0;
+  /// Shared, because a list that hangs is left behind by whoever asked for it.
+  [[nodiscard]] virtual std::shared_ptr<AudioComponents> audioComponents() = 0;
   [[nodiscard]] virtual FolderAccess& folderAccess() = 0;
   /// Lends the toolkit's folder dialog, used where the desktop has none of its own; null takes it
   /// back.

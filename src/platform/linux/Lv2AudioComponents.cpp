@@ -76,10 +76,10 @@ QList<AudioComponent> Lv2AudioComponents::effects(const std::stop_token& stop) {
     const QString bundle = QString::fromUtf8(listing.bundle);
     // Without a bundle to blame, or when leaving it out did not help, another run changes nothing.
     if (bundle.isEmpty() || leftOut.contains(bundle) || leftOut.size() == kMaxLeftOut) {
-      log_.line(QStringLiteral("[Vantrelo Orvex] LV2 list incomplete: %1").arg(program_));
+      log_->line(QStringLiteral("[Vantrelo Orvex] LV2 list incomplete: %1").arg(program_));
       return listing.effects;
     }
-    log_.line(
+    log_->line(
         QStringLiteral("[Vantrelo Orvex] LV2 bundle left out, it cannot be read: %1").arg(bundle));
     leftOut.append(bundle);
   }

@@ -2,6 +2,8 @@
 
 #include "platform/AudioComponents.h"
 
+#include <memory>
+
 namespace orvex {
 
 class SystemLog;
@@ -10,14 +12,15 @@ class SystemLog;
 /// hangs that program is left out, with a line in the log.
 class Lv2AudioComponents final : public AudioComponents {
  public:
-  /// `log` outlives this; `program` is a path.
-  Lv2AudioComponents(QString program, SystemLog& log) : program_(std::move(program)), log_(log) {}
+  /// `program` is a path.
+  Lv2AudioComponents(QString program, std::shared_ptr<SystemLog> log)
+      : program_(std::move(program)), log_(std::move(log)) {}
 
   [[nodiscard]] QList<AudioComponent> effects(const std::stop_token& stop) override;
 
  private:
   const QString program_;
-  SystemLog& log_;
+  const std::shared_ptr<SystemLog> log_;
 };
 
 }  // namespace orvex
