@@ -172,7 +172,7 @@ TEST_F(Lv2Effects, ABrokenBundleCostsNothingButItself) {
       {"cut manifest", "manifest.ttl", prefixes + "<urn:x> a lv2:Plugin ; lv2:binary ", true},
       {"noise", "manifest.ttl", QByteArray::fromHex("00ff13fe") + QByteArray(5000, '\x91'), true},
       {"empty manifest", "manifest.ttl", "", true},
-      {"nested manifest", "manifest.ttl", prefixes + "<urn:x> lv2:y " + QByteArray(400'000, '['),
+      {"nested manifest", "manifest.ttl", prefixes + "<urn:x> lv2:y " + QByteArray(400'000, '('),
        false},
       {"cut data", "p.ttl", prefixes + "<urn:x> a lv2:Plugin" + kName + kPorts.left(60), true},
       {"data that is no text", "p.ttl", "\xff\xfe", true},
@@ -197,7 +197,7 @@ TEST_F(Lv2Effects, ABrokenBundleCostsNothingButItself) {
     QDir(bundles_.path(bundle)).removeRecursively();
     bundles_.write(bundle + u"manifest.ttl"_qs,
                    prefixes + "<urn:x> a lv2:Plugin ; lv2:binary <p.so> ; rdfs:seeAlso <p.ttl> .");
-    bundles_.write(bundle + u"s.ttl"_qs, prefixes + "<urn:s> lv2:y " + QByteArray(400'000, '['));
+    bundles_.write(bundle + u"s.ttl"_qs, prefixes + "<urn:s> lv2:y " + QByteArray(400'000, '('));
     bundles_.write(bundle + QString::fromUtf8(file), body);
     log_->lines.clear();
     EXPECT_EQ(names(), (QStringList{u"First"_qs, u"Last"_qs})) << what;

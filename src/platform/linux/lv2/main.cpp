@@ -8,10 +8,10 @@
 #include <QFile>
 
 #include <algorithm>
-#include <cstdio>
 #include <span>
 #include <string_view>
 #include <sys/resource.h>
+#include <unistd.h>
 
 namespace {
 
@@ -21,14 +21,21 @@ using namespace orvex;
 class Output {
  public:
   Output() {
-    std::ignore = file_.open(stdout, QIODevice::WriteOnly | QIODevice::Unbuffered);
+    std::ignore = file_.open(STDOUT_FILENO, QIODevice::WriteOnly);
     stream_.setVersion(kLv2StreamVersion);
   }
   void reading(const LilvNode& bundle) {
     stream_ << Lv2Record::Reading << QByteArray(lilv_node_as_uri(&bundle));
+    file_.flush();
   }
-  void effect(const AudioComponent& component) { stream_ << Lv2Record::Effect << component; }
-  void end() { stream_ << Lv2Record::End; }
+  void effect(const AudioComponent& component) {
+    stream_ << Lv2Record::Effect << component;
+    file_.flush();
+  }
+  void end() {
+    stream_ << Lv2Record::End;
+    file_.flush();
+  }
 
  private:
   QFile file_;
