@@ -5,7 +5,7 @@
 namespace orvex {
 
 /// The inventory of the FxPlug bundles of the folder that the user granted.
-class FxPlugRegistry final : public EngineRegistry {
+class FxPlugRegistry : public EngineRegistry {
   Q_OBJECT
 
  public:

@@ -5,7 +5,7 @@
 namespace orvex {
 
 /// The inventory of the LUT files of the folder that the user granted.
-class LUTRegistry final : public EngineRegistry {
+class LUTRegistry : public EngineRegistry {
   Q_OBJECT
 
  public:

@@ -5,7 +5,7 @@
 namespace orvex {
 
 /// The inventory of the Motion templates of the folder that the user granted.
-class MotionTemplateRegistry final : public EngineRegistry {
+class MotionTemplateRegistry : public EngineRegistry {
   Q_OBJECT
 
  public:

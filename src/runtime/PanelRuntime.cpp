@@ -23,6 +23,8 @@ PanelRuntime::PanelRuntime(const PanelOptions& options)
       hostRuntime_(makeHostRuntime(options.host)),
       window_(std::make_unique<PanelWindow>()),
       view_(std::make_unique<QuickPanelView>(engine_, *window_)) {
+  // Where the panel's own modules are; this version of the toolkit does not look there by itself.
+  engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
   using Controller = VantreloOrvexFinalCutExtensionViewController;
   controller_ = std::make_unique<Controller>(Controller::Environment{
       *hostRuntime_, platform_->workspace(), platform_->notifications(), platform_->log(), *view_});
@@ -79,6 +81,9 @@ void PanelRuntime::followSizes() {
 
 void PanelRuntime::saveScreenshot(std::function<void(bool)> done) {
   using namespace std::chrono_literals;
+  // The size asked for, whatever the screen's.
+  const OrvexState& state = controller_->orvexState();
+  window_->resize(QSizeF(state.panelWidth(), state.panelHeight()).toSize());
   window_->show();
   controller_->hostAdapter().connect();
   connect(hostRuntime_.get(), &HostRuntime::hostSingletonChanged, this,

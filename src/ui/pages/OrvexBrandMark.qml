@@ -1,0 +1,18 @@
+import QtQuick
+import Orvex
+import Orvex.Pages
+
+// The rounded square with the product's bolt.
+Rectangle {
+    id: mark
+
+    required property real symbolSize
+
+    color: OrvexTheme.fade(OrvexTheme.blue, 0.15)
+
+    OrvexSymbol {
+        anchors.centerIn: parent
+        name: "bolt.horizontal.fill"
+        size: mark.symbolSize
+    }
+}
