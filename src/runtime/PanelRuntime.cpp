@@ -26,8 +26,9 @@ PanelRuntime::PanelRuntime(const PanelOptions& options)
   // Where the panel's own modules are; this version of the toolkit does not look there by itself.
   engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
   using Controller = VantreloOrvexFinalCutExtensionViewController;
-  controller_ = std::make_unique<Controller>(Controller::Environment{
-      *hostRuntime_, platform_->workspace(), platform_->notifications(), platform_->log(), *view_});
+  controller_ = std::make_unique<Controller>(
+      Controller::Environment{*hostRuntime_, platform_->workspace(), platform_->notifications(),
+                              platform_->log(), platform_->audioComponents(), *view_});
   controller_->orvexState().setActivePage(options_.page);
   controller_->loadView();
   controller_->viewDidLoad();

@@ -44,7 +44,7 @@ VantreloOrvexFinalCutExtensionViewController::VantreloOrvexFinalCutExtensionView
     : environment_(environment),
       orvexState_(std::make_shared<OrvexState>()),
       motionRegistry_(std::make_unique<MotionTemplateRegistry>()),
-      audioRegistry_(std::make_unique<AudioUnitRegistry>()),
+      audioRegistry_(std::make_unique<AudioUnitRegistry>(environment.audioComponents)),
       lutRegistry_(std::make_unique<LUTRegistry>()),
       fxPlugRegistry_(std::make_unique<FxPlugRegistry>()) {
   connect(&environment_.hostRuntime, &HostRuntime::hostSingletonChanged, this, [this] {

@@ -1,5 +1,6 @@
 #include "engines/AudioUnitRegistry.h"
 #include "host/FinalCutHostAdapter.h"
+#include "platform/AudioComponents.h"
 #include "platform/HostRuntime.h"
 #include "platform/SystemLog.h"
 #include "platform/Workspace.h"
@@ -24,6 +25,11 @@ class BareHost final : public FCPXHost {
   QString versionString() const override { return QStringLiteral("1"); }
   QString bundleIdentifier() const override { return QStringLiteral("bare"); }
   FCPXTimeline* timeline() override { return nullptr; }
+};
+
+class NoAudio final : public AudioComponents {
+ public:
+  QList<AudioComponent> effects(const std::stop_token&) override { return {}; }
 };
 
 // Everything the controller is handed, recording what it does with it.
@@ -88,10 +94,12 @@ class Controller : public testing::Test {
  protected:
   std::unique_ptr<VantreloOrvexFinalCutExtensionViewController> make() {
     auto controller = std::make_unique<VantreloOrvexFinalCutExtensionViewController>(
-        VantreloOrvexFinalCutExtensionViewController::Environment{world, world, world, world,
-                                                                  world});
+        VantreloOrvexFinalCutExtensionViewController::Environment{
+            world, world, world, world, std::make_shared<NoAudio>(), world});
     controller->loadView();
     controller->viewDidLoad();
+    const AudioUnitRegistry& audio = controller->audioRegistry();
+    EXPECT_TRUE(waitUntil([&] { return !audio.isRefreshing(); }));
     return controller;
   }
 
@@ -152,7 +160,7 @@ TEST_F(Controller, AsksForFocusThenConnectsAndListsAudioUnits) {
   ASSERT_TRUE(waitUntil([&] { return world.hostsAsked > 0; }));
   EXPECT_EQ(world.opened, QStringList{QStringLiteral("vantrelo-finalcut://focus-panel")});
   EXPECT_EQ(controller->orvexState().host().hostName, u"Bare");
-  EXPECT_GT(controller->audioRegistry().lastRefresh(), before);
+  EXPECT_TRUE(waitUntil([&] { return controller->audioRegistry().lastRefresh() > before; }));
 }
 
 TEST_F(Controller, ClosedBeforeItConnectsItDoesNot) {

@@ -5,6 +5,7 @@
 #include "engines/LUTRegistry.h"
 #include "engines/MotionTemplateRegistry.h"
 #include "host/FinalCutHostAdapter.h"
+#include "platform/AudioComponents.h"
 #include "platform/HostRuntime.h"
 #include "platform/SystemLog.h"
 #include "platform/Workspace.h"
@@ -63,6 +64,11 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
     std::shared_ptr<BuiltInHost> host_ = std::make_shared<BuiltInHost>();
   };
 
+  class NoAudio final : public AudioComponents {
+   public:
+    QList<AudioComponent> effects(const std::stop_token&) override { return {}; }
+  };
+
   bool open(const QUrl& url) override {
     opened_.append(url.toString());
     return true;
@@ -74,7 +80,7 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
 
   std::shared_ptr<OrvexState> state_ = std::make_shared<OrvexState>();
   MotionTemplateRegistry motion_;
-  AudioUnitRegistry audio_;
+  AudioUnitRegistry audio_{std::make_shared<NoAudio>()};
   LUTRegistry luts_;
   FxPlugRegistry fxplug_;
   BuiltInRuntime runtime_;
