@@ -1,11 +1,12 @@
 #include "Commands.h"
 
+#include "AudioCommand.h"
 #include "HostCommand.h"
 
 namespace orvex {
 
 const QList<Command>& allCommands() {
-  static const QList<Command> commands{hostCommand()};
+  static const QList<Command> commands{audioCommand(), hostCommand()};
   return commands;
 }
 
