@@ -10,6 +10,7 @@
 
 namespace orvex {
 
+class FolderBookmarkStore;
 class HostRuntime;
 class SystemLog;
 class Workspace;
@@ -27,6 +28,7 @@ class VantreloOrvexFinalCutExtensionViewController final : public QObject {
     Workspace& workspace;
     DistributedNotifications& notifications;
     SystemLog& log;
+    FolderBookmarkStore& bookmarks;
     PanelViewHost& view;
   };
 
