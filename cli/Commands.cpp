@@ -1,11 +1,15 @@
 #include "Commands.h"
 
+#include "FxPlugCommand.h"
 #include "HostCommand.h"
+#include "LutsCommand.h"
+#include "MotionCommand.h"
 
 namespace orvex {
 
 const QList<Command>& allCommands() {
-  static const QList<Command> commands{hostCommand()};
+  static const QList<Command> commands{lutsCommand(), motionCommand(), fxPlugCommand(),
+                                       hostCommand()};
   return commands;
 }
 
