@@ -27,15 +27,14 @@ QJsonObject json(const AudioUnitItem& item) {
 
 void printItems(const QList<AudioUnitItem>& items) {
   if (items.isEmpty()) return printLine(QStringLiteral("Kayıtlı AU effect bulunamadı."));
-  QList<std::pair<QString, QString>> rows;
-  for (const AudioUnitItem& item : items) {
-    QStringList details{item.manufacturer, item.version, item.typeName};
-    if (item.passesAUVal) details.append(QStringLiteral("AUVAL"));
-    if (item.sandboxSafe) details.append(QStringLiteral("SANDBOX"));
-    details.removeAll(QString());
-    rows.append({item.name, details.join(QStringLiteral(" · "))});
-  }
-  printTable(rows);
+  QList<QStringList> rows{{QStringLiteral("Ad"), QStringLiteral("Üretici"), QStringLiteral("Sürüm"),
+                           QStringLiteral("Tür"), QStringLiteral("AUVAL"),
+                           QStringLiteral("SANDBOX")}};
+  const auto yes = [](bool value) { return value ? QStringLiteral("evet") : QStringLiteral("—"); };
+  for (const AudioUnitItem& item : items)
+    rows.append({item.name, item.manufacturer, item.version, item.typeName, yes(item.passesAUVal),
+                 yes(item.sandboxSafe)});
+  printColumns(rows);
 }
 
 void runAudio(const QStringList& arguments, QObject&, const Finish& finish) {

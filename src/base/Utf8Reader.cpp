@@ -24,9 +24,12 @@ std::size_t cutAtEnd(QByteArrayView bytes) {
 
 }  // namespace
 
-std::optional<QByteArray> Utf8Reader::header(int file, const std::stop_token& stop) {
+std::expected<QByteArray, Utf8Reader::Failure> Utf8Reader::header(int file,
+                                                                  const std::stop_token& stop) {
+  const auto notUtf8 = std::unexpected(Failure::NotUtf8);
   struct stat status {};
-  if (::fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+  if (::fstat(file, &status) != 0 || !S_ISREG(status.st_mode))
+    return std::unexpected(Failure::Unreadable);
   // A file with holes can be far larger than the disk. Holes read as zeros, which are characters.
   const bool sparse = off_t{status.st_blocks} * 512 < status.st_size;
 
@@ -35,12 +38,12 @@ std::optional<QByteArray> Utf8Reader::header(int file, const std::stop_token& st
   // Bytes at the beginning of the buffer that belong to the next piece.
   std::size_t held = 0;
   while (offset < status.st_size) {
-    if (stop.stop_requested()) return std::nullopt;
+    if (stop.stop_requested()) return std::unexpected(Failure::Stopped);
     if (sparse && offset >= kHeaderSize) {
       const off_t data = ::lseek(file, offset, SEEK_DATA);
       if (data < 0 && errno == ENXIO) break;
       if (data > offset) {
-        if (held > 0) return std::nullopt;
+        if (held > 0) return notUtf8;
         offset = data;
       }
     }
@@ -51,18 +54,18 @@ std::optional<QByteArray> Utf8Reader::header(int file, const std::stop_token& st
                                   offset);
     if (count < 0 && errno == EINTR) continue;
     // Read errors, and a file that was cut meanwhile.
-    if (count <= 0) return std::nullopt;
+    if (count <= 0) return std::unexpected(Failure::Unreadable);
     const QByteArrayView piece(buffer_.data(), static_cast<qsizetype>(held) + count);
     const std::size_t cut = cutAtEnd(piece);
     const QByteArrayView whole = piece.chopped(static_cast<qsizetype>(cut));
-    if (!whole.isValidUtf8()) return std::nullopt;
+    if (!whole.isValidUtf8()) return notUtf8;
     if (header.size() < kHeaderSize)
       header.append(whole.first(std::min(whole.size(), kHeaderSize - header.size())));
     std::copy(whole.end(), piece.end(), buffer_.begin());
     held = cut;
     offset += count;
   }
-  if (held > 0) return std::nullopt;
+  if (held > 0) return notUtf8;
   if (status.st_size > kHeaderSize) header.truncate(header.lastIndexOf('\n') + 1);
   if (header.startsWith("\xEF\xBB\xBF")) header.remove(0, 3);
   return header;

@@ -1,5 +1,6 @@
 #include "runtime/PanelRuntime.h"
 
+#include "engines/FolderBookmarkStore.h"
 #include "host/FinalCutHostAdapter.h"
 #include "platform/DistributedNotifications.h"
 #include "platform/HostRuntime.h"
@@ -21,6 +22,8 @@ PanelRuntime::PanelRuntime(const PanelOptions& options)
     : options_(options),
       platform_(makePlatform()),
       hostRuntime_(makeHostRuntime(options.host)),
+      bookmarks_(std::make_unique<FolderBookmarkStore>(platform_->folderAccess(), settings_,
+                                                       platform_->log())),
       window_(std::make_unique<PanelWindow>()),
       view_(std::make_unique<QuickPanelView>(engine_, *window_)) {
   // Where the panel's own modules are; this version of the toolkit does not look there by itself.
@@ -28,7 +31,7 @@ PanelRuntime::PanelRuntime(const PanelOptions& options)
   using Controller = VantreloOrvexFinalCutExtensionViewController;
   controller_ = std::make_unique<Controller>(
       Controller::Environment{*hostRuntime_, platform_->workspace(), platform_->notifications(),
-                              platform_->log(), platform_->audioComponents(), *view_});
+                              platform_->log(), platform_->audioComponents(), *bookmarks_, *view_});
   controller_->orvexState().setActivePage(options_.page);
   controller_->loadView();
   controller_->viewDidLoad();

@@ -5,12 +5,14 @@
 
 #include <QObject>
 #include <QQmlEngine>
+#include <QSettings>
 
 #include <memory>
 
 namespace orvex {
 
 class BuiltInHost;
+class FolderBookmarkStore;
 class HostRuntime;
 class PanelWindow;
 class Platform;
@@ -43,6 +45,8 @@ class PanelRuntime final : public QObject, private PanelEndpoint {
   PanelOptions options_;
   std::unique_ptr<Platform> platform_;
   std::unique_ptr<HostRuntime> hostRuntime_;
+  QSettings settings_{QStringLiteral("Vantrelo"), QStringLiteral("Vantrelo Orvex")};
+  std::unique_ptr<FolderBookmarkStore> bookmarks_;
   QQmlEngine engine_;
   std::unique_ptr<PanelWindow> window_;
   std::unique_ptr<QuickPanelView> view_;

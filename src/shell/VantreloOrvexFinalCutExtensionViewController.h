@@ -11,6 +11,7 @@
 namespace orvex {
 
 class AudioComponents;
+class FolderBookmarkStore;
 class HostRuntime;
 class SystemLog;
 class Workspace;
@@ -29,6 +30,7 @@ class VantreloOrvexFinalCutExtensionViewController final : public QObject {
     DistributedNotifications& notifications;
     SystemLog& log;
     std::shared_ptr<AudioComponents> audioComponents;
+    FolderBookmarkStore& bookmarks;
     PanelViewHost& view;
   };
 

@@ -1,11 +1,11 @@
 #include "engines/AudioUnitRegistry.h"
 #include "host/FinalCutHostAdapter.h"
-#include "platform/AudioComponents.h"
 #include "platform/HostRuntime.h"
 #include "platform/SystemLog.h"
 #include "platform/Workspace.h"
 #include "shell/OrvexState.h"
 #include "shell/VantreloOrvexFinalCutExtensionViewController.h"
+#include "support/NoSystem.h"
 #include "support/Wait.h"
 
 #include <QUrl>
@@ -25,11 +25,6 @@ class BareHost final : public FCPXHost {
   QString versionString() const override { return QStringLiteral("1"); }
   QString bundleIdentifier() const override { return QStringLiteral("bare"); }
   FCPXTimeline* timeline() override { return nullptr; }
-};
-
-class NoAudio final : public AudioComponents {
- public:
-  QList<AudioComponent> effects(const std::stop_token&) override { return {}; }
 };
 
 // Everything the controller is handed, recording what it does with it.
@@ -95,7 +90,7 @@ class Controller : public testing::Test {
   std::unique_ptr<VantreloOrvexFinalCutExtensionViewController> make() {
     auto controller = std::make_unique<VantreloOrvexFinalCutExtensionViewController>(
         VantreloOrvexFinalCutExtensionViewController::Environment{
-            world, world, world, world, std::make_shared<NoAudio>(), world});
+            world, world, world, world, std::make_shared<NoAudio>(), folders.bookmarks(), world});
     controller->loadView();
     controller->viewDidLoad();
     const AudioUnitRegistry& audio = controller->audioRegistry();
@@ -104,6 +99,7 @@ class Controller : public testing::Test {
   }
 
   World world;
+  NoFolders folders;
 };
 
 TEST_F(Controller, LoadsItsViewAndListensForSizes) {

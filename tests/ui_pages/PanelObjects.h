@@ -5,12 +5,12 @@
 #include "engines/LUTRegistry.h"
 #include "engines/MotionTemplateRegistry.h"
 #include "host/FinalCutHostAdapter.h"
-#include "platform/AudioComponents.h"
 #include "platform/HostRuntime.h"
 #include "platform/SystemLog.h"
 #include "platform/Workspace.h"
 #include "platform/hosts/BuiltInHost.h"
 #include "shell/OrvexState.h"
+#include "support/NoSystem.h"
 
 #include <QMetaProperty>
 #include <QUrl>
@@ -64,11 +64,6 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
     std::shared_ptr<BuiltInHost> host_ = std::make_shared<BuiltInHost>();
   };
 
-  class NoAudio final : public AudioComponents {
-   public:
-    QList<AudioComponent> effects(const std::stop_token&) override { return {}; }
-  };
-
   bool open(const QUrl& url) override {
     opened_.append(url.toString());
     return true;
@@ -79,10 +74,11 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
   }
 
   std::shared_ptr<OrvexState> state_ = std::make_shared<OrvexState>();
-  MotionTemplateRegistry motion_;
+  NoFolders folders_;
+  MotionTemplateRegistry motion_{folders_.bookmarks()};
   AudioUnitRegistry audio_{std::make_shared<NoAudio>()};
-  LUTRegistry luts_;
-  FxPlugRegistry fxplug_;
+  LUTRegistry luts_{folders_.bookmarks()};
+  FxPlugRegistry fxplug_{folders_.bookmarks()};
   BuiltInRuntime runtime_;
   FinalCutHostAdapter adapter_{state_, runtime_, *this, *this};
   QStringList opened_;
