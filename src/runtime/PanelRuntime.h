@@ -16,6 +16,7 @@ class FolderBookmarkStore;
 class HostRuntime;
 class PanelWindow;
 class Platform;
+class QuickFolderChooser;
 class QuickPanelView;
 class VantreloOrvexFinalCutExtensionViewController;
 
@@ -49,6 +50,7 @@ class PanelRuntime final : public QObject, private PanelEndpoint {
   std::unique_ptr<FolderBookmarkStore> bookmarks_;
   QQmlEngine engine_;
   std::unique_ptr<PanelWindow> window_;
+  std::unique_ptr<QuickFolderChooser> folderChooser_;
   std::unique_ptr<QuickPanelView> view_;
   std::unique_ptr<VantreloOrvexFinalCutExtensionViewController> controller_;
 };
