@@ -1,5 +1,7 @@
 #include "engines/AudioUnitRegistry.h"
+#include "engines/FolderBookmarkStore.h"
 #include "host/FinalCutHostAdapter.h"
+#include "platform/FolderAccess.h"
 #include "platform/HostRuntime.h"
 #include "platform/SystemLog.h"
 #include "platform/Workspace.h"
@@ -7,6 +9,8 @@
 #include "shell/VantreloOrvexFinalCutExtensionViewController.h"
 #include "support/Wait.h"
 
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QUrl>
 
 #include <gmock/gmock.h>
@@ -24,6 +28,23 @@ class BareHost final : public FCPXHost {
   QString versionString() const override { return QStringLiteral("1"); }
   QString bundleIdentifier() const override { return QStringLiteral("bare"); }
   FCPXTimeline* timeline() override { return nullptr; }
+};
+
+// Nobody has granted a folder, and nobody is asked for one.
+class NoFolders final : public FolderAccess {
+ public:
+  void chooseFolder(const QString&, const QString&,
+                    std::function<void(std::optional<QUrl>)>) override {
+    ADD_FAILURE() << "asked for a folder";
+  }
+  std::expected<QByteArray, QString> makeGrant(const QUrl&) override {
+    return std::unexpected(QStringLiteral("none"));
+  }
+  std::expected<Resolved, QString> resolveGrant(const QByteArray&) override {
+    return std::unexpected(QStringLiteral("none"));
+  }
+  bool startAccess(const QUrl&) override { return false; }
+  void stopAccess(const QUrl&) override {}
 };
 
 // Everything the controller is handed, recording what it does with it.
@@ -89,13 +110,17 @@ class Controller : public testing::Test {
   std::unique_ptr<VantreloOrvexFinalCutExtensionViewController> make() {
     auto controller = std::make_unique<VantreloOrvexFinalCutExtensionViewController>(
         VantreloOrvexFinalCutExtensionViewController::Environment{world, world, world, world,
-                                                                  world});
+                                                                  bookmarks, world});
     controller->loadView();
     controller->viewDidLoad();
     return controller;
   }
 
   World world;
+  NoFolders folders;
+  QTemporaryDir home;
+  QSettings settings{home.filePath(QStringLiteral("settings")), QSettings::IniFormat};
+  FolderBookmarkStore bookmarks{folders, settings, world};
 };
 
 TEST_F(Controller, LoadsItsViewAndListensForSizes) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <fcntl.h>
@@ -17,7 +19,10 @@ namespace orvex {
 /// made.
 class TemporaryTree {
  public:
-  TemporaryTree() {
+  /// `in` is where the folder is made, if it can be.
+  explicit TemporaryTree(const QString& in = QDir::tempPath())
+      : folder_((QFileInfo(in).isWritable() ? in : QDir::tempPath()) +
+                QStringLiteral("/orvex-test-XXXXXX")) {
     EXPECT_TRUE(folder_.isValid());
     // That of the toolkit stops at names that are not UTF-8.
     folder_.setAutoRemove(false);
