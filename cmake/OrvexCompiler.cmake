@@ -5,8 +5,10 @@ if(ORVEX_CCACHE)
 endif()
 
 add_library(orvex_compiler INTERFACE)
+# The code that the toolkit makes of a module's QML files shadows its own parameters.
 target_compile_options(orvex_compiler INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
+  -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
+  $<$<NOT:$<BOOL:$<TARGET_PROPERTY:QT_QML_MODULE_URI>>>:-Wshadow>
   $<$<BOOL:${ORVEX_WERROR}>:-Werror>)
 target_compile_definitions(orvex_compiler INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH

@@ -32,6 +32,8 @@ function(orvex_layer folder)
   cmake_parse_arguments(L "CORE" "" "DEPENDS;LINK;SOURCES" ${ARGN})
   orvex_layer_target(${folder} target)
   add_library(${target} STATIC ${L_SOURCES})
+  # Lets a QML module name the types of this layer without the layer knowing of QML.
+  qt_extract_metatypes(${target})
   set(core "")
   if(L_CORE)
     set(core CORE)

@@ -8,7 +8,7 @@ namespace orvex {
 
 /// The inventory of the audio effects that the system has registered. No system's registry is read
 /// yet, so it is always empty; it keeps the time at which it was last asked.
-class AudioUnitRegistry final : public EngineRegistry {
+class AudioUnitRegistry : public EngineRegistry {
   Q_OBJECT
 
  public:

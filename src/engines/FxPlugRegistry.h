@@ -6,7 +6,7 @@
 namespace orvex {
 
 /// The plug-in bundles of the folder that the user granted.
-class FxPlugRegistry final : public InventoryRegistry<FxPlugItem> {
+class FxPlugRegistry : public InventoryRegistry<FxPlugItem> {
   Q_OBJECT
 
  public:

@@ -6,7 +6,7 @@
 namespace orvex {
 
 /// The user's own library of LUT files.
-class LUTRegistry final : public InventoryRegistry<LUTItem> {
+class LUTRegistry : public InventoryRegistry<LUTItem> {
   Q_OBJECT
 
  public:

@@ -6,7 +6,7 @@
 namespace orvex {
 
 /// The Motion templates of the folder that the user granted.
-class MotionTemplateRegistry final : public InventoryRegistry<MotionTemplateItem> {
+class MotionTemplateRegistry : public InventoryRegistry<MotionTemplateItem> {
   Q_OBJECT
 
  public:

@@ -34,6 +34,7 @@ class HostedRootView final : public PanelViewHost::HostedView {
 std::unique_ptr<QQuickItem> makeQuickItem(QQmlEngine& engine, const QString& url,
                                           const QVariantMap& properties) {
   QQmlComponent component(&engine, QUrl(url));
+  if (!component.isReady()) qFatal("%s", qUtf8Printable(component.errorString()));
   std::unique_ptr<QObject> object(component.createWithInitialProperties(properties));
   auto* item = qobject_cast<QQuickItem*>(object.get());
   if (item == nullptr) qFatal("%s", qUtf8Printable(component.errorString()));

@@ -18,7 +18,7 @@ namespace orvex {
 
 /// The panel's state: the one object that every page observes. Main thread only. Making one starts
 /// nothing.
-class OrvexState final : public QObject, public HostState {
+class OrvexState : public QObject, public HostState {
   Q_OBJECT
   Q_PROPERTY(orvex::OrvexPage activePage READ activePage WRITE setActivePage NOTIFY
                  activePageChanged FINAL)

@@ -10,7 +10,7 @@ namespace orvex {
 
 /// The curve that a Speed Lab page edits, with the preset that it shows as chosen and the way back.
 /// It lives as long as its page.
-class SpeedCurveEditing final : public QObject {
+class SpeedCurveEditing : public QObject {
   Q_OBJECT
   /// x1, y1, x2, y2.
   Q_PROPERTY(QList<double> curve READ curve NOTIFY changed FINAL)

@@ -78,7 +78,8 @@ TEST(Request, EverythingElseIsRefusedWithAReason) {
       {kFocus + "\xff", u"ASCII"},
       {kFocus + QByteArray(CompanionRequest::kMaximumBytes, 'x'), u"en çok 256 bayt"},
       {kFocus + QByteArray(CompanionRequest::kMaximumBytes - kFocus.size(), 'x'), u"bilinmiyor"},
-      {kFocus + QByteArray(CompanionRequest::kMaximumBytes - kFocus.size() + 1, 'x'), u"en çok 256"},
+      {kFocus + QByteArray(CompanionRequest::kMaximumBytes - kFocus.size() + 1, 'x'),
+       u"en çok 256"},
       {QByteArray(1 << 20, '%'), u"en çok 256"},
   };
   for (const auto& row : rows) {

@@ -5,6 +5,7 @@
 #include "support/Wait.h"
 
 #include <QElapsedTimer>
+#include <QProcess>
 #include <QUrl>
 
 #include <sys/wait.h>
@@ -112,6 +113,28 @@ TEST_F(SchemeHandling, WhatCannotBeWrittenIsSaidWithItsPath) {
   const auto added = add(program);
   ASSERT_FALSE(added);
   EXPECT_TRUE(added.error().contains(entry())) << qPrintable(added.error());
+}
+
+// Death tests have a process of their own.
+using SchemeHandlingDeathTest = SchemeHandling;
+
+TEST_F(SchemeHandlingDeathTest, ABusThatEndsRightAfterALaunchDoesNotEndTheProcess) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EXIT(
+      {
+        QProcess bus;
+        bus.start(QStringLiteral("dbus-daemon"),
+                  {QStringLiteral("--session"), QStringLiteral("--nofork"),
+                   QStringLiteral("--print-address")});
+        if (!bus.waitForReadyRead() || !add(QStringLiteral("/bin/true"))) std::_Exit(2);
+        qputenv("DBUS_SESSION_BUS_ADDRESS", bus.readLine().trimmed());
+        const bool opened = open(kUrl);
+        bus.kill();
+        bus.waitForFinished();
+        std::ignore = waitUntil([] { return false; }, std::chrono::milliseconds(200));
+        std::_Exit(opened ? 0 : 3);
+      },
+      testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

@@ -28,7 +28,7 @@ struct BuiltInClip {
 /// A host in the panel's own process: a sequence of about a minute with a clock that plays it, and
 /// the timeline commands done visibly. The playhead always stands at the beginning of a frame, or,
 /// after the last one, at the very end. Main thread only.
-class BuiltInHost final : public QObject, public FCPXHost, private FCPXTimeline {
+class BuiltInHost : public QObject, public FCPXHost, private FCPXTimeline {
   Q_OBJECT
   Q_PROPERTY(QString sequenceName READ sequenceName CONSTANT FINAL)
   Q_PROPERTY(QStringList frameRates READ frameRates CONSTANT FINAL)

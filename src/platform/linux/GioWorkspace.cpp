@@ -11,6 +11,10 @@ bool GioWorkspace::open(const QUrl& url) {
   const GlibPointer<GAppInfo> application(
       g_app_info_get_default_for_uri_scheme(url.scheme().toUtf8().constData()));
   if (!application) return false;
+  // GIO announces a launch over a connection of its own that, left as it is, ends the whole process
+  // with the bus.
+  const GlibPointer<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
+  if (bus) g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
   QByteArray encoded = url.toEncoded();
   GList list{encoded.data(), nullptr, nullptr};
   // GLib starts the program through a process of its own that is gone at once, so that nothing is

@@ -3,54 +3,57 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Layouts
 import Orvex
-import Orvex.Pages
+import Orvex.Speed
 
 // Speed ramps of the selected clip: presets, the live curve, and the retime commands.
 OrvexScrollPage {
     id: page
 
     required property OrvexState state
-    // Called with the name of a timeline command.
-    required property var perform
 
     readonly property bool available: page.state.host.sequenceAvailable
+
+    // Asks for a timeline command by its name.
+    signal perform(action: string)
 
     // The drawn curve springs to the edited one where `animated`, otherwise it jumps there.
     function draw(animated: bool): void {
         const springs = [x1, y1, x2, y2];
         for (let i = 0; i < 4; ++i) {
             if (animated)
-                springs[i].to = editing.curve[i];
+                springs[i].to = edited.curve[i];
             else
-                springs[i].jump(editing.curve[i]);
+                springs[i].jump(edited.curve[i]);
         }
     }
 
     function animated(change: var): void {
-        editing.animated = true;
+        edited.animated = true;
         change();
-        editing.animated = false;
+        edited.animated = false;
     }
 
     function copyCode(): void {
-        OrvexClipboard.text = editing.bezierCode;
-        page.state.showToast("Eğri metni kopyalandı.", OrvexToast.success, 3.2);
+        OrvexClipboard.text = edited.bezierCode;
+        page.state.showToast("Eğri metni kopyalandı.", OrvexToast.Success, 3.2);
     }
 
     function pasteCode(): void {
-        const error = editing.paste(OrvexClipboard.text);
+        const error = edited.paste(OrvexClipboard.text);
         if (error)
-            page.state.showToast(error, OrvexToast.error, 5.0);
+            page.state.showToast(error, OrvexToast.Error, 5.0);
     }
 
     padding: 16
 
+    Component.onCompleted: page.draw(false)
+
     SpeedCurveEditing {
-        id: editing
+        id: edited
 
         property bool animated: false
 
-        onChanged: page.draw(editing.animated)
+        onChanged: page.draw(edited.animated)
     }
 
     SpeedCurveSpring {
@@ -90,9 +93,9 @@ OrvexScrollPage {
                 name: modelData.name
                 objectName: "preset-" + modelData.id
                 points: modelData.curve
-                selected: modelData.id === editing.selectedPreset
+                selected: modelData.id === edited.selectedPreset
 
-                onClicked: page.animated(() => editing.selectPreset(modelData.id))
+                onClicked: page.animated(() => edited.selectPreset(modelData.id))
             }
         }
     }
@@ -128,21 +131,21 @@ OrvexScrollPage {
                 }
 
                 SpeedIconButton {
-                    enabled: editing.canUndo
+                    enabled: edited.canUndo
                     icon: "arrow.uturn.backward"
                     objectName: "undo"
                     title: "Geri al"
 
-                    onClicked: page.animated(() => editing.undo())
+                    onClicked: page.animated(() => edited.undo())
                 }
 
                 SpeedIconButton {
-                    enabled: editing.canRedo
+                    enabled: edited.canRedo
                     icon: "arrow.uturn.forward"
                     objectName: "redo"
                     title: "Yinele"
 
-                    onClicked: page.animated(() => editing.redo())
+                    onClicked: page.animated(() => edited.redo())
                 }
 
                 OrvexTextButton {
@@ -150,7 +153,7 @@ OrvexScrollPage {
                     objectName: "reset"
                     title: "Sıfırla"
 
-                    onClicked: editing.reset()
+                    onClicked: edited.reset()
                 }
             }
 
@@ -160,7 +163,7 @@ OrvexScrollPage {
                 Layout.minimumHeight: 190
                 Layout.preferredHeight: 260
                 curve: [x1.value, y1.value, x2.value, y2.value]
-                editing: editing
+                editing: edited
                 objectName: "editor"
             }
 
@@ -188,7 +191,7 @@ OrvexScrollPage {
                         color: OrvexTheme.cyan
                         objectName: "code"
                         size: 10
-                        text: editing.bezierCode
+                        text: edited.bezierCode
                         weight: Font.DemiBold
                     }
 
@@ -259,25 +262,25 @@ OrvexScrollPage {
     }
 
     Shortcut {
-        sequences: [StandardKey.Undo]
+        sequences: ["Ctrl+Z"]
 
-        onActivated: page.animated(() => editing.undo())
+        onActivated: page.animated(() => edited.undo())
     }
 
     Shortcut {
-        sequences: [StandardKey.Redo]
+        sequences: ["Ctrl+Shift+Z", "Ctrl+Y"]
 
-        onActivated: page.animated(() => editing.redo())
+        onActivated: page.animated(() => edited.redo())
     }
 
     Shortcut {
-        sequences: [StandardKey.Copy]
+        sequences: ["Ctrl+C"]
 
         onActivated: page.copyCode()
     }
 
     Shortcut {
-        sequences: [StandardKey.Paste]
+        sequences: ["Ctrl+V"]
 
         onActivated: page.pasteCode()
     }

@@ -1,0 +1,103 @@
+#include "ui/OrvexDisc.h"
+
+#include "ui/DiscProfile.h"
+#include "ui/Dither.h"
+#include "ui/SharedTexture.h"
+
+#include <QPromise>
+#include <QThreadPool>
+
+namespace orvex {
+
+QImage OrvexDisc::Recipe::render() const {
+  const DiscProfile profile(radius, deviation);
+  const int side = static_cast<int>(std::ceil(2 * profile.reach() * scale));
+  const auto centre = static_cast<float>(side - 1) / 2;
+  const auto pointsPerPixel = static_cast<float>(1 / scale);
+  QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+  for (int y = 0; y < side; ++y) {
+    auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+    const float dy = static_cast<float>(y) - centre;
+    for (int x = 0; x < side; ++x) {
+      const float dx = static_cast<float>(x) - centre;
+      const float alpha =
+          profile.at(std::sqrt(dx * dx + dy * dy) * pointsPerPixel) * color.alphaF();
+      const float threshold = alpha > 0 ? ditherThreshold(x, y) : 0;
+      line[x] = ditheredPixel(color.redF() * alpha, color.greenF() * alpha, color.blueF() * alpha,
+                              alpha, threshold);
+    }
+  }
+  return image;
+}
+
+OrvexDisc::OrvexDisc(QQuickItem* parent) : QQuickItem(parent) {
+  setFlag(ItemHasContents);
+  connect(this, &OrvexDisc::styleChanged, this, &OrvexDisc::restyle);
+  connect(&worker_, &QFutureWatcherBase::finished, this, &OrvexDisc::painted);
+}
+
+void OrvexDisc::componentComplete() {
+  QQuickItem::componentComplete();
+  restyle();
+}
+
+void OrvexDisc::itemChange(ItemChange change, const ItemChangeData& value) {
+  if (change == ItemDevicePixelRatioHasChanged || change == ItemSceneChange) restyle();
+  QQuickItem::itemChange(change, value);
+}
+
+void OrvexDisc::restyle() {
+  if (!isComponentComplete()) return;
+  const double side = diameter_ + 6 * blurRadius_;
+  setImplicitSize(side, side);
+  const bool wasReady = isReady();
+  wanted_ = {diameter_ / 2, blurRadius_,
+             window() != nullptr ? window()->effectiveDevicePixelRatio() : 0, color_};
+  if (wasReady != isReady()) Q_EMIT readyChanged();
+  paint();
+}
+
+// While a picture is being painted, newer wishes wait, and only the last of them counts.
+void OrvexDisc::paint() {
+  if (worker_.isRunning() || wanted_ == rendered_) return;
+  if (wanted_.radius <= 0 || wanted_.deviation <= 0 || wanted_.scale <= 0) return;
+  painting_ = wanted_;
+  QPromise<QImage> promise;
+  worker_.setFuture(promise.future());
+  QThreadPool::globalInstance()->start(
+      [promise = std::make_shared<QPromise<QImage>>(std::move(promise)), recipe = painting_] {
+        promise->start();
+        promise->addResult(recipe.render());
+        promise->finish();
+      });
+}
+
+void OrvexDisc::painted() {
+  image_ = worker_.result();
+  rendered_ = painting_;
+  imageChanged_ = true;
+  update();
+  if (isReady()) Q_EMIT readyChanged();
+  paint();
+}
+
+QSGNode* OrvexDisc::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
+  if (image_.isNull()) {
+    delete node;
+    return nullptr;
+  }
+  auto* shown = static_cast<TextureNode*>(node);
+  const QRectF rect(0, 0, width(), height());
+  if (shown == nullptr || imageChanged_) {
+    if (shown == nullptr) shown = new TextureNode(window());
+    shown->show(std::shared_ptr<QSGTexture>(
+                    window()->createTextureFromImage(image_, QQuickWindow::TextureHasAlphaChannel)),
+                rect, QSGTexture::Nearest);
+    imageChanged_ = false;
+  } else {
+    shown->setRect(rect);
+  }
+  return shown;
+}
+
+}  // namespace orvex

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QColor>
+#include <QFutureWatcher>
+#include <QImage>
+#include <QQuickItem>
+
+namespace orvex {
+
+/// A blurred disc, its blur included in the item's implicit size. It is painted once per size, on a
+/// worker thread, and is then as cheap to move as any picture.
+class OrvexDisc : public QQuickItem {
+  Q_OBJECT
+  QML_ELEMENT
+
+  /// Of the disc before it is blurred, in points.
+  Q_PROPERTY(double diameter MEMBER diameter_ NOTIFY styleChanged FINAL)
+  /// Standard deviation, in points.
+  Q_PROPERTY(double blurRadius MEMBER blurRadius_ NOTIFY styleChanged FINAL)
+  Q_PROPERTY(QColor color MEMBER color_ NOTIFY styleChanged FINAL)
+  /// The picture of the present size is there.
+  Q_PROPERTY(bool ready READ isReady NOTIFY readyChanged FINAL)
+
+ public:
+  explicit OrvexDisc(QQuickItem* parent = nullptr);
+
+  [[nodiscard]] bool isReady() const noexcept { return !image_.isNull() && rendered_ == wanted_; }
+
+ Q_SIGNALS:
+  void styleChanged();
+  void readyChanged();
+
+ protected:
+  void componentComplete() override;
+  QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
+  void itemChange(ItemChange change, const ItemChangeData& value) override;
+
+ private:
+  struct Recipe {
+    double radius = 0;
+    double deviation = 0;
+    double scale = 0;
+    QColor color;
+
+    friend bool operator==(const Recipe&, const Recipe&) = default;
+    [[nodiscard]] QImage render() const;
+  };
+
+  void restyle();
+  void paint();
+  void painted();
+
+  double diameter_ = 0;
+  double blurRadius_ = 1;
+  QColor color_ = Qt::transparent;
+  Recipe wanted_;
+  Recipe painting_;
+  Recipe rendered_;
+  QFutureWatcher<QImage> worker_;
+  QImage image_;
+  bool imageChanged_ = false;
+};
+
+}  // namespace orvex

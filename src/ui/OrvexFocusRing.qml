@@ -1,0 +1,17 @@
+import QtQuick
+import QtQuick.Templates as T
+import Orvex
+
+/// Shows where the keyboard is. `target` fills the item's parent.
+Rectangle {
+    required property T.Control target
+    property real targetRadius: OrvexTheme.tileRadius
+
+    anchors.fill: parent
+    anchors.margins: -3
+    border.color: OrvexTheme.cyan
+    border.width: 2
+    color: "transparent"
+    radius: targetRadius + 3
+    visible: target.visualFocus
+}

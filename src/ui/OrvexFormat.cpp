@@ -1,0 +1,32 @@
+#include "ui/OrvexFormat.h"
+
+#include "host/Timecode.h"
+
+#include <cmath>
+
+namespace orvex {
+namespace {
+
+QString unknown() {
+  return QStringLiteral("—");
+}
+
+}  // namespace
+
+QString OrvexFormat::timecode(double seconds) {
+  return orvexTimecodeLike(seconds);
+}
+
+QString OrvexFormat::seconds2(double seconds) {
+  return std::isfinite(seconds) ? QString::number(seconds, 'f', 2) + u's' : unknown();
+}
+
+QString OrvexFormat::rate(double fps) {
+  return std::isfinite(fps) && fps > 0 ? QString::number(fps, 'f', 2) : unknown();
+}
+
+QString OrvexFormat::count(const EngineSummary& summary) {
+  return QString::number(summary.count);
+}
+
+}  // namespace orvex

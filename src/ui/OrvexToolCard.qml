@@ -1,0 +1,100 @@
+import QtQuick
+import QtQuick.Layouts
+import Orvex
+
+/// A card that does something when pressed.
+OrvexPressable {
+    id: card
+
+    required property string icon
+    required property string title
+    required property string subtitle
+    property string badge
+
+    Accessible.description: subtitle
+    Accessible.name: title
+
+    contentItem: OrvexHoverLift {
+        hovering: hover.hovered
+        opacity: card.enabled ? 1 : OrvexTheme.disabledOpacity
+        pressed: card.pressed
+
+        OrvexPanel {
+            anchors.fill: parent
+            padding: 13
+
+            contentItem: RowLayout {
+                spacing: 12
+
+                Rectangle {
+                    Layout.preferredHeight: 42
+                    Layout.preferredWidth: 42
+                    color: OrvexTheme.fade(OrvexTheme.blue, 0.13)
+                    radius: OrvexTheme.tileRadius
+
+                    OrvexSymbol {
+                        anchors.centerIn: parent
+                        name: card.icon
+                        size: 20
+                    }
+                }
+
+                ColumnLayout {
+                    spacing: 4
+
+                    RowLayout {
+                        spacing: 6
+
+                        OrvexText {
+                            Accessible.ignored: true
+                            Layout.fillWidth: true
+                            Layout.maximumWidth: Math.ceil(implicitWidth)
+                            size: 12
+                            text: card.title
+                            weight: Font.Bold
+                        }
+
+                        Rectangle {
+                            Layout.preferredHeight: badgeText.implicitHeight + 6
+                            Layout.preferredWidth: badgeText.implicitWidth + 12
+                            color: OrvexTheme.fade(OrvexTheme.blue, 0.11)
+                            radius: OrvexTheme.chipRadius
+                            visible: card.badge.length > 0
+
+                            OrvexText {
+                                id: badgeText
+
+                                Accessible.ignored: true
+                                anchors.centerIn: parent
+                                color: OrvexTheme.cyan
+                                size: 7
+                                text: card.badge
+                                tracking: 0.7
+                                weight: Font.Black
+                            }
+                        }
+                    }
+
+                    OrvexText {
+                        Accessible.ignored: true
+                        Layout.fillWidth: true
+                        color: OrvexTheme.muted
+                        maximumLineCount: 2
+                        size: 9
+                        text: card.subtitle
+                        wrapMode: Text.Wrap
+                    }
+                }
+            }
+        }
+    }
+
+    HoverHandler {
+        id: hover
+    }
+
+    OrvexFocusRing {
+        target: card
+        targetRadius: OrvexTheme.panelRadius
+    }
+}

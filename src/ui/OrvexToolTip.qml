@@ -1,0 +1,27 @@
+import QtQuick
+import QtQuick.Templates as T
+import Orvex
+
+/// The whole of a text that was cut.
+T.ToolTip {
+    id: tip
+
+    delay: OrvexTheme.toolTipDelay
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    implicitWidth: Math.min(360, implicitContentWidth + leftPadding + rightPadding)
+    margins: 8
+    padding: 8
+    x: parent ? Math.round((parent.width - width) / 2) : 0
+    y: -height - 4
+
+    background: Rectangle {
+        border.color: OrvexTheme.borderBlue
+        color: OrvexTheme.panelStrong
+        radius: OrvexTheme.chipRadius
+    }
+    contentItem: OrvexText {
+        size: 10
+        text: tip.text
+        wrapMode: Text.Wrap
+    }
+}

@@ -1,0 +1,56 @@
+import QtQuick
+import Orvex
+
+// One clip of the built-in host's sequence, with the band of the retime editor while that is open.
+Rectangle {
+    id: clip
+
+    required property string name
+    required property bool retimeEditorOpen
+    required property int speedPercent
+
+    // Green at normal speed, warm below, cool above.
+    readonly property color bandColor: clip.speedPercent === 100 ? OrvexTheme.success : clip.speedPercent < 100 ? OrvexTheme.warning : OrvexTheme.blue
+
+    objectName: "clip"
+    radius: 6
+    color: OrvexTheme.fade(OrvexTheme.text, 0.075)
+    border.width: 1
+    border.color: OrvexTheme.fade(OrvexTheme.text, 0.1)
+    Accessible.role: Accessible.Graphic
+    Accessible.name: clip.retimeEditorOpen ? clip.name + ", hız %" + clip.speedPercent : clip.name
+
+    Rectangle {
+        id: band
+
+        objectName: "retimeBand"
+        x: 1
+        y: 1
+        width: parent.width - 2
+        height: 16
+        radius: 5
+        visible: clip.retimeEditorOpen
+        color: OrvexTheme.fade(clip.bandColor, 0.2)
+
+        OrvexText {
+            anchors.centerIn: parent
+            width: Math.min(implicitWidth, parent.width - 8)
+            text: "%" + clip.speedPercent
+            size: 8
+            weight: Font.Bold
+            color: clip.bandColor
+        }
+    }
+
+    OrvexText {
+        x: 8
+        anchors.verticalCenter: parent.verticalCenter
+        anchors.verticalCenterOffset: band.visible ? 8 : 0
+        width: parent.width - 2 * x
+        visible: width >= 16
+        text: clip.name
+        size: 9
+        weight: Font.Medium
+        color: OrvexTheme.fade(OrvexTheme.text, 0.72)
+    }
+}

@@ -1,0 +1,78 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Orvex
+import Orvex.Speed
+
+// The curve with its two control points, which can be dragged, and a marker that runs along it.
+Item {
+    id: editor
+
+    required property SpeedCurveEditing editing
+    // What is drawn: the edited curve, or one on its way there after a preset was chosen.
+    property alias curve: drawing.curve
+
+    Accessible.name: "Hız eğrisi düzenleyicisi"
+    Accessible.role: Accessible.Grouping
+    clip: true
+
+    Rectangle {
+        anchors.fill: parent
+        color: Qt.rgba(0, 0, 0, 0.24)
+        radius: OrvexTheme.tileRadius
+    }
+
+    SpeedCurveCanvas {
+        id: drawing
+
+        anchors.fill: parent
+        color: OrvexTheme.cyan
+        cornerRadius: OrvexTheme.tileRadius
+        objectName: "canvas"
+        startColor: OrvexTheme.blue
+    }
+
+    Rectangle {
+        id: marker
+
+        readonly property real period: 1.8
+        property real phase: 0
+        readonly property point place: marker.placeAt(marker.phase, drawing.curve, drawing.width, drawing.height)
+
+        // Seconds since the start of 2001, UTC.
+        function now(): real {
+            return Date.now() / 1000 - 978307200;
+        }
+
+        // The curve and the size are arguments so that the place follows them too.
+        function placeAt(phase: real, curve: var, width: real, height: real): point {
+            return drawing.pointAt(phase);
+        }
+
+        color: OrvexTheme.success
+        height: 10
+        objectName: "marker"
+        radius: 5
+        width: 10
+        x: marker.place.x - 5
+        y: marker.place.y - 5
+
+        Timer {
+            interval: 33
+            repeat: true
+            running: editor.OrvexMotion.animated && editor.visible
+
+            onTriggered: marker.phase = (marker.now() % marker.period) / marker.period
+        }
+    }
+
+    Repeater {
+        model: 2
+
+        SpeedCurveHandle {
+            canvas: drawing
+            editing: editor.editing
+            objectName: "handle" + index
+        }
+    }
+}

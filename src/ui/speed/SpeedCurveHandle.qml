@@ -1,0 +1,86 @@
+import QtQuick
+import QtQuick.Templates as T
+import Orvex
+import Orvex.Speed
+
+// One control point of the curve editor: a disc that is dragged, or moved with the arrow keys by a
+// hundredth, with Shift by a tenth.
+T.Control {
+    id: handle
+
+    required property SpeedCurveEditing editing
+    required property SpeedCurveCanvas canvas
+    // 0 or 1.
+    required property int index
+
+    readonly property real valueX: handle.editing.curve[2 * handle.index]
+    readonly property real valueY: handle.editing.curve[2 * handle.index + 1]
+
+    function nudge(dx: real, dy: real): void {
+        handle.editing.moveControlPoint(handle.index, handle.valueX + dx, handle.valueY + dy);
+        handle.editing.endGesture();
+    }
+
+    function dragTo(place: point): void {
+        handle.editing.moveControlPoint(handle.index, place.x / Math.max(handle.canvas.width, 1), 1 - place.y / Math.max(handle.canvas.height, 1));
+    }
+
+    function stepOf(modifiers: int): real {
+        return modifiers & Qt.ShiftModifier ? 0.1 : 0.01;
+    }
+
+    Accessible.focusable: true
+    Accessible.name: "Kontrol noktası " + (handle.index + 1)
+    Accessible.description: "x " + handle.valueX.toFixed(2) + ", y " + handle.valueY.toFixed(2)
+    Accessible.role: Accessible.Slider
+    focusPolicy: Qt.StrongFocus
+    implicitHeight: 18
+    implicitWidth: 18
+    x: handle.canvas.width * handle.canvas.curve[2 * handle.index] - handle.width / 2
+    y: handle.canvas.height * (1 - handle.canvas.curve[2 * handle.index + 1]) - handle.height / 2
+
+    Accessible.onDecreaseAction: handle.nudge(-0.01, 0)
+    Accessible.onIncreaseAction: handle.nudge(0.01, 0)
+    Keys.onDownPressed: event => handle.nudge(0, -handle.stepOf(event.modifiers))
+    Keys.onLeftPressed: event => handle.nudge(-handle.stepOf(event.modifiers), 0)
+    Keys.onRightPressed: event => handle.nudge(handle.stepOf(event.modifiers), 0)
+    Keys.onUpPressed: event => handle.nudge(0, handle.stepOf(event.modifiers))
+
+    contentItem: OrvexShadow {
+        blurRadius: 8
+        color: OrvexTheme.fade(OrvexTheme.cyan, 0.45)
+        radius: 9
+
+        // The outline lies half inside, half outside the disc's edge.
+        Rectangle {
+            anchors.fill: parent
+            anchors.margins: -1.5
+            border.color: OrvexTheme.cyan
+            border.width: 3
+            color: OrvexTheme.text
+            radius: 10.5
+        }
+    }
+
+    MouseArea {
+        anchors.centerIn: parent
+        cursorShape: Qt.PointingHandCursor
+        // Larger than what is seen: a disc of 18 points is hard to hit.
+        height: 30
+        preventStealing: true
+        width: 30
+
+        onPositionChanged: mouse => handle.dragTo(mapToItem(handle.canvas, mouse.x, mouse.y))
+        onPressed: mouse => {
+            handle.forceActiveFocus(Qt.MouseFocusReason);
+            handle.dragTo(mapToItem(handle.canvas, mouse.x, mouse.y));
+        }
+        onReleased: handle.editing.endGesture()
+        onCanceled: handle.editing.endGesture()
+    }
+
+    OrvexFocusRing {
+        target: handle
+        targetRadius: 11
+    }
+}

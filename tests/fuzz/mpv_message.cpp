@@ -1,0 +1,7 @@
+#include "platform/hosts/MpvMessage.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  std::ignore = orvex::parseMpvMessage(
+      QByteArrayView(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
+  return 0;
+}

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "host/FinalCutHostAdapter.h"
+#include "platform/FCPXHost.h"
+#include "platform/HostRuntime.h"
+#include "platform/SystemLog.h"
+#include "platform/Workspace.h"
+#include "support/Wait.h"
+
+#include <QElapsedTimer>
+#include <QStringList>
+
+namespace orvex {
+
+/// Counts what a timeline tells.
+class CountingObserver final : public FCPXTimelineObserver {
+ public:
+  void activeSequenceChanged() override { ++sequences; }
+  void playheadTimeChanged() override { ++playheads; }
+  void sequenceTimeRangeChanged() override { ++ranges; }
+
+  [[nodiscard]] int all() const { return sequences + playheads + ranges; }
+
+  int sequences = 0;
+  int playheads = 0;
+  int ranges = 0;
+};
+
+/// The panel's side of a host: adapter and state, connected whenever the host changes.
+class Panel final : public HostState, public Workspace, public SystemLog {
+ public:
+  explicit Panel(HostRuntime& runtime)
+      : state_(this, [](HostState*) {}), adapter(state_, runtime, *this, *this) {
+    QObject::connect(&runtime, &HostRuntime::hostSingletonChanged, &adapter,
+                     [this] { adapter.connect(); });
+    if (runtime.hostSingleton()) adapter.connect();
+  }
+
+  /// Waits until a sequence is there.
+  [[nodiscard]] bool ready() {
+    return waitUntil([this] { return snapshot.sequenceAvailable && snapshot.connected; });
+  }
+
+  [[nodiscard]] const HostSnapshot& host() const override { return snapshot; }
+  void setHost(const HostSnapshot& newSnapshot) override { snapshot = newSnapshot; }
+  void showHostNotice(const QString& message, Notice) override { notices.append(message); }
+  [[nodiscard]] bool open(const QUrl&) override { return false; }
+  void line(const QString&) override {}
+
+ private:
+  // Owns nothing: this is the state.
+  std::shared_ptr<HostState> state_;
+
+ public:
+  HostSnapshot snapshot;
+  QStringList notices;
+  FinalCutHostAdapter adapter;
+};
+
+}  // namespace orvex

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "engines/AudioUnitRegistry.h"
+#include "engines/FxPlugRegistry.h"
+#include "engines/LUTRegistry.h"
+#include "engines/MotionTemplateRegistry.h"
+#include "host/FinalCutHostAdapter.h"
+#include "platform/HostRuntime.h"
+#include "platform/SystemLog.h"
+#include "platform/Workspace.h"
+#include "platform/hosts/BuiltInHost.h"
+#include "shell/OrvexState.h"
+
+#include <QMetaProperty>
+#include <QUrl>
+
+namespace orvex {
+
+/// The objects of one panel beside a built-in host, put together as the controller does it, without
+/// a desktop behind them.
+class PanelObjects : public QObject, private Workspace, private SystemLog {
+  Q_OBJECT
+  Q_PROPERTY(orvex::OrvexState* state READ state CONSTANT)
+  Q_PROPERTY(orvex::MotionTemplateRegistry* motion READ motion CONSTANT)
+  Q_PROPERTY(orvex::AudioUnitRegistry* audio READ audio CONSTANT)
+  Q_PROPERTY(orvex::LUTRegistry* luts READ luts CONSTANT)
+  Q_PROPERTY(orvex::FxPlugRegistry* fxplug READ fxplug CONSTANT)
+  Q_PROPERTY(orvex::FinalCutHostAdapter* hostAdapter READ hostAdapter CONSTANT)
+  Q_PROPERTY(orvex::BuiltInHost* host READ host CONSTANT)
+  /// The addresses that the desktop was asked to open.
+  Q_PROPERTY(QStringList opened MEMBER opened_)
+  /// The reasons of the host refreshes, oldest first.
+  Q_PROPERTY(QStringList refreshes MEMBER refreshes_)
+
+ public:
+  [[nodiscard]] OrvexState* state() const { return state_.get(); }
+  [[nodiscard]] MotionTemplateRegistry* motion() { return &motion_; }
+  [[nodiscard]] AudioUnitRegistry* audio() { return &audio_; }
+  [[nodiscard]] LUTRegistry* luts() { return &luts_; }
+  [[nodiscard]] FxPlugRegistry* fxplug() { return &fxplug_; }
+  [[nodiscard]] FinalCutHostAdapter* hostAdapter() { return &adapter_; }
+  [[nodiscard]] BuiltInHost* host() { return runtime_.host_.get(); }
+
+  Q_INVOKABLE void connectHost() { adapter_.connect(); }
+  /// Publishes the disconnected snapshot changed by `fields`, as if the host had reported it.
+  Q_INVOKABLE void report(const QVariantMap& fields) {
+    HostSnapshot snapshot;
+    for (const auto& [name, value] : fields.asKeyValueRange())
+      HostSnapshot::staticMetaObject
+          .property(HostSnapshot::staticMetaObject.indexOfProperty(qPrintable(name)))
+          .writeOnGadget(&snapshot, value);
+    state_->setHost(snapshot);
+  }
+  Q_INVOKABLE void toast(const QString& message, int kind, double duration) {
+    state_->showToast(message, static_cast<OrvexToast::Kind>(kind), duration);
+  }
+
+ private:
+  class BuiltInRuntime final : public HostRuntime {
+   public:
+    std::shared_ptr<FCPXHost> hostSingleton() override { return host_; }
+
+    std::shared_ptr<BuiltInHost> host_ = std::make_shared<BuiltInHost>();
+  };
+
+  bool open(const QUrl& url) override {
+    opened_.append(url.toString());
+    return true;
+  }
+  void line(const QString& text) override {
+    const QString prefix = QStringLiteral("[Vantrelo Orvex] host refresh ");
+    if (text.startsWith(prefix)) refreshes_.append(text.mid(prefix.size()).section(u' ', 0, 0));
+  }
+
+  std::shared_ptr<OrvexState> state_ = std::make_shared<OrvexState>();
+  MotionTemplateRegistry motion_;
+  AudioUnitRegistry audio_;
+  LUTRegistry luts_;
+  FxPlugRegistry fxplug_;
+  BuiltInRuntime runtime_;
+  FinalCutHostAdapter adapter_{state_, runtime_, *this, *this};
+  QStringList opened_;
+  QStringList refreshes_;
+};
+
+}  // namespace orvex

@@ -1,0 +1,235 @@
+import QtQuick
+import QtTest
+import Orvex
+import Orvex.Pages
+
+PanelCase {
+    name: "Navigation"
+
+    readonly property var titles: ({
+            home: "Orvex Host Center",
+            timeline: "Timeline Control",
+            speed: "Speed Ramp & Curves",
+            motion: "Motion Template Registry",
+            audio: "Audio Unit Registry",
+            color: "Color & LUT Library",
+            fxplug: "FxPlug Registry",
+            updates: "Update Center",
+            request: "İstek Merkezi"
+        })
+
+    function test_every_entry_shows_its_page_data() {
+        return [
+            {
+                tag: "wide",
+                width: 1040
+            },
+            {
+                tag: "compact",
+                width: 700
+            },
+            {
+                tag: "narrow",
+                width: 320
+            }
+        ];
+    }
+    function test_every_entry_shows_its_page(data) {
+        open(data.width, 780);
+        const ids = Object.keys(titles);
+        compare(OrvexPages.all.map(page => page.id), ids);
+        // From the last to the first, so that every step changes the page.
+        for (const id of ids.reverse()) {
+            const button = named(panel, "navigation " + id);
+            if (button.compact)
+                bringIntoView(button);
+            mouseClick(button);
+            compare(objects.state.activePage.id, id);
+            verify(showing(page(), titles[id]) !== null, id);
+            verify(button.selected);
+            compare(allItems(panel, item => item.page !== undefined && item.selected === true).length, 1);
+            compare(panel.compactNavFocus, id);
+        }
+    }
+
+    function bringIntoView(button) {
+        const strip = named(panel, "strip");
+        const way = OrvexPages.indexOf(button.page) - OrvexPages.indexOf(OrvexPages.byId(panel.compactNavFocus));
+        for (let i = 0; i < Math.abs(way); ++i)
+            mouseClick(arrow(way < 0 ? "backward" : "forward"));
+        const x = button.mapToItem(strip, 0, 0).x;
+        verify(x >= 0 && x + button.width <= strip.width, button.page.id);
+    }
+
+    function arrow(name) {
+        return findItem(named(panel, name), item => item.clicked !== undefined && item.pressed !== undefined);
+    }
+
+    function test_arrows_stop_at_the_ends() {
+        open(360, 640);
+        const strip = named(panel, "strip");
+        mouseClick(arrow("backward"));
+        compare(panel.compactNavFocus, "home");
+        compare(strip.contentX, 0);
+        for (let i = 0; i < 8; ++i)
+            mouseClick(arrow("forward"));
+        compare(panel.compactNavFocus, "request");
+        const end = strip.contentWidth - strip.width;
+        compare(strip.contentX, end);
+        mouseClick(arrow("forward"));
+        compare(panel.compactNavFocus, "request");
+        compare(strip.contentX, end);
+        // The arrows only move the strip.
+        compare(objects.state.activePage.id, "home");
+    }
+
+    function test_strip_centres_the_active_page() {
+        open(360, 640);
+        const strip = named(panel, "strip");
+        objects.state.activePage = OrvexPages.byId("audio");
+        const button = named(panel, "navigation audio");
+        const middle = button.mapToItem(strip, button.width / 2, 0).x;
+        verify(Math.abs(middle - strip.width / 2) < 1, middle);
+    }
+
+    function test_layout_follows_the_panel_width_data() {
+        const rows = [
+            [1040, 979, 979, true],
+            [1040, 980, 980, false],
+            [1040, 0, 1040, false],
+            [1040, 319, 1040, false],
+            [1040, 320, 320, true],
+            [700, 1040, 700, true],
+            [1040, NaN, 1040, false],
+            [1040, Infinity, 1040, false],
+            [1040, -5, 1040, false]
+        ];
+        return rows.map(row => ({
+                    tag: row[0] + " offered, " + row[1] + " asked for",
+                    offered: row[0],
+                    asked: row[1],
+                    width: row[2],
+                    compact: row[3]
+                }));
+    }
+    function test_layout_follows_the_panel_width(data) {
+        make(data.offered, 780, data.asked, 780);
+        compare(named(panel, "panel").width, data.width);
+        compare(panel.compact, data.compact);
+        compare(named(panel, "sidebar") === null, data.compact);
+        compare(named(panel, "compactNavigation") === null, !data.compact);
+    }
+
+    function test_low_panel_hugs_the_bottom_data() {
+        const rows = [[780, 780, 0, 780], [780, 500, 280, 500], [780, 779, 0, 779], [780, 778.5, 1.5, 778.5], [780, 319, 0, 780], [780, 0, 0, 780], [400, 780, 0, 400]];
+        return rows.map(row => ({
+                    tag: row[0] + " offered, " + row[1] + " asked for",
+                    offered: row[0],
+                    asked: row[1],
+                    y: row[2],
+                    height: row[3]
+                }));
+    }
+    function test_low_panel_hugs_the_bottom(data) {
+        make(1040, data.offered, 1040, data.asked);
+        compare(named(panel, "panel").y, data.y);
+        compare(named(panel, "panel").height, data.height);
+    }
+
+    function test_page_is_built_anew_on_every_switch_only() {
+        open(1040, 780);
+        objects.state.activePage = OrvexPages.byId("timeline");
+        const first = page();
+        objects.state.panelWidth = 700;
+        verify(panel.compact);
+        compare(page(), first, "a new layout keeps the page");
+        objects.state.activePage = OrvexPages.byId("home");
+        objects.state.activePage = OrvexPages.byId("timeline");
+        verify(page() !== first);
+    }
+
+    function test_keyboard_data() {
+        return [
+            {
+                tag: "wide",
+                width: 1040
+            },
+            {
+                tag: "compact",
+                width: 360
+            }
+        ];
+    }
+    function test_keyboard(data) {
+        open(data.width, 640);
+        panel.forceActiveFocus();
+        keyClick(Qt.Key_9, Qt.ControlModifier);
+        compare(objects.state.activePage.id, "request");
+        keyClick(Qt.Key_2, Qt.ControlModifier);
+        compare(objects.state.activePage.id, "timeline");
+        const button = named(panel, "navigation updates");
+        for (let i = 0; i < 20 && !button.activeFocus; ++i)
+            keyClick(Qt.Key_Tab);
+        verify(button.activeFocus, "Tab reaches every entry");
+        if (data.width < 980) {
+            const strip = named(panel, "strip");
+            const x = button.mapToItem(strip, 0, 0).x;
+            verify(x >= 0 && x + button.width <= strip.width, "what is focused is in view");
+        }
+        keyClick(Qt.Key_Return);
+        compare(objects.state.activePage.id, "updates");
+    }
+
+    function test_host_line_data() {
+        return [
+            {
+                tag: "no host",
+                fields: {},
+                text: "Final Cut Pro",
+                badge: "OFFLINE"
+            },
+            {
+                tag: "host",
+                fields: {
+                    connected: true,
+                    hostVersion: "10.7.1"
+                },
+                text: "Final Cut Pro 10.7.1",
+                badge: "LIVE"
+            },
+            {
+                tag: "host without a version",
+                fields: {
+                    connected: true,
+                    hostVersion: ""
+                },
+                text: "Final Cut Pro",
+                badge: "LIVE"
+            }
+        ];
+    }
+    function test_host_line(data) {
+        objects.report(data.fields);
+        make(1040, 780);
+        compare(named(panel, "hostLine").text, data.text);
+        verify(showing(named(panel, "topbar"), data.badge) !== null);
+    }
+
+    // Whoever cannot see the panel hears what can be pressed, and presses it.
+    function test_everything_to_press_has_a_name_data() {
+        return test_keyboard_data();
+    }
+    function test_everything_to_press_has_a_name(data) {
+        open(data.width, 640);
+        for (const id of Object.keys(titles)) {
+            objects.state.activePage = OrvexPages.byId(id);
+            compare(named(panel, "content").Accessible.name, objects.state.activePage.title);
+            const pressable = allItems(panel, item => item.clicked !== undefined && item.keyHeld !== undefined);
+            verify(pressable.length >= 9);
+            for (const item of pressable)
+                verify(item.Accessible.name !== "", id + ": " + item);
+        }
+        named(panel, "navigation color").Accessible.pressAction();
+        compare(objects.state.activePage.id, "color");
+    }
+}
