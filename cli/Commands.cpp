@@ -1,5 +1,6 @@
 #include "Commands.h"
 
+#include "AudioCommand.h"
 #include "FxPlugCommand.h"
 #include "HostCommand.h"
 #include "LutsCommand.h"
@@ -9,7 +10,7 @@ namespace orvex {
 
 const QList<Command>& allCommands() {
   static const QList<Command> commands{lutsCommand(), motionCommand(), fxPlugCommand(),
-                                       hostCommand()};
+                                       audioCommand(), hostCommand()};
   return commands;
 }
 

@@ -10,7 +10,9 @@ QUrl fileUrl(const QByteArray& path) {
 }
 
 QByteArray filePath(const QUrl& url) {
-  return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
+  if (!url.isLocalFile() || !(url.host().isEmpty() || url.host() == u"localhost")) return {};
+  const QByteArray path = QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
+  return path.startsWith('/') && !path.contains('\0') ? path : QByteArray();
 }
 
 QString fileText(const QUrl& url) {

@@ -10,7 +10,8 @@ namespace orvex {
 /// escapes, so that `filePath` gives them back unchanged.
 [[nodiscard]] QUrl fileUrl(const QByteArray& path);
 
-/// The raw bytes of a file URL's path, to open the file with.
+/// The raw bytes of a file URL's path, to open the file with; empty when `url` names no file of
+/// this machine.
 [[nodiscard]] QByteArray filePath(const QUrl& url);
 
 /// The path as a person reads it: bytes that are not UTF-8 show as replacement characters.

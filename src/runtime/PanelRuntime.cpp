@@ -9,6 +9,7 @@
 #include "platform/Workspace.h"
 #include "platform/hosts/BuiltInHost.h"
 #include "runtime/PanelWindow.h"
+#include "runtime/QuickFolderChooser.h"
 #include "runtime/QuickPanelView.h"
 #include "shell/OrvexState.h"
 #include "shell/VantreloOrvexFinalCutExtensionViewController.h"
@@ -25,14 +26,16 @@ PanelRuntime::PanelRuntime(const PanelOptions& options)
       bookmarks_(std::make_unique<FolderBookmarkStore>(platform_->folderAccess(), settings_,
                                                        platform_->log())),
       window_(std::make_unique<PanelWindow>()),
+      folderChooser_(std::make_unique<QuickFolderChooser>(engine_, *window_, platform_->log())),
       view_(std::make_unique<QuickPanelView>(engine_, *window_)) {
   // Where the panel's own modules are; this version of the toolkit does not look there by itself.
   engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
   if (platform_->prefersReducedMotion()) OrvexMotion::setReduced(true);
+  platform_->setFolderChooser(folderChooser_.get());
   using Controller = VantreloOrvexFinalCutExtensionViewController;
   controller_ = std::make_unique<Controller>(
       Controller::Environment{*hostRuntime_, platform_->workspace(), platform_->notifications(),
-                              platform_->log(), *bookmarks_, *view_});
+                              platform_->log(), platform_->audioComponents(), *bookmarks_, *view_});
   controller_->orvexState().setActivePage(options_.page);
   controller_->loadView();
   controller_->viewDidLoad();
@@ -43,7 +46,9 @@ PanelRuntime::PanelRuntime(const PanelOptions& options)
   }
 }
 
-PanelRuntime::~PanelRuntime() = default;
+PanelRuntime::~PanelRuntime() {
+  platform_->setFolderChooser(nullptr);
+}
 
 BuiltInHost* PanelRuntime::builtInHost() const {
   return dynamic_cast<BuiltInHost*>(hostRuntime_->hostSingleton().get());

@@ -18,6 +18,7 @@ class FolderBookmarkStore;
 class HostRuntime;
 class PanelWindow;
 class Platform;
+class QuickFolderChooser;
 class QuickPanelView;
 class VantreloOrvexFinalCutExtensionViewController;
 
@@ -52,6 +53,7 @@ class PanelRuntime final : public QObject, private PanelEndpoint {
   QQmlEngine engine_;
   std::unique_ptr<PanelWindow> window_;
   QTimer resizing_;
+  std::unique_ptr<QuickFolderChooser> folderChooser_;
   std::unique_ptr<QuickPanelView> view_;
   std::unique_ptr<VantreloOrvexFinalCutExtensionViewController> controller_;
 };

@@ -44,7 +44,7 @@ VantreloOrvexFinalCutExtensionViewController::VantreloOrvexFinalCutExtensionView
     : environment_(environment),
       orvexState_(std::make_shared<OrvexState>()),
       motionRegistry_(std::make_unique<MotionTemplateRegistry>(environment.bookmarks)),
-      audioRegistry_(std::make_unique<AudioUnitRegistry>()),
+      audioRegistry_(std::make_unique<AudioUnitRegistry>(environment.audioComponents)),
       lutRegistry_(std::make_unique<LUTRegistry>(environment.bookmarks)),
       fxPlugRegistry_(std::make_unique<FxPlugRegistry>(environment.bookmarks)) {
   connect(&environment_.hostRuntime, &HostRuntime::hostSingletonChanged, this, [this] {

@@ -10,6 +10,7 @@
 
 namespace orvex {
 
+class AudioComponents;
 class FolderBookmarkStore;
 class HostRuntime;
 class SystemLog;
@@ -28,6 +29,7 @@ class VantreloOrvexFinalCutExtensionViewController final : public QObject {
     Workspace& workspace;
     DistributedNotifications& notifications;
     SystemLog& log;
+    std::shared_ptr<AudioComponents> audioComponents;
     FolderBookmarkStore& bookmarks;
     PanelViewHost& view;
   };

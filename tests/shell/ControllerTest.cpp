@@ -1,16 +1,13 @@
 #include "engines/AudioUnitRegistry.h"
-#include "engines/FolderBookmarkStore.h"
 #include "host/FinalCutHostAdapter.h"
-#include "platform/FolderAccess.h"
 #include "platform/HostRuntime.h"
 #include "platform/SystemLog.h"
 #include "platform/Workspace.h"
 #include "shell/OrvexState.h"
 #include "shell/VantreloOrvexFinalCutExtensionViewController.h"
+#include "support/NoSystem.h"
 #include "support/Wait.h"
 
-#include <QSettings>
-#include <QTemporaryDir>
 #include <QUrl>
 
 #include <gmock/gmock.h>
@@ -28,23 +25,6 @@ class BareHost final : public FCPXHost {
   QString versionString() const override { return QStringLiteral("1"); }
   QString bundleIdentifier() const override { return QStringLiteral("bare"); }
   FCPXTimeline* timeline() override { return nullptr; }
-};
-
-// Nobody has granted a folder, and nobody is asked for one.
-class NoFolders final : public FolderAccess {
- public:
-  void chooseFolder(const QString&, const QString&,
-                    std::function<void(std::optional<QUrl>)>) override {
-    ADD_FAILURE() << "asked for a folder";
-  }
-  std::expected<QByteArray, QString> makeGrant(const QUrl&) override {
-    return std::unexpected(QStringLiteral("none"));
-  }
-  std::expected<Resolved, QString> resolveGrant(const QByteArray&) override {
-    return std::unexpected(QStringLiteral("none"));
-  }
-  bool startAccess(const QUrl&) override { return false; }
-  void stopAccess(const QUrl&) override {}
 };
 
 // Everything the controller is handed, recording what it does with it.
@@ -109,18 +89,17 @@ class Controller : public testing::Test {
  protected:
   std::unique_ptr<VantreloOrvexFinalCutExtensionViewController> make() {
     auto controller = std::make_unique<VantreloOrvexFinalCutExtensionViewController>(
-        VantreloOrvexFinalCutExtensionViewController::Environment{world, world, world, world,
-                                                                  bookmarks, world});
+        VantreloOrvexFinalCutExtensionViewController::Environment{
+            world, world, world, world, std::make_shared<NoAudio>(), folders.bookmarks(), world});
     controller->loadView();
     controller->viewDidLoad();
+    const AudioUnitRegistry& audio = controller->audioRegistry();
+    EXPECT_TRUE(waitUntil([&] { return !audio.isRefreshing(); }));
     return controller;
   }
 
   World world;
   NoFolders folders;
-  QTemporaryDir home;
-  QSettings settings{home.filePath(QStringLiteral("settings")), QSettings::IniFormat};
-  FolderBookmarkStore bookmarks{folders, settings, world};
 };
 
 TEST_F(Controller, LoadsItsViewAndListensForSizes) {
@@ -177,7 +156,7 @@ TEST_F(Controller, AsksForFocusThenConnectsAndListsAudioUnits) {
   ASSERT_TRUE(waitUntil([&] { return world.hostsAsked > 0; }));
   EXPECT_EQ(world.opened, QStringList{QStringLiteral("vantrelo-finalcut://focus-panel")});
   EXPECT_EQ(controller->orvexState().host().hostName, u"Bare");
-  EXPECT_GT(controller->audioRegistry().lastRefresh(), before);
+  EXPECT_TRUE(waitUntil([&] { return controller->audioRegistry().lastRefresh() > before; }));
 }
 
 TEST_F(Controller, ClosedBeforeItConnectsItDoesNot) {
