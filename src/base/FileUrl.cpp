@@ -3,6 +3,9 @@
 namespace orvex {
 
 QUrl fileUrl(const QByteArray& path) {
+  // Two slashes at the beginning would be taken for the name of another machine.
+  if (path.isValidUtf8() && !path.startsWith("//"))
+    return QUrl::fromLocalFile(QString::fromUtf8(path));
   return QUrl::fromEncoded("file://" + path.toPercentEncoding("/"), QUrl::StrictMode);
 }
 

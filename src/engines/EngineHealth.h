@@ -32,7 +32,8 @@ Q_ENUM_NS(EngineHealth)
 /// What an engine reports of itself to the pages.
 struct EngineSummary {
   Q_GADGET
-  Q_PROPERTY(orvex::EngineHealth health MEMBER health)
+  // As its number: views cannot compare enumerators that they read from a value.
+  Q_PROPERTY(int health READ healthNumber)
   Q_PROPERTY(QString title MEMBER title)
   Q_PROPERTY(QString detail MEMBER detail)
   Q_PROPERTY(qint64 count MEMBER count)
@@ -44,6 +45,8 @@ struct EngineSummary {
   QString detail;
   /// Items held now.
   qint64 count = 0;
+
+  [[nodiscard]] int healthNumber() const noexcept { return static_cast<int>(health); }
 
   friend bool operator==(const EngineSummary&, const EngineSummary&) = default;
 };

@@ -35,6 +35,8 @@ std::optional<QString> textOf(const QVariant& value) {
 struct Found {
   FxPlugItem item;
   QByteArray path;
+  // What makes it the same bundle as another one. Paths differ even where they read the same.
+  QByteArray identity;
 };
 
 Found read(const FileTreeEntry& entry, const QByteArray& path, const QStringList& languages) {
@@ -51,7 +53,8 @@ Found read(const FileTreeEntry& entry, const QByteArray& path, const QStringList
            textOf(bundle.infoValue(QStringLiteral("CFBundleShortVersionString")))
                .value_or(QStringLiteral("—")),
            fileUrl(path)},
-          path};
+          path,
+          identifier.isEmpty() ? path : identifier.toUtf8()};
 }
 
 }  // namespace
@@ -60,14 +63,14 @@ Inventory<FxPlugItem> scanFxPlugs(const QByteArray& root, const WorkControl& con
                                   const ScanOptions& options) {
   const FolderScan folder(root, control);
   const QStringList languages = Bundle::userLanguages();
-  QHash<QString, Found> bundles;
+  QHash<QByteArray, Found> bundles;
   Inventory<FxPlugItem> inventory{{}, SearchIndex(options.locale)};
   inventory.skippedFolders = folder.walk([&](const FileTreeEntry& entry) {
     if (entry.folder < 0) return FileTree::Next::Skip;
     Found found = read(entry, folder.absolute(entry.path), languages);
-    const auto known = bundles.find(found.item.id);
+    const auto known = bundles.find(found.identity);
     if (known == bundles.end() || known->path < found.path)
-      bundles.insert(found.item.id, std::move(found));
+      bundles.insert(QByteArray(found.identity), std::move(found));
     return isPackage(entry) ? FileTree::Next::Skip : FileTree::Next::Descend;
   });
   for (Found& found : bundles) inventory.items.append(std::move(found.item));

@@ -29,6 +29,9 @@ class Platform {
   /// back.
   virtual void setFolderChooser(FolderChooser* chooser) = 0;
 
+  /// The user's desktop is set to show no animations.
+  [[nodiscard]] virtual bool prefersReducedMotion() = 0;
+
   /// Offers `panel` to companions of this session until the platform is destroyed. False when
   /// another panel already does, or the session has no message bus; the panel works without.
   virtual bool exportPanel(PanelEndpoint& panel) = 0;

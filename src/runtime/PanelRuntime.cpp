@@ -13,9 +13,9 @@
 #include "runtime/QuickPanelView.h"
 #include "shell/OrvexState.h"
 #include "shell/VantreloOrvexFinalCutExtensionViewController.h"
+#include "ui/OrvexMotion.h"
 
 #include <QQuickItem>
-#include <QTimer>
 
 namespace orvex {
 
@@ -30,6 +30,7 @@ PanelRuntime::PanelRuntime(const PanelOptions& options)
       view_(std::make_unique<QuickPanelView>(engine_, *window_)) {
   // Where the panel's own modules are; this version of the toolkit does not look there by itself.
   engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
+  if (platform_->prefersReducedMotion()) OrvexMotion::setReduced(true);
   platform_->setFolderChooser(folderChooser_.get());
   using Controller = VantreloOrvexFinalCutExtensionViewController;
   controller_ = std::make_unique<Controller>(
@@ -73,12 +74,18 @@ void PanelRuntime::show() {
 // who makes it larger asks for more.
 void PanelRuntime::followSizes() {
   OrvexState& state = controller_->orvexState();
-  const auto follow = [this, &state] {
+  // Any process may ask a thousand times a second; a window is resized once per frame.
+  resizing_.setSingleShot(true);
+  resizing_.setInterval(16);
+  connect(&resizing_, &QTimer::timeout, window_.get(), [this, &state] {
     window_->resizePanel({state.panelWidth(), state.panelHeight()});
+  });
+  const auto follow = [this] {
+    if (!resizing_.isActive()) resizing_.start();
   };
   connect(&state, &OrvexState::panelWidthChanged, window_.get(), follow);
   connect(&state, &OrvexState::panelHeightChanged, window_.get(), follow);
-  follow();
+  window_->resizePanel({state.panelWidth(), state.panelHeight()});
   const QQuickItem* area = window_->panelArea();
   connect(area, &QQuickItem::widthChanged, &state, [area, &state] {
     if (area->width() >= state.panelWidth() + 1) state.setPanelWidth(area->width());

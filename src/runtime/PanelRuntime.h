@@ -6,7 +6,9 @@
 #include <QObject>
 #include <QQmlEngine>
 #include <QSettings>
+#include <QTimer>
 
+#include <functional>
 #include <memory>
 
 namespace orvex {
@@ -50,6 +52,7 @@ class PanelRuntime final : public QObject, private PanelEndpoint {
   std::unique_ptr<FolderBookmarkStore> bookmarks_;
   QQmlEngine engine_;
   std::unique_ptr<PanelWindow> window_;
+  QTimer resizing_;
   std::unique_ptr<QuickFolderChooser> folderChooser_;
   std::unique_ptr<QuickPanelView> view_;
   std::unique_ptr<VantreloOrvexFinalCutExtensionViewController> controller_;

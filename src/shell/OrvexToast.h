@@ -9,7 +9,8 @@ namespace orvex {
 struct OrvexToast {
   Q_GADGET
   Q_PROPERTY(QString message MEMBER message)
-  Q_PROPERTY(Kind kind MEMBER kind)
+  // As its number: views cannot compare enumerators that they read from a value.
+  Q_PROPERTY(int kind READ kindNumber)
 
  public:
   enum class Kind { success, error, info };
@@ -17,6 +18,8 @@ struct OrvexToast {
 
   QString message;
   Kind kind = Kind::info;
+
+  [[nodiscard]] int kindNumber() const noexcept { return static_cast<int>(kind); }
 
   friend bool operator==(const OrvexToast&, const OrvexToast&) = default;
 };

@@ -60,7 +60,7 @@ Item {
             padding: 15
 
             contentItem: ColumnLayout {
-                spacing: 10
+                spacing: 0
 
                 RowLayout {
                     spacing: 12
@@ -83,9 +83,10 @@ Item {
                             Accessible.ignored: true
                             Layout.fillWidth: true
                             color: OrvexTheme.muted
-                            elide: Text.ElideMiddle
+                            maximumLineCount: 2
                             size: 9
                             text: card.summary.detail
+                            wrapMode: Text.Wrap
                         }
                     }
 
@@ -97,6 +98,8 @@ Item {
                         OrvexText {
                             Accessible.ignored: true
                             Layout.alignment: Qt.AlignRight
+                            // The tracking after the last letter.
+                            Layout.rightMargin: -tracking
                             color: card.healthColor
                             size: 8
                             text: card.healthWord
@@ -114,10 +117,17 @@ Item {
                     }
                 }
 
+                // Keeps the actions of a row of cards in line.
+                Item {
+                    Layout.fillHeight: true
+                }
+
                 OrvexTextButton {
                     Layout.alignment: Qt.AlignLeft
-                    Layout.maximumWidth: implicitWidth
+                    Layout.bottomMargin: -bottomPadding
                     Layout.fillWidth: true
+                    Layout.maximumWidth: Math.ceil(implicitWidth)
+                    Layout.topMargin: 10 - topPadding
                     title: card.actionTitle
                     visible: card.actionTitle.length > 0
 

@@ -2,7 +2,8 @@ import QtQuick
 import QtQuick.Layouts
 import Orvex
 
-/// A value under its label. A value that is too long is shown whole when pointed at.
+/// A value under its label. A long value is set a little smaller; one that is too long even then is
+/// shown whole when pointed at.
 OrvexPanel {
     id: metric
 
@@ -32,10 +33,23 @@ OrvexPanel {
 
             Accessible.ignored: true
             Layout.fillWidth: true
+            Layout.preferredHeight: Math.ceil(metrics.height)
+            fontSizeMode: Text.HorizontalFit
+            // A timecode still fits into the narrowest column.
+            minimumPixelSize: 13
             size: 18
             text: metric.value
+            verticalAlignment: Text.AlignVCenter
             weight: Font.Black
         }
+    }
+
+    FontMetrics {
+        id: metrics
+
+        font.family: OrvexTheme.fontFamily
+        font.pixelSize: 18
+        font.weight: Font.Black
     }
 
     HoverHandler {

@@ -1,10 +1,9 @@
 import QtQuick
-import QtQuick.Layouts
 import QtQuick.Templates as T
 import Orvex
 
-/// A page that scrolls when it is higher than the room it has. Its children stand in one column;
-/// those with `Layout.fillWidth` are as wide as the page. Whatever gets the keyboard's focus is
+/// A page that scrolls when it is higher than the room it has. Its children stand in one column as
+/// wide as the page, each as high as its implicit height. Whatever gets the keyboard's focus is
 /// brought into view.
 Flickable {
     id: page
@@ -79,9 +78,11 @@ Flickable {
             reveal(focusItem);
     }
 
-    ColumnLayout {
+    // A grid of a single column.
+    OrvexAdaptiveGrid {
         id: column
 
+        minimumWidth: page.width
         spacing: OrvexTheme.pageSpacing
         width: page.width - 2 * page.padding
         x: page.padding

@@ -48,7 +48,7 @@ OrvexPressable {
                         OrvexText {
                             Accessible.ignored: true
                             Layout.fillWidth: true
-                            Layout.maximumWidth: implicitWidth
+                            Layout.maximumWidth: Math.ceil(implicitWidth)
                             size: 12
                             text: card.title
                             weight: Font.Bold

@@ -3,6 +3,7 @@
 #include "engines/AudioUnitRegistry.h"
 #include "engines/EngineHealth.h"
 #include "engines/EngineRegistry.h"
+#include "engines/FolderRegistry.h"
 #include "engines/FxPlugRegistry.h"
 #include "engines/LUTRegistry.h"
 #include "engines/MotionTemplateRegistry.h"
@@ -37,6 +38,13 @@ struct EngineRegistryForeign {
   Q_GADGET
   QML_FOREIGN(orvex::EngineRegistry)
   QML_NAMED_ELEMENT(EngineRegistry)
+  QML_UNCREATABLE("The controller owns the registries.")
+};
+
+struct FolderRegistryForeign {
+  Q_GADGET
+  QML_FOREIGN(orvex::FolderRegistry)
+  QML_NAMED_ELEMENT(FolderRegistry)
   QML_UNCREATABLE("The controller owns the registries.")
 };
 
@@ -99,24 +107,22 @@ struct OrvexToastForeign {
 };
 
 /// `EngineHealth.Ready` and so on.
-struct EngineHealthNames {
-  Q_GADGET
-  QML_FOREIGN_NAMESPACE(orvex)
-  QML_NAMED_ELEMENT(EngineHealth)
-};
+namespace EngineHealthNames {
+Q_NAMESPACE
+QML_FOREIGN_NAMESPACE(orvex)
+QML_NAMED_ELEMENT(EngineHealth)
+}  // namespace EngineHealthNames
 
-/// `OrvexPage.home` and so on.
-struct OrvexPageNames {
-  Q_GADGET
-  QML_FOREIGN_NAMESPACE(orvex::OrvexPage)
-  QML_NAMED_ELEMENT(OrvexPage)
+/// `OrvexToast.Success` and so on: to QML, only what begins with a capital is an enumerator.
+namespace OrvexToastNames {
+Q_NAMESPACE
+QML_NAMED_ELEMENT(OrvexToast)
+enum Kind {
+  Success = static_cast<int>(OrvexToast::Kind::success),
+  Error = static_cast<int>(OrvexToast::Kind::error),
+  Info = static_cast<int>(OrvexToast::Kind::info),
 };
-
-/// `OrvexToast.success` and so on.
-struct OrvexToastNames {
-  Q_GADGET
-  QML_FOREIGN_NAMESPACE(orvex::OrvexToast)
-  QML_NAMED_ELEMENT(OrvexToast)
-};
+Q_ENUM_NS(Kind)
+}  // namespace OrvexToastNames
 
 }  // namespace orvex

@@ -2,7 +2,7 @@
 #include "platform/PanelEndpoint.h"
 #include "platform/Platform.h"
 #include "platform/Workspace.h"
-#include "platform/hosts/MpvConnection.h"
+#include "support/MpvPlayer.h"
 #include "support/PrivateSession.h"
 #include "support/Wait.h"
 
@@ -164,66 +164,32 @@ TEST_F(CompanionProcess, RegisteredItIsWhatTheDesktopOpensAddressesWith) {
   }
 }
 
-class Player : public CompanionProcess {
- protected:
-  void SetUp() override {
-    CompanionProcess::SetUp();
-    socket_ = home(QStringLiteral("run/mpv.sock"));
-    mpv_.start(QStringLiteral("mpv"),
-               {QStringLiteral("--no-config"), QStringLiteral("--no-terminal"),
-                QStringLiteral("--idle=yes"), QStringLiteral("--pause"),
-                QStringLiteral("--vo=null"), QStringLiteral("--ao=null"),
-                QStringLiteral("--start=2"), QStringLiteral("--input-ipc-server=") + socket_,
-                QStringLiteral("av://lavfi:testsrc2=size=64x36:rate=25:duration=10")});
-    ASSERT_TRUE(waitUntil([&] {
-      return ask({QStringLiteral("get_property"), QStringLiteral("time-pos")}).isDouble();
-    }));
-  }
-  void TearDown() override {
-    mpv_.kill();
-    mpv_.waitForFinished();
-  }
-
-  // What the player answers to `command`; undefined when it does not.
-  [[nodiscard]] QJsonValue ask(const QJsonArray& command) {
-    const auto connection = MpvConnection::open(socket_);
-    if (!connection) return QJsonValue::Undefined;
-    std::optional<QJsonValue> answer;
-    (*connection)->send(command, [&](const MpvReply& reply) {
-      answer = reply.succeeded() ? reply.data : QJsonValue(QJsonValue::Undefined);
-    });
-    return waitUntil([&] { return answer.has_value(); }) ? *answer : QJsonValue::Undefined;
-  }
-  [[nodiscard]] QJsonValue property(const QString& name) {
-    return ask({QStringLiteral("get_property"), name});
-  }
-
-  QString socket_;
-  QProcess mpv_;
-};
-
-TEST_F(Player, GetsItsCommandsFromTheCompanion) {
-  qputenv("ORVEX_HOST", "mpv:" + QFile::encodeName(socket_));
+TEST_F(CompanionProcess, GivesAPlayerItsCommands) {
+  MpvPlayer player({QStringLiteral("--start=2"), testClip(QStringLiteral("25"))});
+  ASSERT_TRUE(waitUntil([&] { return player.property(QStringLiteral("time-pos")).isDouble(); }));
   const QString chapters = QStringLiteral("chapter-list");
-  const qsizetype before = property(chapters).toArray().size();
-  const double playhead = property(QStringLiteral("time-pos")).toDouble();
+  const QString speed = QStringLiteral("speed");
+
+  qputenv("ORVEX_HOST", "mpv:" + QFile::encodeName(player.socketPath()));
+  const qsizetype before = player.property(chapters).toArray().size();
   const Result blade = run({actionUrl(QStringLiteral("blade-speed"))});
   EXPECT_EQ(blade.exitCode, 0) << qPrintable(blade.errors);
-  const QJsonArray after = property(chapters).toArray();
+  const QJsonArray after = player.property(chapters).toArray();
   ASSERT_EQ(after.size(), before + 1);
-  EXPECT_DOUBLE_EQ(after.last().toObject().value(u"time").toDouble(), playhead);
+  EXPECT_DOUBLE_EQ(after.last().toObject().value(u"time").toDouble(),
+                   player.property(QStringLiteral("time-pos")).toDouble());
 
-  std::ignore = ask({QStringLiteral("set_property"), QStringLiteral("speed"), 2.5});
+  player.command({QStringLiteral("set_property"), speed, 2.5});
   // Without the variable the panel says which player it is.
   qunsetenv("ORVEX_HOST");
-  panel_.host = QStringLiteral("mpv:") + socket_;
+  panel_.host = QStringLiteral("mpv:") + player.socketPath();
   ASSERT_TRUE(platform_->exportPanel(panel_));
   const Result retime = run({actionUrl(QStringLiteral("toggle-retime"))});
   EXPECT_EQ(retime.exitCode, 0) << qPrintable(retime.errors);
   EXPECT_TRUE(retime.output.contains(u"%250")) << qPrintable(retime.output);
-  EXPECT_EQ(property(QStringLiteral("speed")).toDouble(), 2.5);
+  EXPECT_EQ(player.property(speed).toDouble(), 2.5);
   EXPECT_EQ(run({actionUrl(QStringLiteral("normal-speed"))}).exitCode, 0);
-  EXPECT_EQ(property(QStringLiteral("speed")).toDouble(), 1);
+  EXPECT_EQ(player.property(speed).toDouble(), 1);
   EXPECT_EQ(panel_.calls, QStringList());
 }
 

@@ -47,6 +47,8 @@ struct Clip {
   const char* rate;
   FrameRate exact;
   std::int64_t frames;
+
+  friend void PrintTo(const Clip& clip, std::ostream* stream) { *stream << clip.rate; }
 };
 
 class RealPlayer : public testing::TestWithParam<Clip> {};

@@ -1,5 +1,6 @@
 // The player's side of the socket played by the test: what a real player never or seldom sends.
 #include "platform/hosts/MpvConnection.h"
+#include "platform/hosts/MpvHost.h"
 #include "platform/hosts/MpvHostRuntime.h"
 #include "platform/hosts/TimelineObservers.h"
 #include "platform_hosts/Panel.h"
@@ -31,10 +32,12 @@ void sendAll(int descriptor, const QByteArray& bytes) {
   }
 }
 
-// Listens at a path and serves each connection, one after another, on a thread of its own.
+// Listens at a path, `pause` after it has made the socket's file, and serves each connection, one
+// after another, on a thread of its own.
 class Peer {
  public:
-  Peer(const QString& path, std::function<void(int descriptor)> serve) {
+  Peer(const QString& path, std::function<void(int descriptor)> serve,
+       std::chrono::milliseconds pause = {}) {
     const QByteArray name = QFile::encodeName(path);
     ::unlink(name.constData());
     sockaddr_un address{};
@@ -42,23 +45,38 @@ class Peer {
     qstrncpy(address.sun_path, name.constData(), sizeof address.sun_path);
     const int listener = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     EXPECT_EQ(::bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
-    EXPECT_EQ(::listen(listener, 8), 0);
-    thread_ = std::jthread([this, listener, serve = std::move(serve)](std::stop_token stop) {
+    if (pause.count() == 0) {
+      EXPECT_EQ(::listen(listener, 8), 0);
+    }
+    thread_ = std::jthread([this, listener, pause, serve = std::move(serve)](std::stop_token stop) {
+      if (pause.count() > 0) {
+        std::this_thread::sleep_for(pause);
+        ::listen(listener, 8);
+      }
       while (!stop.stop_requested()) {
         pollfd waiting{listener, POLLIN, 0};
         if (::poll(&waiting, 1, 5) <= 0) continue;
         const int descriptor = ::accept4(listener, nullptr, nullptr, SOCK_CLOEXEC);
         ++connections;
+        serving_ = descriptor;
         serve(descriptor);
+        serving_ = -1;
         ::close(descriptor);
       }
       ::close(listener);
     });
   }
 
+  ~Peer() {
+    thread_.request_stop();
+    // What is served may wait for the other side, which outlives this.
+    ::shutdown(serving_, SHUT_RDWR);
+  }
+
   std::atomic<int> connections = 0;
 
  private:
+  std::atomic<int> serving_ = -1;
   std::jthread thread_;
 };
 
@@ -195,6 +213,22 @@ TEST(MpvHostRuntime, WaitsForARealPlayerBehindGarbage) {
   EXPECT_TRUE(waitUntil([&] { return runtime.hostSingleton() != nullptr; }));
 }
 
+TEST(MpvHostRuntime, TriesAgainWhileThePlayerDoesNotListenYet) {
+  const QTemporaryDir folder;
+  const QString path = folder.filePath(QStringLiteral("s"));
+  MpvHostRuntime runtime(path);
+  std::ignore = waitUntil([] { return false; }, std::chrono::milliseconds(600));
+  FakeState state;
+  Peer peer(
+      path,
+      [&state](int descriptor) {
+        answerRequests(descriptor,
+                       [&state](const QJsonObject& request) { return state.answer(request); });
+      },
+      std::chrono::milliseconds(60));
+  EXPECT_TRUE(waitUntil([&] { return runtime.hostSingleton() != nullptr; }));
+}
+
 TEST(MpvHost, CoalescesAFlood) {
   constexpr int kEvents = 50'000;
   const QTemporaryDir folder;
@@ -230,17 +264,22 @@ TEST(MpvHost, CoalescesAFlood) {
 TEST(MpvHost, EndsEveryMove) {
   const QTemporaryDir folder;
   FakeState state;
-  std::atomic<bool> refuse = true;
+  enum Answer { Refuse, Obey, LoseFile };
+  std::atomic<Answer> answerTo = Refuse;
+  std::atomic<bool> askedTooEarly = false;
   Peer peer(folder.filePath(QStringLiteral("s")), [&](int descriptor) {
     answerRequests(descriptor, [&](const QJsonObject& request) {
       const QByteArray answer = state.answer(request);
       if (!answer.isEmpty()) return answer;
       const QString command = request.value(u"command").toArray()[0].toString();
       if (command == u"get_property") return reply(request, QStringLiteral("success"), 4.04);
-      if (refuse) return reply(request, QStringLiteral("error running command"));
+      if (answerTo == Refuse) return reply(request, QStringLiteral("error running command"));
+      if (answerTo == LoseFile) return reply(request) + event(QStringLiteral("end-file"));
       // The end of somebody else's seek comes first, at some other place.
-      return reply(request) + event(QStringLiteral("playback-restart")) +
-             propertyChange(state.ids.value(QStringLiteral("time-pos")), 1.0) +
+      sendAll(descriptor, reply(request) + event(QStringLiteral("playback-restart")));
+      pollfd asked{descriptor, POLLIN, 0};
+      askedTooEarly = ::poll(&asked, 1, 50) > 0;
+      return propertyChange(state.ids.value(QStringLiteral("time-pos")), 1.0) +
              event(QStringLiteral("seek")) + event(QStringLiteral("playback-restart"));
     });
   });
@@ -259,13 +298,17 @@ TEST(MpvHost, EndsEveryMove) {
   ASSERT_TRUE(waitUntil([&] { return observer.playheads == 1; }));
   EXPECT_EQ(timeline->playheadTime(), MediaTime(50, 25)) << "what is refused is dropped";
 
-  refuse = false;
+  answerTo = Obey;
   panel.adapter.movePlayhead(4);
   ASSERT_TRUE(waitUntil([&] { return observer.playheads == 2; }));
   EXPECT_EQ(timeline->playheadTime(), MediaTime(101, 25)) << "where the player says it went";
+  EXPECT_FALSE(askedTooEarly);
 
+  answerTo = LoseFile;
+  panel.adapter.movePlayhead(6);
+  EXPECT_TRUE(waitUntil([&] { return observer.playheads == 3; }, MpvHost::kSeekDeadline / 2));
   timeline->movePlayheadTo(MediaTime());
-  EXPECT_TRUE(waitUntil([&] { return observer.playheads == 3; }));
+  EXPECT_TRUE(waitUntil([&] { return observer.playheads == 4; }));
   timeline->removeTimelineObserver(&observer);
 }
 

@@ -52,7 +52,7 @@ TEST_F(Panel, AnswersWithoutADisplay) {
   const Result wrong =
       run(QStringLiteral("orvex-panel"), {QStringLiteral("--page"), QStringLiteral("x")});
   EXPECT_EQ(wrong.exitCode, 2);
-  EXPECT_TRUE(wrong.errors.contains(u"timeline")) << wrong.errors;
+  EXPECT_TRUE(wrong.errors.contains(u"timeline")) << qPrintable(wrong.errors);
 }
 
 TEST_F(Panel, SavesAPageOfTheSizeAskedFor) {
@@ -61,7 +61,7 @@ TEST_F(Panel, SavesAPageOfTheSizeAskedFor) {
                               QStringLiteral("--size"), QStringLiteral("700x500"),
                               QStringLiteral("--screenshot")};
   const Result saved = run(QStringLiteral("orvex-panel"), arguments + QStringList{file});
-  EXPECT_EQ(saved.exitCode, 0) << saved.errors;
+  EXPECT_EQ(saved.exitCode, 0) << qPrintable(saved.errors);
   EXPECT_EQ(QImage(file).size(), QSize(700, 500));
   const Result failed = run(QStringLiteral("orvex-panel"),
                             arguments + QStringList{QStringLiteral("/nonexistent/a.png")});
@@ -79,7 +79,7 @@ TEST_F(Panel, TheCompanionReachesTheHostOfARunningPanel) {
   Result result{-1, {}, {}};
   while (result.exitCode != 0 && timer.elapsed() < 20000)
     result = run(QStringLiteral("orvex-companion"), blade);
-  EXPECT_EQ(result.exitCode, 0) << result.errors;
+  EXPECT_EQ(result.exitCode, 0) << qPrintable(result.errors);
   EXPECT_EQ(
       run(QStringLiteral("orvex-companion"), {QStringLiteral("vantrelo-finalcut://focus-panel")})
           .exitCode,

@@ -13,6 +13,7 @@ TestCase {
     property OrvexRootView panel: null
 
     when: windowShown
+    visible: true
     width: 1040
     height: 780
 
@@ -26,9 +27,9 @@ TestCase {
         verify(objects !== null);
     }
 
-    // Shows the root view in an area of the size given, which is also the size asked for unless
-    // told otherwise.
-    function open(width, height, panelWidth, panelHeight) {
+    // Makes the root view in an area of the size given, which is also the size asked for unless told
+    // otherwise.
+    function make(width, height, panelWidth, panelHeight) {
         objects.state.panelWidth = panelWidth === undefined ? width : panelWidth;
         objects.state.panelHeight = panelHeight === undefined ? height : panelHeight;
         panel = createTemporaryObject(panelComponent, testCase, {
@@ -42,6 +43,11 @@ TestCase {
             hostAdapter: objects.hostAdapter
         });
         verify(panel !== null);
+    }
+
+    // The same, and laid out, so that it can be clicked.
+    function open(width, height) {
+        make(width, height);
         waitForRendering(panel);
     }
 

@@ -6,6 +6,7 @@
 
 Q_IMPORT_QML_PLUGIN(OrvexPlugin)
 Q_IMPORT_QML_PLUGIN(Orvex_PagesPlugin)
+Q_IMPORT_QML_PLUGIN(Orvex_SpeedPlugin)
 
 class Setup final : public QObject {
   Q_OBJECT

@@ -14,6 +14,7 @@
 
 Q_IMPORT_QML_PLUGIN(OrvexPlugin)
 Q_IMPORT_QML_PLUGIN(Orvex_PagesPlugin)
+Q_IMPORT_QML_PLUGIN(Orvex_SpeedPlugin)
 
 namespace {
 
@@ -49,8 +50,8 @@ class Screens {
   void draw(const QString& name, QSize size, const QString& type, const QVariantMap& properties) {
     QQuickWindow window;
     window.resize(size);
-    QQmlComponent component(
-        &engine_, QUrl(QStringLiteral("qrc:/qt/qml/Orvex/Pages/%1.qml").arg(type)));
+    QQmlComponent component(&engine_,
+                            QUrl(QStringLiteral("qrc:/qt/qml/Orvex/Pages/%1.qml").arg(type)));
     const std::unique_ptr<QObject> object(component.createWithInitialProperties(properties));
     auto* item = qobject_cast<QQuickItem*>(object.get());
     if (item == nullptr) qFatal("%s", qPrintable(component.errorString()));
@@ -68,13 +69,14 @@ class Screens {
 };
 
 void drawPages(Screens& screens) {
-  for (const QSize size : {QSize(1040, 780), QSize(979, 780), QSize(700, 780), QSize(360, 640),
-                           QSize(320, 320)}) {
+  for (const QSize size :
+       {QSize(1040, 780), QSize(979, 780), QSize(700, 780), QSize(360, 640), QSize(320, 320)}) {
     const QString suffix = QStringLiteral("-%1x%2").arg(size.width()).arg(size.height());
     screens.startOver();
     for (const OrvexPage page : OrvexPage::allCases()) {
       screens.objects().state()->setActivePage(page);
-      if (page == OrvexPage::timeline) screens.panel(QStringLiteral("timeline-offline") + suffix, size);
+      if (page == OrvexPage::timeline)
+        screens.panel(QStringLiteral("timeline-offline") + suffix, size);
     }
     screens.objects().connectHost();
     screens.objects().host()->seek(12.48);
@@ -86,8 +88,9 @@ void drawPages(Screens& screens) {
     screens.objects().toast(QStringLiteral("Retime Editor komutu Final Cut'a gönderildi."), 0, 60);
     screens.panel(QStringLiteral("toast-success") + suffix, size);
     screens.objects().toast(
-        QStringLiteral("Update Center • Sunucuya ulaşılamadı: bağlantı zaman aşımına uğradı. İnternet "
-                       "bağlantını denetle ve yeniden dene."),
+        QStringLiteral(
+            "Update Center • Sunucuya ulaşılamadı: bağlantı zaman aşımına uğradı. İnternet "
+            "bağlantını denetle ve yeniden dene."),
         1, 60);
     screens.panel(QStringLiteral("toast-error") + suffix, size);
     screens.objects().toast(QStringLiteral("Final Cut frameDuration henüz hazır değil."), 2, 60);

@@ -47,17 +47,16 @@ PanelCase {
             compare(objects.state.activePage.id, id);
             verify(showing(page(), titles[id]) !== null, id);
             verify(button.selected);
-            compare(allItems(panel, item => item.selected === true).length, 1);
+            compare(allItems(panel, item => item.page !== undefined && item.selected === true).length, 1);
             compare(panel.compactNavFocus, id);
         }
     }
 
     function bringIntoView(button) {
         const strip = named(panel, "strip");
-        while (OrvexPages.indexOf(OrvexPages.byId(panel.compactNavFocus)) > OrvexPages.indexOf(button.page))
-            mouseClick(arrow("backward"));
-        while (OrvexPages.indexOf(OrvexPages.byId(panel.compactNavFocus)) < OrvexPages.indexOf(button.page))
-            mouseClick(arrow("forward"));
+        const way = OrvexPages.indexOf(button.page) - OrvexPages.indexOf(OrvexPages.byId(panel.compactNavFocus));
+        for (let i = 0; i < Math.abs(way); ++i)
+            mouseClick(arrow(way < 0 ? "backward" : "forward"));
         const x = button.mapToItem(strip, 0, 0).x;
         verify(x >= 0 && x + button.width <= strip.width, button.page.id);
     }
@@ -114,7 +113,7 @@ PanelCase {
                 }));
     }
     function test_layout_follows_the_panel_width(data) {
-        open(data.offered, 780, data.asked, 780);
+        make(data.offered, 780, data.asked, 780);
         compare(named(panel, "panel").width, data.width);
         compare(panel.compact, data.compact);
         compare(named(panel, "sidebar") === null, data.compact);
@@ -132,7 +131,7 @@ PanelCase {
                 }));
     }
     function test_low_panel_hugs_the_bottom(data) {
-        open(1040, data.offered, 1040, data.asked);
+        make(1040, data.offered, 1040, data.asked);
         compare(named(panel, "panel").y, data.y);
         compare(named(panel, "panel").height, data.height);
     }
@@ -211,8 +210,26 @@ PanelCase {
     }
     function test_host_line(data) {
         objects.report(data.fields);
-        open(1040, 780);
+        make(1040, 780);
         compare(named(panel, "hostLine").text, data.text);
         verify(showing(named(panel, "topbar"), data.badge) !== null);
+    }
+
+    // Whoever cannot see the panel hears what can be pressed, and presses it.
+    function test_everything_to_press_has_a_name_data() {
+        return test_keyboard_data();
+    }
+    function test_everything_to_press_has_a_name(data) {
+        open(data.width, 640);
+        for (const id of Object.keys(titles)) {
+            objects.state.activePage = OrvexPages.byId(id);
+            compare(named(panel, "content").Accessible.name, objects.state.activePage.title);
+            const pressable = allItems(panel, item => item.clicked !== undefined && item.keyHeld !== undefined);
+            verify(pressable.length >= 9);
+            for (const item of pressable)
+                verify(item.Accessible.name !== "", id + ": " + item);
+        }
+        named(panel, "navigation color").Accessible.pressAction();
+        compare(objects.state.activePage.id, "color");
     }
 }

@@ -17,11 +17,11 @@ PanelCase {
         OrvexTimelineView {
             width: 700
             height: 600
-            moveStart: () => calls.push("start")
-            moveEnd: () => calls.push("end")
-            moveSeconds: seconds => calls.push("seconds " + seconds)
-            moveFrames: count => calls.push("frames " + count)
-            refresh: () => calls.push("refresh")
+            onMoveStart: calls.push("start")
+            onMoveEnd: calls.push("end")
+            onMoveSeconds: seconds => calls.push("seconds " + seconds)
+            onMoveFrames: count => calls.push("frames " + count)
+            onRefresh: calls.push("refresh")
         }
     }
 

@@ -16,19 +16,19 @@ PanelCase {
         return [
             {
                 tag: "success",
-                kind: OrvexToast.success,
+                kind: OrvexToast.Success,
                 symbol: "checkmark.circle.fill",
                 accent: OrvexTheme.blue
             },
             {
                 tag: "error",
-                kind: OrvexToast.error,
+                kind: OrvexToast.Error,
                 symbol: "exclamationmark.triangle.fill",
                 accent: OrvexTheme.danger
             },
             {
                 tag: "info",
-                kind: OrvexToast.info,
+                kind: OrvexToast.Info,
                 symbol: "info.circle.fill",
                 accent: OrvexTheme.warning
             }
@@ -68,20 +68,20 @@ PanelCase {
     }
     function test_place(data) {
         open(data.width, 780);
-        objects.toast(sentence + sentence, OrvexToast.error, 60);
+        objects.toast(sentence + sentence, OrvexToast.Error, 60);
         compare(toastView().y, data.top);
         compare(toastView().x + toastView().width, data.width - 14);
         verify(toastView().width <= data.limit);
         const message = findItem(toastView(), item => item.text === objects.state.toast.message);
         verify(!message.truncated, "a message of two sentences is shown whole");
-        objects.toast("Kısa", OrvexToast.info, 60);
+        objects.toast("Kısa", OrvexToast.Info, 60);
         verify(toastView().width < data.limit / 2, "a short message makes a small toast");
     }
 
     function test_replaced_in_place_and_hidden() {
         open(1040, 780);
-        objects.toast("Bir", OrvexToast.success, 60);
-        objects.toast("İki", OrvexToast.error, 0.05);
+        objects.toast("Bir", OrvexToast.Success, 60);
+        objects.toast("İki", OrvexToast.Error, 0.05);
         compare(toastView().y, 76);
         compare(toastView().opacity, 1);
         compare(allItems(panel, item => item.symbolName !== undefined).length, 1);
@@ -93,14 +93,14 @@ PanelCase {
     function test_moves_in_and_out() {
         open(1040, 780);
         OrvexMotion.reduced = false;
-        objects.toast("Bir", OrvexToast.success, 60);
+        objects.toast("Bir", OrvexToast.Success, 60);
         verify(toastView().opacity < 1);
         verify(toastView().scale < 1);
         verify(toastView().y < 76);
         tryCompare(toastView(), "opacity", 1);
         compare(toastView().scale, 1);
         compare(toastView().y, 76);
-        objects.toast("Bir", OrvexToast.success, 0);
+        objects.toast("Bir", OrvexToast.Success, 0);
         tryVerify(() => !objects.state.hasToast);
         verify(toastView().visible, "it fades with its text");
         verify(showing(toastView(), "Bir") !== null);
@@ -111,7 +111,7 @@ PanelCase {
         open(360, 640);
         objects.state.activePage = OrvexPages.byId("timeline");
         objects.connectHost();
-        objects.toast(sentence, OrvexToast.info, 60);
+        objects.toast(sentence, OrvexToast.Info, 60);
         const button = named(panel, "navigation home");
         mouseClick(button);
         compare(objects.state.activePage.id, "home");

@@ -2,6 +2,7 @@
 #include "platform/linux/BusNotifications.h"
 #include "platform/linux/BusPanel.h"
 #include "platform/linux/CategoryLog.h"
+#include "platform/linux/DesktopSettings.h"
 #include "platform/linux/GioSchemeHandler.h"
 #include "platform/linux/GioWorkspace.h"
 #include "platform/linux/LinuxFolderAccess.h"
@@ -28,6 +29,8 @@ class LinuxPlatform final : public Platform {
     return audioComponents_;
   }
   [[nodiscard]] PanelEndpoint& remotePanel() override { return remotePanel_; }
+
+  [[nodiscard]] bool prefersReducedMotion() override { return desktopAnimationsOff(); }
 
   bool exportPanel(PanelEndpoint& panel) override {
     auto exported = exportPanelOn(bus_, panel);

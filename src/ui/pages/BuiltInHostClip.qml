@@ -1,6 +1,5 @@
 import QtQuick
 import Orvex
-import Orvex.Pages
 
 // One clip of the built-in host's sequence, with the band of the retime editor while that is open.
 Rectangle {

@@ -19,6 +19,14 @@ Item {
         return Number(value.toFixed(3)) + " fps";
     }
 
+    function rateTexts(rates: var): var {
+        return rates.map(controls.rateText);
+    }
+
+    function indexOfRate(rates: var, rate: string): int {
+        return rates.indexOf(rate);
+    }
+
     OrvexPressable {
         id: play
 
@@ -110,8 +118,8 @@ Item {
         width: 104
         height: parent.height
         name: "Kare hızı"
-        model: controls.host.frameRates.map(controls.rateText)
-        currentIndex: controls.host.frameRates.indexOf(controls.host.frameRate)
+        model: controls.rateTexts(controls.host.frameRates)
+        currentIndex: controls.indexOfRate(controls.host.frameRates, controls.host.frameRate)
         onActivated: index => controls.host.frameRate = controls.host.frameRates[index]
     }
 }

@@ -2,7 +2,6 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Orvex
-import Orvex.Pages
 
 // Ticks with their times. Their distance is the shortest round one that leaves the texts room.
 Item {
@@ -44,7 +43,7 @@ Item {
             }
 
             OrvexText {
-                x: 5
+                x: 8
                 y: 1
                 // The last text would reach beyond the end.
                 visible: tick.major && tick.x + x + width <= ruler.width

@@ -25,7 +25,7 @@ FocusScope {
 
     Rectangle {
         anchors.fill: parent
-        color: OrvexTheme.sidebar
+        color: OrvexTheme.mix(OrvexTheme.sidebar, OrvexTheme.text, 0.045)
 
         Rectangle {
             width: parent.width

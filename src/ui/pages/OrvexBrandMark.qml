@@ -1,6 +1,5 @@
 import QtQuick
 import Orvex
-import Orvex.Pages
 
 // The rounded square with the product's bolt.
 Rectangle {

@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
 import Orvex
-import Orvex.Pages
 
 // LUTs of the installed packs and of the user's own folder.
 OrvexScrollPage {

@@ -26,14 +26,16 @@ Rectangle {
 
     color: OrvexTheme.background
     implicitHeight: strip.height
-    onFocusedPageChanged: strip.centre()
+    onFocusedPageChanged: strip.scrollTo(strip.centredX())
 
     Flickable {
         id: strip
 
-        readonly property Item focusedButton: buttons.itemAt(OrvexPages.indexOf(OrvexPages.byId(navigation.focusedPage)))
-        // Where the page with the focus is in the middle, as far as the ends of the strip allow.
-        readonly property real centredX: focusedButton === null ? 0 : row.x + focusedButton.x + focusedButton.width / 2 - width / 2
+        // Where the focused page is in the middle, as far as the ends of the strip allow.
+        function centredX(): real {
+            const button = buttons.itemAt(OrvexPages.indexOf(OrvexPages.byId(navigation.focusedPage)));
+            return button === null ? 0 : bounded(row.x + button.x + button.width / 2 - width / 2);
+        }
 
         function bounded(x: real): real {
             return Math.max(0, Math.min(x, contentWidth - width));
@@ -44,8 +46,10 @@ Rectangle {
             scroll.to = bounded(x);
         }
 
-        function centre(): void {
-            scrollTo(centredX);
+        // Without a spring, for a strip that is laid out anew.
+        function jumpToCentre(): void {
+            scroll.jump(centredX());
+            contentX = scroll.value;
         }
 
         function setSpring(response: real, dampingFraction: real): void {
@@ -71,12 +75,8 @@ Rectangle {
         boundsBehavior: Flickable.StopAtBounds
         interactive: row.implicitWidth > width
         onMovementStarted: scroll.jump(contentX)
-        // A strip that is laid out anew is centred at once.
-        onWidthChanged: {
-            scroll.jump(bounded(centredX));
-            contentX = scroll.value;
-        }
-        onContentWidthChanged: widthChanged()
+        onWidthChanged: jumpToCentre()
+        onContentWidthChanged: jumpToCentre()
 
         OrvexSpring {
             id: scroll

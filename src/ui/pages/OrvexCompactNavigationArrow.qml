@@ -1,6 +1,5 @@
 import QtQuick
 import Orvex
-import Orvex.Pages
 
 // An arrow at one end of the compact page strip. The strip is not clipped, so the arrow stands on a
 // piece of the strip's background that hides what passes behind it, out to the edge of the panel.

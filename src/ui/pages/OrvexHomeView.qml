@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
 import Orvex
-import Orvex.Pages
 
 // What the panel controls at a glance.
 OrvexScrollPage {
@@ -12,7 +11,8 @@ OrvexScrollPage {
     required property AudioUnitRegistry audio
     required property LUTRegistry luts
     required property FxPlugRegistry fxplug
-    required property var refreshHost
+
+    signal refreshHost
 
     OrvexSectionTitle {
         Layout.fillWidth: true

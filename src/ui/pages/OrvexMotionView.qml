@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
 import Orvex
-import Orvex.Pages
 
 // The Motion templates found.
 OrvexScrollPage {

@@ -1,6 +1,5 @@
 import QtQuick
 import Orvex
-import Orvex.Pages
 
 // The entry of one page in the navigation, in its wide or compact form.
 OrvexPressable {

@@ -72,6 +72,9 @@ Item {
         sourceComponent: view.component(view.pageId)
     }
 
+    // The toolkit's Loader cannot make bound components, so these are not, and the linter does not know
+    // the identifiers in them.
+    // qmllint disable unqualified
     Component {
         id: home
 
@@ -81,7 +84,7 @@ Item {
             audio: view.audio
             luts: view.luts
             fxplug: view.fxplug
-            refreshHost: () => view.hostAdapter.refresh("home")
+            onRefreshHost: view.hostAdapter.refresh("home")
         }
     }
 
@@ -90,11 +93,11 @@ Item {
 
         OrvexTimelineView {
             state: view.state
-            moveStart: () => view.hostAdapter.moveToStart()
-            moveEnd: () => view.hostAdapter.moveToEnd()
-            moveSeconds: seconds => view.hostAdapter.moveBy(seconds)
-            moveFrames: count => view.hostAdapter.moveByFrames(count)
-            refresh: () => view.hostAdapter.refresh("timeline")
+            onMoveStart: view.hostAdapter.moveToStart()
+            onMoveEnd: view.hostAdapter.moveToEnd()
+            onMoveSeconds: seconds => view.hostAdapter.moveBy(seconds)
+            onMoveFrames: count => view.hostAdapter.moveByFrames(count)
+            onRefresh: view.hostAdapter.refresh("timeline")
         }
     }
 
@@ -103,7 +106,7 @@ Item {
 
         OrvexSpeedRampView {
             state: view.state
-            perform: action => view.hostAdapter.performTimelineAction(action)
+            onPerform: action => view.hostAdapter.performTimelineAction(action)
         }
     }
 
@@ -155,4 +158,5 @@ Item {
             state: view.state
         }
     }
+    // qmllint enable unqualified
 }

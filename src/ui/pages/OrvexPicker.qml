@@ -3,7 +3,6 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import Orvex
-import Orvex.Pages
 
 // A choice from a list of texts. The list opens to the side where the window has room for it.
 T.ComboBox {

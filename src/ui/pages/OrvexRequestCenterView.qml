@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
 import Orvex
-import Orvex.Pages
 
 // Writes to the vendor.
 OrvexScrollPage {

@@ -15,7 +15,8 @@ Item {
     required property FinalCutHostAdapter hostAdapter
 
     readonly property bool compact: panel.width < OrvexPanelMetrics.wideWidth
-    // The page that the compact strip is centred on.
+    // The page that the compact strip is centred on: the active one, until the strip's arrows move it
+    // and from the next change of the active page on again.
     property string compactNavFocus: root.state.activePage.id
 
     // Sizes that the host has not reported yet, or that are too small to be meant, do not bind.
@@ -85,6 +86,9 @@ Item {
         }
     }
 
+    // The toolkit's Loader cannot make bound components, so these are not, and the linter does not know
+    // the identifiers in them.
+    // qmllint disable unqualified
     Component {
         id: wideFrame
 
@@ -104,4 +108,5 @@ Item {
             onFocusMoved: id => root.compactNavFocus = id
         }
     }
+    // qmllint enable unqualified
 }

@@ -10,10 +10,11 @@ OrvexScrollPage {
     id: page
 
     required property OrvexState state
-    // Called with the name of a timeline command.
-    required property var perform
 
     readonly property bool available: page.state.host.sequenceAvailable
+
+    // Asks for a timeline command by its name.
+    signal perform(action: string)
 
     // The drawn curve springs to the edited one where `animated`, otherwise it jumps there.
     function draw(animated: bool): void {
@@ -34,13 +35,13 @@ OrvexScrollPage {
 
     function copyCode(): void {
         OrvexClipboard.text = edited.bezierCode;
-        page.state.showToast("Eğri metni kopyalandı.", OrvexToast.success, 3.2);
+        page.state.showToast("Eğri metni kopyalandı.", OrvexToast.Success, 3.2);
     }
 
     function pasteCode(): void {
         const error = edited.paste(OrvexClipboard.text);
         if (error)
-            page.state.showToast(error, OrvexToast.error, 5.0);
+            page.state.showToast(error, OrvexToast.Error, 5.0);
     }
 
     padding: 16
@@ -261,25 +262,25 @@ OrvexScrollPage {
     }
 
     Shortcut {
-        sequences: [StandardKey.Undo]
+        sequences: ["Ctrl+Z"]
 
         onActivated: page.animated(() => edited.undo())
     }
 
     Shortcut {
-        sequences: [StandardKey.Redo]
+        sequences: ["Ctrl+Shift+Z", "Ctrl+Y"]
 
         onActivated: page.animated(() => edited.redo())
     }
 
     Shortcut {
-        sequences: [StandardKey.Copy]
+        sequences: ["Ctrl+C"]
 
         onActivated: page.copyCode()
     }
 
     Shortcut {
-        sequences: [StandardKey.Paste]
+        sequences: ["Ctrl+V"]
 
         onActivated: page.pasteCode()
     }

@@ -1,23 +1,22 @@
 import QtQuick
 import QtQuick.Layouts
 import Orvex
-import Orvex.Pages
 
 // What the host says of its sequence, and the moves of its playhead.
 OrvexScrollPage {
     id: page
 
     required property OrvexState state
-    required property var moveStart
-    required property var moveEnd
-    // Called with seconds, below 0 for backwards.
-    required property var moveSeconds
-    // Called with a number of frames, below 0 for backwards.
-    required property var moveFrames
-    required property var refresh
-
     readonly property bool available: page.state.host.sequenceAvailable
     readonly property bool steppable: page.available && page.state.host.frameDurationSeconds > 0
+
+    signal moveStart
+    signal moveEnd
+    // Below 0 for backwards.
+    signal moveSeconds(seconds: real)
+    // Below 0 for backwards.
+    signal moveFrames(count: int)
+    signal refresh
 
     OrvexSectionTitle {
         Layout.fillWidth: true

@@ -1,6 +1,5 @@
 import QtQuick
 import Orvex
-import Orvex.Pages
 
 // One toast: a symbol and a message that wraps rather than being cut.
 Item {
@@ -11,18 +10,18 @@ Item {
 
     readonly property color accent: {
         switch (view.toast.kind) {
-        case OrvexToast.success:
+        case OrvexToast.Success:
             return OrvexTheme.blue;
-        case OrvexToast.error:
+        case OrvexToast.Error:
             return OrvexTheme.danger;
         }
         return OrvexTheme.warning;
     }
     readonly property string symbolName: {
         switch (view.toast.kind) {
-        case OrvexToast.success:
+        case OrvexToast.Success:
             return "checkmark.circle.fill";
-        case OrvexToast.error:
+        case OrvexToast.Error:
             return "exclamationmark.triangle.fill";
         }
         return "info.circle.fill";

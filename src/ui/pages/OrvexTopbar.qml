@@ -1,6 +1,5 @@
 import QtQuick
 import Orvex
-import Orvex.Pages
 
 // The header of the wide layout: the product, and the host with its connection.
 Rectangle {

@@ -10,6 +10,7 @@ namespace orvex {
 /// What the drawings of a speed curve have in common: the curve, and painting only when it changes.
 class CurveItem : public QQuickPaintedItem {
   Q_OBJECT
+  QML_ANONYMOUS
   /// x1, y1, x2, y2. Fewer than four values are a programming error and end the program; values
   /// beyond 0…1 are drawn as they are, so that a spring may overshoot.
   Q_PROPERTY(QList<double> curve READ curve WRITE setCurve NOTIFY curveChanged FINAL)

@@ -1,0 +1,43 @@
+#include "ui/DiscProfile.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+namespace orvex {
+namespace {
+
+TEST(DiscProfile, IsTheGaussianBlurOfADisc) {
+  const DiscProfile profile(160, 80);
+  constexpr double kExpected[] = {.865, .831, .731, .576, .396, .232, .113, .045, .015, .004, .001};
+  ASSERT_EQ(profile.reach(), 400);
+  for (int i = 0; i <= 10; ++i)
+    // What is left at the reach is taken off everywhere.
+    EXPECT_NEAR(profile.at(static_cast<float>(i) * 40), kExpected[i], 0.0015) << i;
+}
+
+TEST(DiscProfile, KeepsTheLightOfTheDisc) {
+  constexpr double kRadius = 364, kDeviation = 80;
+  const DiscProfile profile(kRadius, kDeviation);
+  double light = 0;
+  for (int r = 0; r < static_cast<int>(profile.reach()); ++r)
+    light += 2 * (r + 0.5) * static_cast<double>(profile.at(static_cast<float>(r) + 0.5f));
+  EXPECT_NEAR(light / (kRadius * kRadius), 1, 0.01);
+}
+
+TEST(DiscProfile, FallsAndEndsInNothing) {
+  for (const double radius : {1.0, 40.0, 700.0}) {
+    const DiscProfile profile(radius, 95);
+    float last = profile.at(0);
+    const auto reach = static_cast<float>(profile.reach());
+    for (float r = 0; r < reach; r += reach / 1000) {
+      EXPECT_LE(profile.at(r), last + 1e-6f);
+      last = profile.at(r);
+    }
+    EXPECT_LT(last, 0.0002f);
+    EXPECT_EQ(profile.at(reach), 0);
+    EXPECT_EQ(profile.at(reach * 5), 0);
+  }
+}
+
+}  // namespace
+}  // namespace orvex

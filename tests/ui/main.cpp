@@ -1,0 +1,83 @@
+#include "engines/EngineHealth.h"
+#include "shell/OrvexState.h"
+#include "ui/OrvexSymbols.h"
+
+#include <QAccessible>
+#include <QFont>
+#include <QObject>
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QQmlExtensionPlugin>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QRawFont>
+#include <QStringList>
+#include <QtQuickTest>
+
+Q_IMPORT_QML_PLUGIN(OrvexPlugin)
+
+namespace {
+
+/// What the tests need and QML cannot reach.
+class Setup : public QObject {
+  Q_OBJECT
+  Q_PROPERTY(orvex::OrvexState* state READ state CONSTANT)
+
+ public:
+  [[nodiscard]] orvex::OrvexState* state() { return &state_; }
+
+  /// Symbols that the icon font has no drawing for.
+  Q_INVOKABLE QStringList undrawnSymbols() const {
+    const QFont font(QStringLiteral("Material Icons"));
+    const QRawFont raw = QRawFont::fromFont(font);
+    QStringList undrawn;
+    for (const orvex::Glyph& glyph : orvex::symbolTable()) {
+      if (raw.familyName() != font.family() || !raw.supportsCharacter(QChar(glyph.code)))
+        undrawn.append(
+            QString::fromUtf16(glyph.name.data(), static_cast<qsizetype>(glyph.name.size())));
+    }
+    return undrawn;
+  }
+
+  Q_INVOKABLE orvex::EngineSummary summary(int health, const QString& title, const QString& detail,
+                                           int count) const {
+    return {static_cast<orvex::EngineHealth>(health), title, detail, count};
+  }
+
+  Q_INVOKABLE QString accessibleText(QObject* object) const {
+    const QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(object);
+    return interface != nullptr ? interface->text(QAccessible::Name) : QString();
+  }
+
+  /// Presses as a screen reader would.
+  Q_INVOKABLE bool pressAccessibly(QObject* object) const {
+    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(object);
+    auto* actions = interface != nullptr ? interface->actionInterface() : nullptr;
+    if (actions == nullptr) return false;
+    actions->doAction(QAccessibleActionInterface::pressAction());
+    return true;
+  }
+
+  /// Whether the item takes part in the accessibility tree.
+  Q_INVOKABLE bool accessible(QObject* object) const {
+    const QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(object);
+    const QAccessibleInterface* parent = interface != nullptr ? interface->parent() : nullptr;
+    return parent != nullptr && parent->indexOfChild(interface) >= 0;
+  }
+
+ public Q_SLOTS:
+  void applicationAvailable() { QAccessible::setActive(true); }
+  void qmlEngineAvailable(QQmlEngine* engine) {
+    engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
+    engine->rootContext()->setContextProperty(QStringLiteral("setup"), this);
+  }
+
+ private:
+  orvex::OrvexState state_;
+};
+
+}  // namespace
+
+QUICK_TEST_MAIN_WITH_SETUP(ui, Setup)
+
+#include "main.moc"

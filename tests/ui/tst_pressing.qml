@@ -1,0 +1,232 @@
+import QtQuick
+import QtTest
+import Orvex
+
+KitCase {
+    id: testCase
+
+    name: "Pressing"
+
+    Component {
+        id: toolCard
+
+        OrvexToolCard {
+            icon: "bolt.fill"
+            subtitle: "Seçili klibin hızı"
+            title: "Speed Point"
+            width: 260
+        }
+    }
+
+    Component {
+        id: primaryButton
+
+        OrvexPrimaryButton {
+            property string subtitle
+
+            icon: "bolt.fill"
+            title: "Speed Point"
+            width: 260
+        }
+    }
+
+    Component {
+        id: textButton
+
+        OrvexTextButton {
+            property string subtitle
+
+            title: "Speed Point"
+        }
+    }
+
+    Component {
+        id: spy
+
+        SignalSpy {
+            signalName: "clicked"
+        }
+    }
+
+    Component {
+        id: twoCards
+
+        Column {
+            property alias first: first
+            property alias second: second
+
+            OrvexToolCard {
+                id: first
+
+                icon: "bolt.fill"
+                subtitle: ""
+                title: "A"
+            }
+
+            OrvexToolCard {
+                enabled: false
+                icon: "bolt.fill"
+                subtitle: ""
+                title: "B"
+            }
+
+            OrvexPrimaryButton {
+                id: second
+
+                icon: "bolt.fill"
+                title: "C"
+            }
+        }
+    }
+
+    function test_pressed_data() {
+        return [
+            {
+                tag: "tool card",
+                component: toolCard
+            },
+            {
+                tag: "primary button",
+                component: primaryButton
+            },
+            {
+                tag: "text button",
+                component: textButton
+            }
+        ];
+    }
+
+    function test_pressed(data) {
+        const item = make(data.component);
+        const clicks = createTemporaryObject(spy, testCase, {
+            target: item
+        });
+        mouseClick(item);
+        compare(clicks.count, 1);
+        verify(item.activeFocus);
+        verify(!item.visualFocus);
+
+        testCase.forceActiveFocus();
+        item.forceActiveFocus(Qt.TabFocusReason);
+        verify(item.visualFocus);
+        for (const key of [Qt.Key_Space, Qt.Key_Return, Qt.Key_Enter]) {
+            clicks.clear();
+            keyPress(key);
+            verify(item.pressed);
+            keyRelease(key);
+            compare(clicks.count, 1);
+            verify(!item.pressed);
+        }
+
+        clicks.clear();
+        keyClick(Qt.Key_A);
+        compare(clicks.count, 0);
+        verify(setup.pressAccessibly(item));
+        compare(clicks.count, 1);
+        compare(setup.accessibleText(item), "Speed Point");
+
+        // A press that ends elsewhere is none.
+        clicks.clear();
+        mousePress(item);
+        verify(item.pressed);
+        mouseMove(testCase, 600, 470, -1, Qt.LeftButton);
+        verify(!item.pressed);
+        mouseRelease(testCase, 600, 470);
+        compare(clicks.count, 0);
+    }
+
+    function test_aKeyThatLosesTheFocusIsNoPress() {
+        const cards = make(twoCards);
+        const clicks = createTemporaryObject(spy, testCase, {
+            target: cards.first
+        });
+        cards.first.forceActiveFocus(Qt.TabFocusReason);
+        keyPress(Qt.Key_Space);
+        cards.second.forceActiveFocus();
+        verify(!cards.first.pressed);
+        cards.first.forceActiveFocus();
+        keyRelease(Qt.Key_Space);
+        compare(clicks.count, 0);
+    }
+
+    function test_disabled_data() {
+        return [
+            {
+                tag: "tool card",
+                component: toolCard,
+                properties: {
+                    enabled: false
+                }
+            },
+            {
+                tag: "primary button",
+                component: primaryButton,
+                properties: {
+                    disabled: true
+                }
+            }
+        ];
+    }
+
+    function test_disabled(data) {
+        const item = make(data.component, data.properties);
+        const clicks = createTemporaryObject(spy, testCase, {
+            target: item
+        });
+        mouseClick(item);
+        item.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Space);
+        keyClick(Qt.Key_Return);
+        compare(clicks.count, 0);
+        verify(!item.activeFocus);
+    }
+
+    function test_toolCardLifts_data() {
+        return [
+            {
+                tag: "enabled",
+                enabled: true,
+                opacity: 1
+            },
+            {
+                tag: "disabled",
+                enabled: false,
+                opacity: 0.42
+            }
+        ];
+    }
+
+    function test_toolCardLifts(data) {
+        const card = make(toolCard, {
+            enabled: data.enabled
+        });
+        const lift = card.contentItem;
+        fuzzyCompare(lift.opacity, data.opacity, 0.0001);
+        compare(lift.scale, 1);
+        mouseMove(card, card.width / 2, card.height / 2);
+        fuzzyCompare(lift.scale, 1.012, 0.0001);
+        compare(lift.transform[0].y, -2);
+        // The lifted card does not slip from under the pointer.
+        mouseMove(card, card.width / 2, card.height - 1);
+        fuzzyCompare(lift.scale, 1.012, 0.0001);
+        mouseMove(testCase, 600, 470);
+        compare(lift.scale, 1);
+        compare(lift.transform[0].y, 0);
+    }
+
+    function test_tabSkipsWhatIsDisabled() {
+        const cards = make(twoCards);
+        cards.first.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Tab);
+        verify(cards.second.visualFocus);
+        keyClick(Qt.Key_Backtab);
+        verify(cards.first.visualFocus);
+    }
+
+    function test_badge() {
+        const card = make(toolCard);
+        compare(textItem(card, "REAL"), null);
+        card.badge = "REAL";
+        verify(textItem(card, "REAL"));
+    }
+}

@@ -1,0 +1,216 @@
+import QtQuick
+import QtTest
+import Orvex
+import Orvex.Pages
+import Orvex.Speed
+
+PanelCase {
+    id: testCase
+
+    name: "SpeedLab"
+
+    property Item editor: null
+
+    function openSpeed(width = 1040, height = 1300) {
+        open(width, height);
+        objects.connectHost();
+        objects.state.activePage = OrvexPages.byId("speed");
+        waitForRendering(panel);
+        editor = named(panel, "editor");
+        verify(editor !== null);
+    }
+
+    function code() {
+        return named(panel, "code").text;
+    }
+
+    function selected() {
+        return allItems(panel, item => item.selected === true && item.points !== undefined).map(item => item.name).join();
+    }
+
+    // Presses the handle, where it can be seen, and drags it to (x, y) of the editor, in parts of its
+    // size.
+    function drag(index, x, y) {
+        const handle = named(editor, "handle" + index);
+        const middle = handle.mapToItem(editor, handle.width / 2, handle.height / 2);
+        const from = editor.mapToItem(panel, Math.max(3, Math.min(middle.x, editor.width - 3)), Math.max(3, Math.min(middle.y, editor.height - 3)));
+        const to = editor.mapToItem(panel, editor.width * x, editor.height * y);
+        mousePress(panel, from.x, from.y);
+        mouseMove(panel, (from.x + to.x) / 2, (from.y + to.y) / 2);
+        mouseMove(panel, to.x, to.y);
+        mouseRelease(panel, to.x, to.y);
+    }
+
+    function test_starts_with_the_default_curve() {
+        openSpeed();
+        compare(code(), "cubic-bezier(0.20, 0.20, 0.80, 0.80)");
+        compare(selected(), "Smooth");
+        compare(named(editor, "handle0").x + 9, editor.width * 0.2);
+        fuzzyCompare(named(editor, "handle0").y + 9, editor.height * 0.8, 0.001);
+    }
+
+    function test_presets_and_reset() {
+        openSpeed();
+        const codes = {
+            "fast-out": "cubic-bezier(0.10, 0.72, 0.28, 1.00)",
+            "fast-in": "cubic-bezier(0.72, 0.00, 0.90, 0.28)",
+            "cinematic": "cubic-bezier(0.16, 1.00, 0.30, 1.00)",
+            "linear": "cubic-bezier(0.00, 0.00, 1.00, 1.00)",
+            "luxury": "cubic-bezier(0.65, 0.00, 0.18, 1.00)",
+            "smooth": "cubic-bezier(0.20, 0.20, 0.80, 0.80)"
+        };
+        for (const id in codes) {
+            const card = named(panel, "preset-" + id);
+            mouseClick(card);
+            compare(code(), codes[id]);
+            compare(selected(), card.name);
+        }
+        mouseClick(named(panel, "preset-luxury"));
+        mouseClick(named(panel, "reset"));
+        compare(code(), codes["smooth"]);
+        compare(selected(), "Smooth");
+    }
+
+    function test_a_chosen_preset_springs_into_place() {
+        openSpeed();
+        OrvexMotion.reduced = false;
+        mouseClick(named(panel, "preset-fast-in"));
+        compare(code(), "cubic-bezier(0.72, 0.00, 0.90, 0.28)");
+        verify(Math.abs(editor.curve[0] - 0.72) > 0.1, "it is drawn on its way there");
+        tryVerify(() => editor.curve[0] === 0.72 && editor.curve[3] === 0.28);
+        mouseClick(named(panel, "reset"));
+        compare(editor.curve[0], 0.2);
+    }
+
+    function test_dragging_pins_each_coordinate_data() {
+        return [
+            { tag: "inside", index: 0, x: 0.5, y: 0.25, code: "cubic-bezier(0.50, 0.75, 1.00, 1.00)" },
+            { tag: "left and below", index: 0, x: -0.2, y: 1.2, code: "cubic-bezier(0.00, 0.00, 1.00, 1.00)" },
+            { tag: "right and above", index: 0, x: 1.04, y: -0.2, code: "cubic-bezier(1.00, 1.00, 1.00, 1.00)" },
+            { tag: "top edge", index: 1, x: 0.25, y: 0, code: "cubic-bezier(0.00, 0.00, 0.25, 1.00)" },
+            { tag: "bottom edge", index: 1, x: 0.75, y: 1, code: "cubic-bezier(0.00, 0.00, 0.75, 0.00)" }
+        ];
+    }
+
+    function test_dragging_pins_each_coordinate(row) {
+        openSpeed();
+        mouseClick(named(panel, "preset-linear"));
+        drag(row.index, row.x, row.y);
+        compare(code(), row.code);
+        compare(selected(), "Linear");
+        mouseClick(named(panel, "undo"));
+        compare(code(), "cubic-bezier(0.00, 0.00, 1.00, 1.00)", "a drag is one step");
+    }
+
+    function test_keyboard() {
+        openSpeed();
+        named(editor, "handle0").forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Right);
+        keyClick(Qt.Key_Up, Qt.ShiftModifier);
+        compare(code(), "cubic-bezier(0.21, 0.30, 0.80, 0.80)");
+        keyClick(Qt.Key_Tab);
+        verify(named(editor, "handle1").activeFocus);
+        keyClick(Qt.Key_Left, Qt.ShiftModifier);
+        keyClick(Qt.Key_Down);
+        compare(code(), "cubic-bezier(0.21, 0.30, 0.70, 0.79)");
+        for (let i = 0; i < 4; ++i)
+            keyClick(Qt.Key_Up, Qt.ShiftModifier);
+        compare(code(), "cubic-bezier(0.21, 0.30, 0.70, 1.00)");
+        keySequence("Ctrl+Z");
+        compare(code(), "cubic-bezier(0.21, 0.30, 0.70, 0.99)");
+        keySequence("Ctrl+Shift+Z");
+        compare(code(), "cubic-bezier(0.21, 0.30, 0.70, 1.00)");
+    }
+
+    function test_copy_and_paste() {
+        openSpeed();
+        mouseClick(named(panel, "preset-cinematic"));
+        mouseClick(named(panel, "copy"));
+        compare(OrvexClipboard.text, "cubic-bezier(0.16, 1.00, 0.30, 1.00)");
+        compare(objects.state.toast.kind, OrvexToast.Success);
+        OrvexClipboard.text = " cubic-bezier(-1, .5, 0.25, 7) ";
+        mouseClick(named(panel, "paste"));
+        compare(code(), "cubic-bezier(0.00, 0.50, 0.25, 1.00)");
+        compare(selected(), "Cinematic");
+        OrvexClipboard.text = "cubic-bezier(0,5 1 1 1)";
+        keySequence("Ctrl+V");
+        compare(code(), "cubic-bezier(0.00, 0.50, 0.25, 1.00)");
+        compare(objects.state.toast.kind, OrvexToast.Error);
+    }
+
+    function test_commands() {
+        openSpeed();
+        objects.opened = [];
+        for (const name of ["toggle-retime", "blade-speed", "normal-speed", "apply"])
+            mouseClick(named(panel, name));
+        const url = action => "vantrelo-finalcut://timeline-action?action=" + action;
+        compare(objects.opened, [url("toggle-retime"), url("blade-speed"), url("normal-speed"), url("blade-speed")]);
+    }
+
+    function test_without_a_sequence_only_the_commands_rest() {
+        openSpeed();
+        objects.report({});
+        objects.opened = [];
+        for (const name of ["toggle-retime", "blade-speed", "normal-speed", "apply"])
+            mouseClick(named(panel, name));
+        compare(objects.opened, []);
+        mouseClick(named(panel, "preset-linear"));
+        drag(0, 0.5, 0.5);
+        compare(code(), "cubic-bezier(0.50, 0.50, 1.00, 1.00)");
+        mouseClick(named(panel, "reset"));
+        compare(selected(), "Smooth");
+    }
+
+    function test_leaving_the_page_restores_the_defaults() {
+        openSpeed();
+        mouseClick(named(panel, "preset-luxury"));
+        objects.state.activePage = OrvexPages.byId("timeline");
+        objects.state.activePage = OrvexPages.byId("speed");
+        waitForRendering(panel);
+        compare(code(), "cubic-bezier(0.20, 0.20, 0.80, 0.80)");
+        compare(selected(), "Smooth");
+    }
+
+    function test_the_marker_moves_only_while_motion_is_wanted_and_seen() {
+        openSpeed();
+        const marker = named(editor, "marker");
+        const still = marker.x;
+        wait(120);
+        compare(marker.x, still);
+        OrvexMotion.reduced = false;
+        tryVerify(() => marker.x !== still);
+        editor.visible = false;
+        const hidden = marker.x;
+        wait(120);
+        compare(marker.x, hidden);
+    }
+
+    Component {
+        id: bareEditor
+
+        SpeedCurveEditor {
+            id: bare
+
+            readonly property alias edited: edited
+
+            curve: edited.curve
+            editing: edited
+
+            SpeedCurveEditing {
+                id: edited
+            }
+        }
+    }
+
+    function test_an_editor_without_size_divides_by_one() {
+        const bare = createTemporaryObject(bareEditor, testCase, {
+            width: 0,
+            height: 0.5
+        });
+        const handle = findItem(bare, item => item.objectName === "handle0");
+        handle.dragTo(Qt.point(0.25, 0.25));
+        compare(bare.edited.bezierCode, "cubic-bezier(0.25, 0.75, 0.80, 0.80)");
+        handle.dragTo(Qt.point(40, -40));
+        compare(bare.edited.bezierCode, "cubic-bezier(1.00, 1.00, 0.80, 0.80)");
+    }
+}
