@@ -8,7 +8,7 @@
 
 namespace orvex {
 
-/// Reading of property lists (the XML form).
+/// Reading of property lists, in the XML and in the binary form.
 ///
 /// The result keeps the types of the file apart: a Boolean is a `bool`, an integer a `qlonglong`, a
 /// real a `double`, text a `QString`, data a `QByteArray`, an array a `QVariantList` and a
