@@ -1,11 +1,16 @@
 #include "Commands.h"
 
+#include "AudioCommand.h"
+#include "FxPlugCommand.h"
 #include "HostCommand.h"
+#include "LutsCommand.h"
+#include "MotionCommand.h"
 
 namespace orvex {
 
 const QList<Command>& allCommands() {
-  static const QList<Command> commands{hostCommand()};
+  static const QList<Command> commands{lutsCommand(), motionCommand(), fxPlugCommand(),
+                                       audioCommand(), hostCommand()};
   return commands;
 }
 

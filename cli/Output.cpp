@@ -26,4 +26,21 @@ void printTable(const QList<std::pair<QString, QString>>& rows) {
     printLine(label.leftJustified(width) + QStringLiteral("  ") + value);
 }
 
+void printColumns(const QList<QStringList>& rows) {
+  const auto shown = [](QString text) {
+    for (QChar& c : text)
+      if (c.category() == QChar::Other_Control) c = QChar::ReplacementCharacter;
+    return text;
+  };
+  QList<qsizetype> widths(rows.value(0).size(), 0);
+  for (const QStringList& row : rows)
+    for (qsizetype i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], row[i].size());
+  for (const QStringList& row : rows) {
+    QString line;
+    for (qsizetype i = 0; i + 1 < row.size(); ++i)
+      line += shown(row[i]).leftJustified(widths[i]) + QStringLiteral("  ");
+    printLine(line + shown(row.last()));
+  }
+}
+
 }  // namespace orvex

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QList>
-#include <QString>
+#include <QStringList>
 
 #include <utility>
 
@@ -17,5 +17,8 @@ void printError(const QString& text);
 void printJson(const QJsonDocument& document);
 /// Writes rows of a label and a value, the values in one column.
 void printTable(const QList<std::pair<QString, QString>>& rows);
+/// Writes rows of as many texts each, in columns as wide as they need. Control characters, which
+/// file names may hold and terminals obey, are shown as replacement characters.
+void printColumns(const QList<QStringList>& rows);
 
 }  // namespace orvex

@@ -4,16 +4,17 @@
 packages_build=(
   ccache cmake g++ ninja-build pkg-config
   qt6-base-dev qt6-declarative-dev qt6-declarative-dev-tools
-  libglib2.0-dev libplist-dev
+  libglib2.0-dev libicu-dev liblilv-dev libplist-dev lv2-dev
 )
 packages_panel=(
+  qml6-module-qt-labs-folderlistmodel qml6-module-qtquick-dialogs
   qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript qml6-module-qtquick
   qml6-module-qtquick-controls qml6-module-qtquick-layouts qml6-module-qtquick-templates
   qml6-module-qtquick-window
   fonts-inter fonts-material-design-icons-iconfont
   dbus
 )
-packages_test=(clang-format libglib2.0-bin libgmock-dev libgtest-dev mpv qml6-module-qttest)
+packages_test=(clang-format git libglib2.0-bin libgmock-dev libgtest-dev mpv qml6-module-qttest)
 
 # Installs those of the packages named that are not there yet, asking once.
 need() {

@@ -1,5 +1,7 @@
 #include "base/PropertyList.h"
 
+#include "base/BinaryPropertyList.h"
+
 #include <QXmlStreamReader>
 
 #include <memory>
@@ -13,26 +15,27 @@ struct NodeDeleter {
 };
 
 // libplist 2.2.0 reads past its buffer on odd <date> texts and recurses without a limit, so the
-// document is walked once by a reader that does neither before it is handed over. Both have to see
-// the same document: libplist takes every one for UTF-8, whatever it declares, and ends a document
-// type with declarations of its own at the first "]>", even within a quoted text.
+// document is walked once by a reader that does neither before it is handed over. The two must not
+// be led to see different documents: declarations inside the document, which only one of them
+// reads, are refused, and so is "<date" where it would be no element; and as libplist takes every
+// document for UTF-8, so does the reader, whatever encoding is declared.
 std::expected<void, QString> checkDocument(const QByteArray& bytes) {
+  if (bytes.contains("<date"))
+    return std::unexpected(QStringLiteral("the property list holds a date"));
   QXmlStreamReader reader(QString::fromUtf8(bytes));
   int depth = 0;
   while (!reader.atEnd()) {
     switch (reader.readNext()) {
-      case QXmlStreamReader::DTD:
-        if (reader.text().contains(u'['))
-          return std::unexpected(QStringLiteral("the property list declares a document type"));
-        break;
       case QXmlStreamReader::StartElement:
         if (++depth > PropertyList::kMaximumDepth)
           return std::unexpected(QStringLiteral("the property list is nested too deeply"));
-        if (reader.name() == u"date")
-          return std::unexpected(QStringLiteral("the property list holds a date"));
         break;
       case QXmlStreamReader::EndElement:
         --depth;
+        break;
+      case QXmlStreamReader::DTD:
+        if (reader.text().contains(u'['))
+          return std::unexpected(QStringLiteral("the property list declares types of its own"));
         break;
       default:
         break;
@@ -71,8 +74,15 @@ QVariant convert(plist_t node) {
     }
     case PLIST_ARRAY: {
       QVariantList list;
-      for (uint32_t i = 0; i < plist_array_get_size(node); ++i)
-        list.append(convert(plist_array_get_item(node, i)));
+      plist_array_iter rawIterator = nullptr;
+      plist_array_new_iter(node, &rawIterator);
+      const std::unique_ptr<void, decltype(&free)> iterator(rawIterator, &free);
+      for (;;) {
+        plist_t value = nullptr;
+        plist_array_next_item(node, iterator.get(), &value);
+        if (value == nullptr) break;
+        list.append(convert(value));
+      }
       return list;
     }
     case PLIST_DICT: {
@@ -100,9 +110,17 @@ QVariant convert(plist_t node) {
 std::expected<QVariant, QString> PropertyList::parse(const QByteArray& bytes) {
   if (bytes.size() > kMaximumBytes)
     return std::unexpected(QStringLiteral("the property list is too large"));
-  if (const auto checked = checkDocument(bytes); !checked) return std::unexpected(checked.error());
   plist_t root = nullptr;
-  plist_from_xml(bytes.constData(), static_cast<uint32_t>(bytes.size()), &root);
+  const auto size = static_cast<uint32_t>(bytes.size());
+  if (isBinaryPropertyList(bytes)) {
+    if (const auto checked = checkBinaryPropertyList(bytes, kMaximumDepth); !checked)
+      return std::unexpected(checked.error());
+    plist_from_bin(bytes.constData(), size, &root);
+  } else {
+    if (const auto checked = checkDocument(bytes); !checked)
+      return std::unexpected(checked.error());
+    plist_from_xml(bytes.constData(), size, &root);
+  }
   if (root == nullptr) return std::unexpected(QStringLiteral("not a property list"));
   const std::unique_ptr<void, NodeDeleter> owner(root);
   return convert(root);

@@ -8,7 +8,7 @@
 
 namespace orvex {
 
-/// Reading of property lists (the XML form).
+/// Reading of property lists, in the XML and in the binary form.
 ///
 /// The result keeps the types of the file apart: a Boolean is a `bool`, an integer a `qlonglong`, a
 /// real a `double`, text a `QString`, data a `QByteArray`, an array a `QVariantList` and a
@@ -20,9 +20,9 @@ inline constexpr qsizetype kMaximumBytes = qsizetype{256} * 1024;
 /// The deepest nesting that is accepted.
 inline constexpr int kMaximumDepth = 64;
 
-/// Parses `bytes`, which are UTF-8. The error is one sentence for a log: too large, too deep, a
-/// date (which nothing here uses and the parser below handles unsafely), a document type with
-/// declarations of its own, or malformed.
+/// Parses `bytes`; the XML form is taken for UTF-8. The error is one sentence for a log: too large,
+/// too deep, a date (which nothing here uses and the parser below handles unsafely), a document
+/// type with declarations of its own, or malformed.
 [[nodiscard]] std::expected<QVariant, QString> parse(const QByteArray& bytes);
 
 }  // namespace PropertyList

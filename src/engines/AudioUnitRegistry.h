@@ -1,32 +1,68 @@
 #pragma once
 
+#include "base/Background.h"
+#include "base/SearchIndex.h"
+#include "engines/AudioUnitList.h"
 #include "engines/EngineRegistry.h"
 
 #include <QDateTime>
 
+#include <memory>
+
 namespace orvex {
 
-/// The inventory of the audio effects that the system has registered. No system's registry is read
-/// yet, so it is always empty; it keeps the time at which it was last asked.
+class AudioComponents;
+
+/// The inventory of the audio effects that the system has registered. Main thread only.
 class AudioUnitRegistry : public EngineRegistry {
   Q_OBJECT
+  Q_PROPERTY(orvex::EngineHealth health READ health NOTIFY changed FINAL)
+  Q_PROPERTY(QDateTime lastRefresh READ lastRefresh NOTIFY changed FINAL)
+  Q_PROPERTY(qint64 validatedCount READ validatedCount NOTIFY changed FINAL)
+  Q_PROPERTY(qint64 sandboxSafeCount READ sandboxSafeCount NOTIFY changed FINAL)
+  Q_PROPERTY(bool refreshing READ isRefreshing NOTIFY refreshingChanged FINAL)
 
  public:
-  using EngineRegistry::EngineRegistry;
+  /// Starts with an empty inventory and refreshes it at once.
+  explicit AudioUnitRegistry(std::shared_ptr<AudioComponents> components,
+                             QObject* parent = nullptr);
 
-  Q_INVOKABLE void refresh() {
-    lastRefresh_ = QDateTime::currentDateTimeUtc();
-    Q_EMIT changed();
+  /// Asks the system anew, without waiting. What it last answered stays published until then; of
+  /// two refreshes at once the later one counts.
+  Q_INVOKABLE void refresh();
+  [[nodiscard]] bool isRefreshing() const noexcept { return background_.isRunning(); }
+
+  /// In the order of `listAudioUnits`. The reference stays good; its contents change with
+  /// `changed`.
+  [[nodiscard]] const QList<AudioUnitItem>& items() const noexcept { return inventory_.items; }
+  /// The positions in `items` of those whose name or manufacturer contains `query`; all when it is
+  /// blank.
+  [[nodiscard]] QList<qsizetype> matching(QStringView query) const {
+    return inventory_.search.find(query);
   }
-
+  /// `Ready` or `Empty`.
+  [[nodiscard]] EngineHealth health() const noexcept;
+  /// When the inventory was last published; at first, when the registry was made.
   [[nodiscard]] const QDateTime& lastRefresh() const noexcept { return lastRefresh_; }
-  [[nodiscard]] EngineSummary summary() const override {
-    return {EngineHealth::Empty, QStringLiteral("Audio Units"),
-            QStringLiteral("Kayıtlı AU effect bulunamadı."), 0};
-  }
+  [[nodiscard]] qint64 validatedCount() const;
+  [[nodiscard]] qint64 sandboxSafeCount() const;
+  [[nodiscard]] EngineSummary summary() const override;
+
+ Q_SIGNALS:
+  void refreshingChanged();
 
  private:
+  struct Inventory {
+    QList<AudioUnitItem> items{};
+    SearchIndex search = SearchIndex();
+  };
+
+  void publish(Inventory found);
+
+  const std::shared_ptr<AudioComponents> components_;
+  Inventory inventory_;
   QDateTime lastRefresh_ = QDateTime::currentDateTimeUtc();
+  Background background_;
 };
 
 }  // namespace orvex

@@ -1,20 +1,16 @@
 #pragma once
 
-#include "engines/EngineRegistry.h"
+#include "engines/FolderRegistry.h"
+#include "engines/FxPlugScan.h"
 
 namespace orvex {
 
-/// The inventory of the FxPlug bundles of the folder that the user granted.
-class FxPlugRegistry : public EngineRegistry {
+/// The plug-in bundles of the folder that the user granted.
+class FxPlugRegistry : public InventoryRegistry<FxPlugItem> {
   Q_OBJECT
 
  public:
-  using EngineRegistry::EngineRegistry;
-
-  [[nodiscard]] EngineSummary summary() const override {
-    return {EngineHealth::NeedsAccess, QStringLiteral("FxPlug Registry"),
-            QStringLiteral("FxPlug klasörüne erişim ver."), 0};
-  }
+  explicit FxPlugRegistry(FolderBookmarkStore& bookmarks, QObject* parent = nullptr);
 };
 
 }  // namespace orvex

@@ -1,20 +1,16 @@
 #pragma once
 
-#include "engines/EngineRegistry.h"
+#include "engines/FolderRegistry.h"
+#include "engines/LUTScan.h"
 
 namespace orvex {
 
-/// The inventory of the LUT files of the folder that the user granted.
-class LUTRegistry : public EngineRegistry {
+/// The user's own library of LUT files.
+class LUTRegistry : public InventoryRegistry<LUTItem> {
   Q_OBJECT
 
  public:
-  using EngineRegistry::EngineRegistry;
-
-  [[nodiscard]] EngineSummary summary() const override {
-    return {EngineHealth::NeedsAccess, QStringLiteral("LUT Library"),
-            QStringLiteral(".cube klasörüne erişim ver."), 0};
-  }
+  explicit LUTRegistry(FolderBookmarkStore& bookmarks, QObject* parent = nullptr);
 };
 
 }  // namespace orvex

@@ -1,20 +1,19 @@
 #pragma once
 
-#include "engines/EngineRegistry.h"
+#include "engines/FolderRegistry.h"
+#include "engines/MotionTemplateScan.h"
 
 namespace orvex {
 
-/// The inventory of the Motion templates of the folder that the user granted.
-class MotionTemplateRegistry : public EngineRegistry {
+/// The Motion templates of the folder that the user granted.
+class MotionTemplateRegistry : public InventoryRegistry<MotionTemplateItem> {
   Q_OBJECT
 
  public:
-  using EngineRegistry::EngineRegistry;
+  explicit MotionTemplateRegistry(FolderBookmarkStore& bookmarks, QObject* parent = nullptr);
 
-  [[nodiscard]] EngineSummary summary() const override {
-    return {EngineHealth::NeedsAccess, QStringLiteral("Motion Templates"),
-            QStringLiteral("Motion Templates klasörüne erişim ver."), 0};
-  }
+  /// How many templates are of this kind.
+  [[nodiscard]] qint64 count(MotionTemplateKind kind) const;
 };
 
 }  // namespace orvex

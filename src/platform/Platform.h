@@ -4,7 +4,10 @@
 
 namespace orvex {
 
+class AudioComponents;
 class DistributedNotifications;
+class FolderAccess;
+class FolderChooser;
 class PanelEndpoint;
 class SchemeHandler;
 class SystemLog;
@@ -19,6 +22,12 @@ class Platform {
   [[nodiscard]] virtual DistributedNotifications& notifications() = 0;
   [[nodiscard]] virtual SystemLog& log() = 0;
   [[nodiscard]] virtual SchemeHandler& schemeHandler() = 0;
+  /// Shared, because a list that hangs is left behind by whoever asked for it.
+  [[nodiscard]] virtual std::shared_ptr<AudioComponents> audioComponents() = 0;
+  [[nodiscard]] virtual FolderAccess& folderAccess() = 0;
+  /// Lends the toolkit's folder dialog, used where the desktop has none of its own; null takes it
+  /// back.
+  virtual void setFolderChooser(FolderChooser* chooser) = 0;
 
   /// The user's desktop is set to show no animations.
   [[nodiscard]] virtual bool prefersReducedMotion() = 0;

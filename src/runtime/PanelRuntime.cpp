@@ -1,5 +1,6 @@
 #include "runtime/PanelRuntime.h"
 
+#include "engines/FolderBookmarkStore.h"
 #include "host/FinalCutHostAdapter.h"
 #include "platform/DistributedNotifications.h"
 #include "platform/HostRuntime.h"
@@ -8,6 +9,7 @@
 #include "platform/Workspace.h"
 #include "platform/hosts/BuiltInHost.h"
 #include "runtime/PanelWindow.h"
+#include "runtime/QuickFolderChooser.h"
 #include "runtime/QuickPanelView.h"
 #include "shell/OrvexState.h"
 #include "shell/VantreloOrvexFinalCutExtensionViewController.h"
@@ -21,14 +23,19 @@ PanelRuntime::PanelRuntime(const PanelOptions& options)
     : options_(options),
       platform_(makePlatform()),
       hostRuntime_(makeHostRuntime(options.host)),
+      bookmarks_(std::make_unique<FolderBookmarkStore>(platform_->folderAccess(), settings_,
+                                                       platform_->log())),
       window_(std::make_unique<PanelWindow>()),
+      folderChooser_(std::make_unique<QuickFolderChooser>(engine_, *window_, platform_->log())),
       view_(std::make_unique<QuickPanelView>(engine_, *window_)) {
   // Where the panel's own modules are; this version of the toolkit does not look there by itself.
   engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
   if (platform_->prefersReducedMotion()) OrvexMotion::setReduced(true);
+  platform_->setFolderChooser(folderChooser_.get());
   using Controller = VantreloOrvexFinalCutExtensionViewController;
-  controller_ = std::make_unique<Controller>(Controller::Environment{
-      *hostRuntime_, platform_->workspace(), platform_->notifications(), platform_->log(), *view_});
+  controller_ = std::make_unique<Controller>(
+      Controller::Environment{*hostRuntime_, platform_->workspace(), platform_->notifications(),
+                              platform_->log(), platform_->audioComponents(), *bookmarks_, *view_});
   controller_->orvexState().setActivePage(options_.page);
   controller_->loadView();
   controller_->viewDidLoad();
@@ -39,7 +46,9 @@ PanelRuntime::PanelRuntime(const PanelOptions& options)
   }
 }
 
-PanelRuntime::~PanelRuntime() = default;
+PanelRuntime::~PanelRuntime() {
+  platform_->setFolderChooser(nullptr);
+}
 
 BuiltInHost* PanelRuntime::builtInHost() const {
   return dynamic_cast<BuiltInHost*>(hostRuntime_->hostSingleton().get());

@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QQmlEngine>
+#include <QSettings>
 #include <QTimer>
 
 #include <functional>
@@ -13,9 +14,11 @@
 namespace orvex {
 
 class BuiltInHost;
+class FolderBookmarkStore;
 class HostRuntime;
 class PanelWindow;
 class Platform;
+class QuickFolderChooser;
 class QuickPanelView;
 class VantreloOrvexFinalCutExtensionViewController;
 
@@ -45,9 +48,12 @@ class PanelRuntime final : public QObject, private PanelEndpoint {
   PanelOptions options_;
   std::unique_ptr<Platform> platform_;
   std::unique_ptr<HostRuntime> hostRuntime_;
+  QSettings settings_{QStringLiteral("Vantrelo"), QStringLiteral("Vantrelo Orvex")};
+  std::unique_ptr<FolderBookmarkStore> bookmarks_;
   QQmlEngine engine_;
   std::unique_ptr<PanelWindow> window_;
   QTimer resizing_;
+  std::unique_ptr<QuickFolderChooser> folderChooser_;
   std::unique_ptr<QuickPanelView> view_;
   std::unique_ptr<VantreloOrvexFinalCutExtensionViewController> controller_;
 };

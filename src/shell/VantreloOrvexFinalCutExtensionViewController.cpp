@@ -43,10 +43,10 @@ VantreloOrvexFinalCutExtensionViewController::VantreloOrvexFinalCutExtensionView
     const Environment& environment)
     : environment_(environment),
       orvexState_(std::make_shared<OrvexState>()),
-      motionRegistry_(std::make_unique<MotionTemplateRegistry>()),
-      audioRegistry_(std::make_unique<AudioUnitRegistry>()),
-      lutRegistry_(std::make_unique<LUTRegistry>()),
-      fxPlugRegistry_(std::make_unique<FxPlugRegistry>()) {
+      motionRegistry_(std::make_unique<MotionTemplateRegistry>(environment.bookmarks)),
+      audioRegistry_(std::make_unique<AudioUnitRegistry>(environment.audioComponents)),
+      lutRegistry_(std::make_unique<LUTRegistry>(environment.bookmarks)),
+      fxPlugRegistry_(std::make_unique<FxPlugRegistry>(environment.bookmarks)) {
   connect(&environment_.hostRuntime, &HostRuntime::hostSingletonChanged, this, [this] {
     if (connected_) hostAdapter().connect();
   });

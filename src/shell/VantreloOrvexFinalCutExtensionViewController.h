@@ -10,6 +10,8 @@
 
 namespace orvex {
 
+class AudioComponents;
+class FolderBookmarkStore;
 class HostRuntime;
 class SystemLog;
 class Workspace;
@@ -27,6 +29,8 @@ class VantreloOrvexFinalCutExtensionViewController final : public QObject {
     Workspace& workspace;
     DistributedNotifications& notifications;
     SystemLog& log;
+    std::shared_ptr<AudioComponents> audioComponents;
+    FolderBookmarkStore& bookmarks;
     PanelViewHost& view;
   };
 

@@ -3,6 +3,7 @@
 #include "engines/AudioUnitRegistry.h"
 #include "engines/EngineHealth.h"
 #include "engines/EngineRegistry.h"
+#include "engines/FolderRegistry.h"
 #include "engines/FxPlugRegistry.h"
 #include "engines/LUTRegistry.h"
 #include "engines/MotionTemplateRegistry.h"
@@ -37,6 +38,13 @@ struct EngineRegistryForeign {
   Q_GADGET
   QML_FOREIGN(orvex::EngineRegistry)
   QML_NAMED_ELEMENT(EngineRegistry)
+  QML_UNCREATABLE("The controller owns the registries.")
+};
+
+struct FolderRegistryForeign {
+  Q_GADGET
+  QML_FOREIGN(orvex::FolderRegistry)
+  QML_NAMED_ELEMENT(FolderRegistry)
   QML_UNCREATABLE("The controller owns the registries.")
 };
 

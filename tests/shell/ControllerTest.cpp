@@ -5,6 +5,7 @@
 #include "platform/Workspace.h"
 #include "shell/OrvexState.h"
 #include "shell/VantreloOrvexFinalCutExtensionViewController.h"
+#include "support/NoSystem.h"
 #include "support/Wait.h"
 
 #include <QUrl>
@@ -88,14 +89,17 @@ class Controller : public testing::Test {
  protected:
   std::unique_ptr<VantreloOrvexFinalCutExtensionViewController> make() {
     auto controller = std::make_unique<VantreloOrvexFinalCutExtensionViewController>(
-        VantreloOrvexFinalCutExtensionViewController::Environment{world, world, world, world,
-                                                                  world});
+        VantreloOrvexFinalCutExtensionViewController::Environment{
+            world, world, world, world, std::make_shared<NoAudio>(), folders.bookmarks(), world});
     controller->loadView();
     controller->viewDidLoad();
+    const AudioUnitRegistry& audio = controller->audioRegistry();
+    EXPECT_TRUE(waitUntil([&] { return !audio.isRefreshing(); }));
     return controller;
   }
 
   World world;
+  NoFolders folders;
 };
 
 TEST_F(Controller, LoadsItsViewAndListensForSizes) {
@@ -152,7 +156,7 @@ TEST_F(Controller, AsksForFocusThenConnectsAndListsAudioUnits) {
   ASSERT_TRUE(waitUntil([&] { return world.hostsAsked > 0; }));
   EXPECT_EQ(world.opened, QStringList{QStringLiteral("vantrelo-finalcut://focus-panel")});
   EXPECT_EQ(controller->orvexState().host().hostName, u"Bare");
-  EXPECT_GT(controller->audioRegistry().lastRefresh(), before);
+  EXPECT_TRUE(waitUntil([&] { return controller->audioRegistry().lastRefresh() > before; }));
 }
 
 TEST_F(Controller, ClosedBeforeItConnectsItDoesNot) {

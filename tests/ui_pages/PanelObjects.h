@@ -10,6 +10,7 @@
 #include "platform/Workspace.h"
 #include "platform/hosts/BuiltInHost.h"
 #include "shell/OrvexState.h"
+#include "support/NoSystem.h"
 
 #include <QMetaProperty>
 #include <QUrl>
@@ -73,10 +74,11 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
   }
 
   std::shared_ptr<OrvexState> state_ = std::make_shared<OrvexState>();
-  MotionTemplateRegistry motion_;
-  AudioUnitRegistry audio_;
-  LUTRegistry luts_;
-  FxPlugRegistry fxplug_;
+  NoFolders folders_;
+  MotionTemplateRegistry motion_{folders_.bookmarks()};
+  AudioUnitRegistry audio_{std::make_shared<NoAudio>()};
+  LUTRegistry luts_{folders_.bookmarks()};
+  FxPlugRegistry fxplug_{folders_.bookmarks()};
   BuiltInRuntime runtime_;
   FinalCutHostAdapter adapter_{state_, runtime_, *this, *this};
   QStringList opened_;

@@ -5,8 +5,11 @@
 #include "platform/linux/DesktopSettings.h"
 #include "platform/linux/GioSchemeHandler.h"
 #include "platform/linux/GioWorkspace.h"
+#include "platform/linux/LinuxFolderAccess.h"
+#include "platform/linux/Lv2AudioComponents.h"
 #include "platform/linux/SessionBus.h"
 
+#include <QCoreApplication>
 #include <QObject>
 
 namespace orvex {
@@ -16,8 +19,15 @@ class LinuxPlatform final : public Platform {
  public:
   [[nodiscard]] Workspace& workspace() override { return workspace_; }
   [[nodiscard]] DistributedNotifications& notifications() override { return notifications_; }
-  [[nodiscard]] SystemLog& log() override { return log_; }
+  [[nodiscard]] SystemLog& log() override { return *log_; }
   [[nodiscard]] SchemeHandler& schemeHandler() override { return schemeHandler_; }
+  [[nodiscard]] FolderAccess& folderAccess() override { return folderAccess_; }
+  void setFolderChooser(FolderChooser* chooser) override {
+    folderAccess_.setFallbackChooser(chooser);
+  }
+  [[nodiscard]] std::shared_ptr<AudioComponents> audioComponents() override {
+    return audioComponents_;
+  }
   [[nodiscard]] PanelEndpoint& remotePanel() override { return remotePanel_; }
 
   [[nodiscard]] bool prefersReducedMotion() override { return desktopAnimationsOff(); }
@@ -30,11 +40,15 @@ class LinuxPlatform final : public Platform {
   }
 
  private:
-  CategoryLog log_;
+  const std::shared_ptr<CategoryLog> log_ = std::make_shared<CategoryLog>();
   SessionBus bus_;
   GioWorkspace workspace_;
   GioSchemeHandler schemeHandler_;
-  BusNotifications notifications_{bus_, log_};
+  BusNotifications notifications_{bus_, *log_};
+  LinuxFolderAccess folderAccess_{bus_, *log_};
+  // The program lies beside every one that may need it.
+  const std::shared_ptr<AudioComponents> audioComponents_ = std::make_shared<Lv2AudioComponents>(
+      QCoreApplication::applicationDirPath() + QStringLiteral("/orvex-lv2"), log_);
   RemotePanel remotePanel_{bus_};
   std::unique_ptr<QObject> exportedPanel_;
 };

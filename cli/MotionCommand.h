@@ -1,0 +1,10 @@
+#pragma once
+
+#include "Command.h"
+
+namespace orvex {
+
+/// `orvex motion`: lists the Motion templates of a folder.
+[[nodiscard]] Command motionCommand();
+
+}  // namespace orvex

@@ -1,0 +1,34 @@
+#include "base/Threads.h"
+
+#include <algorithm>
+#include <exception>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+namespace orvex {
+
+int workerCount() noexcept {
+  return static_cast<int>(std::clamp(std::thread::hardware_concurrency(), 1U, 4U));
+}
+
+void onWorkers(const std::function<void()>& work) {
+  std::mutex mutex;
+  std::exception_ptr failure;
+  const auto guarded = [&] {
+    try {
+      work();
+    } catch (...) {
+      const std::scoped_lock lock(mutex);
+      if (!failure) failure = std::current_exception();
+    }
+  };
+  {
+    std::vector<std::jthread> threads;
+    for (int i = 1; i < workerCount(); ++i) threads.emplace_back(guarded);
+    guarded();
+  }
+  if (failure) std::rethrow_exception(failure);
+}
+
+}  // namespace orvex

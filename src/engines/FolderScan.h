@@ -1,0 +1,64 @@
+#pragma once
+
+#include "base/FileTree.h"
+#include "engines/Inventory.h"
+
+#include <functional>
+
+namespace orvex {
+
+/// What the scans of all inventories share: the root, the walk over it, names made of paths.
+class FolderScan {
+ public:
+  /// `root` is the absolute path of the folder. Throws `ScanError` when it cannot be asked for: a
+  /// root that is there and cannot be read, or is no folder, has no entries.
+  FolderScan(QByteArray root, const WorkControl& control);
+
+  /// Calls `visit` for every entry below the root and reports how many it was. Returns how many
+  /// folders had to be passed over. Throws `ScanStopped`.
+  qint64 walk(const FileTree::Visitor& visit) const;
+
+  void throwIfStopped() const;
+
+  /// The absolute path of an entry.
+  [[nodiscard]] QByteArray absolute(QByteArrayView path) const;
+  /// The absolute path `file` without every occurrence of the root's path and a slash.
+  [[nodiscard]] QString identifier(QByteArray file) const;
+
+ private:
+  QByteArray root_;
+  const WorkControl& control_;
+};
+
+/// A file name without its extension, and the extension without its dot.
+struct FileName {
+  explicit FileName(QByteArrayView name);
+
+  /// In small or capital ASCII letters, or both.
+  [[nodiscard]] bool hasExtension(QByteArrayView wanted) const {
+    return extension.compare(wanted, Qt::CaseInsensitive) == 0;
+  }
+
+  QByteArrayView stem;
+  QByteArrayView extension;
+};
+
+/// Puts items in the localized order of their names. `rank` comes before the name; what is the same
+/// in both is ordered by `id`, so that a scan gives one result on every file system.
+template <typename Item>
+void sortByName(
+    QList<Item>& items, const Collation& collation,
+    const std::function<int(const Item&)>& rank = [](const Item&) { return 0; }) {
+  std::ranges::sort(items, {}, &Item::id);
+  QList<QString> names;
+  names.reserve(items.size());
+  for (const Item& item : items) names.append(item.name);
+  QList<qsizetype> order = collation.sorted(names);
+  std::ranges::stable_sort(order, {}, [&](qsizetype i) { return rank(items[i]); });
+  QList<Item> sorted;
+  sorted.reserve(items.size());
+  for (const qsizetype i : order) sorted.append(std::move(items[i]));
+  items = std::move(sorted);
+}
+
+}  // namespace orvex

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "base/Background.h"
+#include "base/SearchIndex.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+#include <exception>
+
+namespace orvex {
+
+/// What a scan of a folder found.
+template <typename Item>
+struct Inventory {
+  /// In the order in which they are shown.
+  QList<Item> items{};
+  /// Finds items by their texts; positions are those in `items`.
+  SearchIndex search = SearchIndex();
+  /// Folders below the root, or the root itself, that could not be read.
+  qint64 skippedFolders = 0;
+};
+
+/// How the blocking scans work.
+struct ScanOptions {
+  /// The language of the order and the search.
+  QLocale locale = Collation::userLocale();
+  /// Where to keep what need not be read again the next time.
+  QString cacheFolder = userCacheFolder();
+
+  [[nodiscard]] static QString userCacheFolder();
+};
+
+/// A scan could not be made.
+class ScanError final : public std::exception {
+ public:
+  /// `description` says in Turkish what failed and what to do.
+  explicit ScanError(QString description) : description_(std::move(description)) {}
+
+  [[nodiscard]] const QString& description() const noexcept { return description_; }
+  [[nodiscard]] const char* what() const noexcept override { return "scan failed"; }
+
+ private:
+  QString description_;
+};
+
+/// A scan was asked to stop before it had ended.
+class ScanStopped final : public std::exception {
+ public:
+  [[nodiscard]] const char* what() const noexcept override { return "scan stopped"; }
+};
+
+}  // namespace orvex

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "engines/Inventory.h"
+
+#include <QUrl>
+
+#include <optional>
+
+namespace orvex {
+
+/// A `.cube` file of the library.
+struct LUTItem {
+  /// The path below the library's folder.
+  QString id;
+  /// The file's name without its extension.
+  QString name;
+  std::optional<QString> title;
+  /// As `LUTHeader::dimension`.
+  QString dimension;
+  QUrl fileURL;
+
+  friend bool operator==(const LUTItem&, const LUTItem&) = default;
+};
+
+/// Lists every `.cube` file below `root` (absolute, raw bytes) with what its header says, by name.
+/// A file that cannot be read as text is listed all the same. Files that did not change since a
+/// scan with the same cache folder are not read again. Blocking; throws `ScanError`, `ScanStopped`.
+[[nodiscard]] Inventory<LUTItem> scanLUTs(const QByteArray& root, const WorkControl& control,
+                                          const ScanOptions& options = {});
+
+}  // namespace orvex

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "engines/Inventory.h"
+
+#include <QUrl>
+
+#include <cstdint>
+#include <optional>
+
+namespace orvex {
+
+/// In the order in which the kinds are listed.
+enum class MotionTemplateKind : std::uint8_t { Effect, Generator, Title, Transition };
+
+/// "effect", "generator", "title" or "transition".
+[[nodiscard]] QString rawValue(MotionTemplateKind kind);
+
+/// A Motion template's project file.
+struct MotionTemplateItem {
+  /// The path below the templates' folder.
+  QString id;
+  /// The file's name without its extension.
+  QString name;
+  MotionTemplateKind kind = MotionTemplateKind::Effect;
+  /// The name of the folder two levels above the file, or "Uncategorized".
+  QString category;
+  QUrl fileURL;
+  /// The picture beside the file, when there is one.
+  std::optional<QUrl> previewURL;
+
+  friend bool operator==(const MotionTemplateItem&, const MotionTemplateItem&) = default;
+};
+
+/// Lists every template below `root` (absolute, raw bytes) by kind, then by name. Blocking; throws
+/// `ScanError`, `ScanStopped`.
+[[nodiscard]] Inventory<MotionTemplateItem> scanMotionTemplates(const QByteArray& root,
+                                                                const WorkControl& control,
+                                                                const ScanOptions& options = {});
+
+}  // namespace orvex

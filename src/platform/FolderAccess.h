@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QUrl>
+
+#include <expected>
+#include <functional>
+#include <optional>
+
+namespace orvex {
+
+/// Folders that the user lets the program read: asking for one, and keeping the grant beyond the
+/// life of the process. Main thread, except where said.
+class FolderAccess {
+ public:
+  /// What grant bytes lead to.
+  struct Resolved {
+    /// A local file URL, without a trailing slash.
+    QUrl url;
+    /// The folder is no longer the one the grant was made for, or the bytes are out of date: the
+    /// caller should make a new grant for `url`.
+    bool stale = false;
+  };
+
+  virtual ~FolderAccess() = default;
+
+  /// Asks the user for one existing folder; no file, no second folder can be chosen. Returns at
+  /// once. `chosen` is called once, later, on the main thread: with a local file URL, or with
+  /// nothing when the user cancelled or no chooser could be shown; never after this object is gone.
+  /// `title` is what the dialog says, `prompt` the label of the button that accepts.
+  virtual void chooseFolder(const QString& title, const QString& prompt,
+                            std::function<void(std::optional<QUrl>)> chosen) = 0;
+
+  /// Bytes from which `resolveGrant` finds the folder again in a later process. They widen nothing:
+  /// whoever has them can reach that folder only. The error is one sentence for the log.
+  [[nodiscard]] virtual std::expected<QByteArray, QString> makeGrant(const QUrl& folder) = 0;
+
+  /// The folder that grant bytes stand for. Any bytes are safe to hand in; those that were not made
+  /// by `makeGrant`, or whose folder is gone, are an error, one sentence for the log.
+  [[nodiscard]] virtual std::expected<Resolved, QString> resolveGrant(const QByteArray& grant) = 0;
+
+  /// Begins to use a granted folder. Returns whether `stopAccess` has to be called; false is no
+  /// failure where a system needs no such bracket. Nests. Any thread.
+  [[nodiscard]] virtual bool startAccess(const QUrl& folder) = 0;
+  /// Ends what one `startAccess` that returned true began. Any thread.
+  virtual void stopAccess(const QUrl& folder) = 0;
+};
+
+}  // namespace orvex

@@ -1,0 +1,37 @@
+#include "platform/linux/LinuxFolderAccess.h"
+
+#include "base/FileUrl.h"
+#include "platform/linux/FolderGrant.h"
+
+namespace orvex {
+
+void LinuxFolderAccess::chooseFolder(const QString& title, const QString& prompt,
+                                     std::function<void(std::optional<QUrl>)> chosen) {
+  chooser_.choose(title, prompt, std::move(chosen));
+}
+
+std::expected<QByteArray, QString> LinuxFolderAccess::makeGrant(const QUrl& folder) {
+  const QByteArray path = filePath(folder);
+  if (path.isEmpty())
+    return std::unexpected(
+        QStringLiteral("%1 bu bilgisayarda bir klasör değil.").arg(folder.toDisplayString()));
+  const auto grant = FolderGrant::of(path);
+  if (!grant)
+    return std::unexpected(
+        QStringLiteral("%1 klasör olarak açılamadı. (%2)")
+            .arg(QString::fromUtf8(path), QString::fromLocal8Bit(grant.error().message())));
+  return grant->toBytes();
+}
+
+std::expected<FolderAccess::Resolved, QString> LinuxFolderAccess::resolveGrant(
+    const QByteArray& grant) {
+  const auto decoded = FolderGrant::fromBytes(grant);
+  if (!decoded) return std::unexpected(QStringLiteral("Klasör izni bozuk. Klasörü yeniden seç."));
+  const auto place = decoded->locate();
+  if (!place)
+    return std::unexpected(
+        QStringLiteral("%1 artık yok. Klasörü yeniden seç.").arg(QString::fromUtf8(decoded->path)));
+  return Resolved{fileUrl(place->path), place->moved};
+}
+
+}  // namespace orvex

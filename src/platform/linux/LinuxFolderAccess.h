@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/FolderAccess.h"
+#include "platform/linux/PortalChooser.h"
+
+namespace orvex {
+
+/// Folders on a system whose own rights decide what the panel may read: a grant is the memory of a
+/// choice, and using a folder needs no bracket.
+class LinuxFolderAccess final : public FolderAccess {
+ public:
+  /// Both outlive this.
+  LinuxFolderAccess(SessionBus& bus, SystemLog& log) : chooser_(bus, log) {}
+
+  /// See `PortalChooser::setFallback`.
+  void setFallbackChooser(FolderChooser* chooser) { chooser_.setFallback(chooser); }
+
+  void chooseFolder(const QString& title, const QString& prompt,
+                    std::function<void(std::optional<QUrl>)> chosen) override;
+  [[nodiscard]] std::expected<QByteArray, QString> makeGrant(const QUrl& folder) override;
+  [[nodiscard]] std::expected<Resolved, QString> resolveGrant(const QByteArray& grant) override;
+  [[nodiscard]] bool startAccess(const QUrl&) override { return false; }
+  void stopAccess(const QUrl&) override {}
+
+ private:
+  PortalChooser chooser_;
+};
+
+}  // namespace orvex

@@ -1,0 +1,69 @@
+#include "runtime/QuickFolderChooser.h"
+
+#include "platform/SystemLog.h"
+
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickWindow>
+
+namespace orvex {
+namespace {
+
+// One dialog, from its opening to its end. Its class is known to QML only, so it is spoken to by
+// name.
+class OpenDialog final : public QObject {
+  Q_OBJECT
+
+ public:
+  OpenDialog(QObject* dialog, FolderChooser::Chosen chosen, QObject* parent)
+      : QObject(parent), dialog_(dialog), chosen_(std::move(chosen)) {
+    dialog->setParent(this);
+    connect(dialog, SIGNAL(accepted()), this, SLOT(accepted()));
+    connect(dialog, SIGNAL(rejected()), this, SLOT(rejected()));
+    QMetaObject::invokeMethod(dialog, "open");
+  }
+  ~OpenDialog() override {
+    chosen_ = nullptr;
+    QMetaObject::invokeMethod(dialog_, "close");
+  }
+
+ private Q_SLOTS:
+  void accepted() {
+    const QUrl folder = dialog_->property("selectedFolder").toUrl();
+    if (!folder.isLocalFile()) return end(std::nullopt);
+    end(folder.adjusted(QUrl::StripTrailingSlash));
+  }
+  void rejected() { end(std::nullopt); }
+
+ private:
+  void end(const std::optional<QUrl>& folder) {
+    if (!chosen_) return;
+    deleteLater();
+    std::exchange(chosen_, nullptr)(folder);
+  }
+
+  QObject* const dialog_;
+  FolderChooser::Chosen chosen_;
+};
+
+}  // namespace
+
+void QuickFolderChooser::choose(const QString& title, const QString& prompt, Chosen chosen) {
+  QQmlComponent component(&engine_);
+  component.setData("import QtQuick.Dialogs\nFolderDialog {}", QUrl());
+  QObject* dialog = component.createWithInitialProperties(
+      {{QStringLiteral("title"), title},
+       {QStringLiteral("acceptLabel"), prompt},
+       {QStringLiteral("parentWindow"), QVariant::fromValue<QWindow*>(&window_)}});
+  if (dialog != nullptr) {
+    new OpenDialog(dialog, std::move(chosen), &dialogs_);
+    return;
+  }
+  log_.line(QStringLiteral("[Vantrelo Orvex] no folder dialog: %1").arg(component.errorString()));
+  QMetaObject::invokeMethod(
+      &dialogs_, [chosen = std::move(chosen)] { chosen(std::nullopt); }, Qt::QueuedConnection);
+}
+
+}  // namespace orvex
+
+#include "QuickFolderChooser.moc"

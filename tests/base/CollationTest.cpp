@@ -1,0 +1,114 @@
+#include "base/Collation.h"
+#include "base/SearchIndex.h"
+
+#include <gmock/gmock.h>
+
+using namespace orvex;
+
+namespace {
+
+const QLocale kTurkish(QLocale::Turkish);
+const QLocale kEnglish(QLocale::English);
+const QLocale kSwedish(QLocale::Swedish);
+
+QStringList sorted(const QLocale& locale, const QStringList& names) {
+  QStringList result;
+  for (const qsizetype i : Collation(locale).sorted(names)) result.append(names[i]);
+  return result;
+}
+
+TEST(Collation, SortsAsTheLanguageDoes) {
+  const struct {
+    QLocale locale;
+    const char16_t* expected;
+  } rows[]{
+      // The dotless i before the dotted one, each beside its capital; ç, ö, ş after their letters.
+      {kTurkish, u"Cam,çam,Hat,Isı,ısırgan,İlk,inci,Oda,ödev,Sal,şal,zil"},
+      {kEnglish, u"Äpfel,apple,Banana,çam,cat,Zebra"},
+      {kSwedish, u"Apa,Zebra,ådra,äpple,öl"},
+      {QLocale::c(), u"a,B,é,f,Z"},
+  };
+  for (const auto& row : rows) {
+    const QStringList expected = QString::fromUtf16(row.expected).split(u',');
+    QStringList reversed(expected.rbegin(), expected.rend());
+    EXPECT_EQ(sorted(row.locale, reversed), expected) << qPrintable(row.locale.name());
+  }
+}
+
+TEST(Collation, IgnoresCaseAndKeepsTheOrderOfEqualNames) {
+  const QStringList names{QStringLiteral("film"), QStringLiteral("FILM"), QStringLiteral("Alpha"),
+                          QStringLiteral("Film")};
+  EXPECT_EQ(sorted(kEnglish, names), (QStringList{QStringLiteral("Alpha"), QStringLiteral("film"),
+                                                  QStringLiteral("FILM"), QStringLiteral("Film")}));
+  const Collation english(kEnglish);
+  EXPECT_EQ(english.key(u"é"), english.key(u"E\u0301"));
+  EXPECT_NE(english.key(u"é"), english.key(u"e"));
+}
+
+// More names than one thread takes at a time, and names longer than the room for a key.
+TEST(Collation, SortsManyAndLongNames) {
+  QStringList names;
+  for (int i = 0; i < 5000; ++i)
+    names.append(QStringLiteral("%1 %2")
+                     .arg((i * 7919) % 5000, 4, 10, QLatin1Char('0'))
+                     .arg(QString(300, u'x')));
+  QStringList expected = names;
+  expected.sort();
+  EXPECT_EQ(sorted(kTurkish, names), expected);
+}
+
+TEST(SearchIndex, FindsTextsByTheRulesOfTheLanguage) {
+  const struct {
+    QLocale locale;
+    const char16_t* text;
+    const char16_t* query;
+    bool found;
+  } rows[]{
+      {kEnglish, u"Film Look", u"LOOK", true},
+      {kEnglish, u"Film Look", u"  film \n", true},
+      {kEnglish, u"Film Look", u"film  look", false},
+      {kEnglish, u"Isı", u"is", true},
+      {kEnglish, u"Isı", u"isi", false},
+      {kEnglish, u"İlk", u"İLK", true},
+      {kEnglish, u"İlk", u"ilk", false},
+      {kTurkish, u"İlk", u"ilk", true},
+      {kTurkish, u"I\u0307lk", u"ilk", true},
+      {kTurkish, u"ilk", u"İLK", true},
+      {kTurkish, u"ilk", u"ILK", false},
+      {kTurkish, u"ISI", u"ısı", true},
+      {kTurkish, u"ISI", u"isi", false},
+      {kTurkish, u"Işık", u"IŞIK", true},
+      {kEnglish, u"Straße", u"STRASSE", true},
+      {kEnglish, u"Cafe\u0301", u"CAFÉ", true},
+      {kEnglish, u"Café", u"cafe\u0301", true},
+      // A letter is not found where a mark makes it another one, even one without a code point.
+      {kEnglish, u"Cafe\u0301", u"cafe", false},
+      {kEnglish, u"q\u0307r", u"q", false},
+      {kEnglish, u"q\u0307q", u"q", true},
+      {kEnglish, u"ΣΊΣΥΦΟΣ", u"σίσυφος", true},
+      {kEnglish, u"", u"a", false},
+  };
+  for (const auto& row : rows) {
+    SearchIndex index(row.locale);
+    index.add({row.text});
+    EXPECT_EQ(index.find(row.query).size(), row.found ? 1 : 0)
+        << qPrintable(row.locale.name()) << ' ' << qPrintable(QString::fromUtf16(row.text)) << ' '
+        << qPrintable(QString::fromUtf16(row.query));
+  }
+}
+
+TEST(SearchIndex, NamesEachItemOnceInOrder) {
+  SearchIndex index(kEnglish);
+  index.add({u"banana", u"fruit"});
+  index.add({u"", u""});
+  index.add({u"ana", u"banana"});
+  index.add({u"cherry", u"fruit"});
+  EXPECT_THAT(index.find(u"ana"), testing::ElementsAre(0, 2));
+  EXPECT_THAT(index.find(u"FRUIT"), testing::ElementsAre(0, 3));
+  EXPECT_THAT(index.find(u" \t\n"), testing::ElementsAre(0, 1, 2, 3));
+  // No text runs on into the next one.
+  EXPECT_THAT(index.find(u"anafruit"), testing::IsEmpty());
+  EXPECT_THAT(index.find(u"fruitana"), testing::IsEmpty());
+}
+
+}  // namespace

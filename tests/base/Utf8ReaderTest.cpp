@@ -1,0 +1,102 @@
+#include "base/FileDescriptor.h"
+#include "base/Utf8Reader.h"
+#include "support/TemporaryTree.h"
+
+#include <optional>
+
+using namespace orvex;
+
+namespace {
+
+using Failure = Utf8Reader::Failure;
+
+std::expected<QByteArray, Failure> read(const QByteArray& path) {
+  const FileDescriptor file(::open(path.constData(), O_RDONLY | O_NONBLOCK));
+  Utf8Reader reader;
+  return reader.header(file.get(), {});
+}
+
+constexpr qsizetype kPiece = Utf8Reader::kHeaderSize;
+
+TEST(Utf8Reader, ChecksEveryByte) {
+  const QByteArray line = "TITLE \"x\"\n";
+  const QByteArray long1 = QByteArray(kPiece, 'x') + '\n';
+  const struct {
+    const char* name;
+    QByteArray contents;
+    std::optional<QByteArray> header;
+  } rows[]{
+      {"empty", "", ""},
+      {"plain", line, line},
+      {"without a last line break", "LUT_3D_SIZE 2", "LUT_3D_SIZE 2"},
+      {"mark", "\xEF\xBB\xBF" + line, line},
+      {"zeros", QByteArray("a\0b", 3), QByteArray("a\0b", 3)},
+      {"two, three and four bytes", "ş€𝄞", "ş€𝄞"},
+      {"lone continuation", "a\x80", {}},
+      {"cut at the end", "a\xE2\x82", {}},
+      {"overlong", "\xC0\xAF", {}},
+      {"surrogate", "\xED\xA0\x80", {}},
+      {"beyond the last character", "\xF4\x90\x80\x80", {}},
+      {"five bytes", "\xF8\x88\x80\x80\x80", {}},
+      {"latin 1 behind the header", line + long1 + "\xE7" + line, {}},
+      {"cut at the end of a piece", QByteArray(kPiece - 1, 'x') + "\xE2", {}},
+      // The header of a large file is its whole lines.
+      {"large", line + long1, line},
+      {"one line", long1, ""},
+  };
+  const TemporaryTree tree;
+  for (const auto& row : rows) {
+    tree.file("x", row.contents);
+    const auto header = read(tree.path("x"));
+    if (row.header)
+      EXPECT_TRUE(header == *row.header) << row.name;
+    else
+      EXPECT_TRUE(header == std::unexpected(Failure::NotUtf8)) << row.name;
+  }
+}
+
+// A character of several bytes across the border of two pieces, in every position.
+TEST(Utf8Reader, JoinsCharactersAcrossPieces) {
+  const TemporaryTree tree;
+  for (const QByteArray& character : {QByteArray("ş"), QByteArray("€"), QByteArray("𝄞")}) {
+    for (qsizetype before = 0; before <= character.size(); ++before) {
+      const QByteArray padding(kPiece - before, 'x');
+      tree.file("x", padding + character + padding + character);
+      EXPECT_TRUE(read(tree.path("x"))) << character.constData() << before;
+      tree.file("x", padding + character.chopped(1) + padding);
+      EXPECT_FALSE(read(tree.path("x"))) << character.constData() << before;
+    }
+  }
+}
+
+TEST(Utf8Reader, RefusesWhatIsNoRegularFileWithoutWaiting) {
+  const TemporaryTree tree;
+  tree.fifo("fifo");
+  for (const QByteArray& path :
+       {tree.path("fifo"), tree.root(), QByteArray("/dev/zero"), tree.path("missing")}) {
+    const auto header = read(path);
+    ASSERT_FALSE(header) << path.constData();
+    EXPECT_EQ(header.error(), Failure::Unreadable) << path.constData();
+  }
+}
+
+// Reading what the file claims to hold would take hours.
+TEST(Utf8Reader, PassesOverHoles) {
+  const TemporaryTree tree;
+  const auto makeSparse = [&tree](const QByteArray& before, const QByteArray& after) {
+    tree.file("x", before);
+    const FileDescriptor file(::open(tree.path("x").constData(), O_WRONLY));
+    const off_t far = off_t{1} << 41;
+    EXPECT_EQ(::ftruncate(file.get(), far), 0);
+    EXPECT_EQ(::pwrite(file.get(), after.constData(), static_cast<size_t>(after.size()), far - 8),
+              after.size());
+  };
+  makeSparse("LUT_3D_SIZE 2\n", "x");
+  const auto header = read(tree.path("x"));
+  ASSERT_TRUE(header);
+  EXPECT_EQ(*header, "LUT_3D_SIZE 2\n");
+  makeSparse("LUT_3D_SIZE 2\n", "\xFF");
+  EXPECT_FALSE(read(tree.path("x")));
+}
+
+}  // namespace

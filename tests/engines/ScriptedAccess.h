@@ -1,0 +1,57 @@
+#pragma once
+
+#include "platform/FolderAccess.h"
+#include "platform/SystemLog.h"
+
+#include <QStringList>
+
+namespace orvex {
+
+/// Folder access as a test writes it: a grant is the folder's URL as text, the user answers when
+/// the test says so.
+class ScriptedAccess final : public FolderAccess {
+ public:
+  void chooseFolder(const QString& title, const QString& prompt,
+                    std::function<void(std::optional<QUrl>)> chosen) override {
+    asked.append(title + u'|' + prompt);
+    pending = std::move(chosen);
+  }
+  void answer(const std::optional<QUrl>& folder) { std::exchange(pending, nullptr)(folder); }
+
+  std::expected<QByteArray, QString> makeGrant(const QUrl& folder) override {
+    if (!canGrant) return std::unexpected(QStringLiteral("no grant"));
+    return "grant:" + folder.toEncoded();
+  }
+  std::expected<Resolved, QString> resolveGrant(const QByteArray& grant) override {
+    const QByteArray prefix = stale ? "stale:" : "grant:";
+    if (!grant.startsWith(prefix)) return std::unexpected(QStringLiteral("no such grant"));
+    return Resolved{QUrl::fromEncoded(grant.sliced(prefix.size())), stale};
+  }
+  bool startAccess(const QUrl& folder) override {
+    if (!bracketed) return false;
+    used.append(folder);
+    return true;
+  }
+  void stopAccess(const QUrl& folder) override {
+    if (!used.removeOne(folder)) stoppedUnused = true;
+  }
+
+  QStringList asked;
+  std::function<void(std::optional<QUrl>)> pending;
+  bool canGrant = true;
+  bool stale = false;
+  /// Whether access has to be started and stopped.
+  bool bracketed = true;
+  /// What is being used now.
+  QList<QUrl> used;
+  bool stoppedUnused = false;
+};
+
+class RecordedLog final : public SystemLog {
+ public:
+  void line(const QString& text) override { lines.append(text); }
+
+  QStringList lines;
+};
+
+}  // namespace orvex

@@ -1,0 +1,7 @@
+#include "base/StringsFile.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  std::ignore = orvex::StringsFile::parse(
+      QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
+  return 0;
+}

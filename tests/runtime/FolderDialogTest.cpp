@@ -1,0 +1,108 @@
+#include "platform/SystemLog.h"
+#include "runtime/QuickFolderChooser.h"
+#include "support/Wait.h"
+
+#include <QDir>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickStyle>
+#include <QQuickWindow>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+
+using namespace orvex;
+
+namespace {
+
+class Lines final : public SystemLog {
+ public:
+  void line(const QString& text) override { lines.append(text); }
+  QStringList lines;
+};
+
+QQuickItem* itemWithText(QQuickItem* root, const QString& text) {
+  for (QQuickItem* child : root->childItems()) {
+    if (child->isVisible() && child->property("text").toString() == text &&
+        child->metaObject()->indexOfSignal("clicked()") >= 0)
+      return child;
+    if (QQuickItem* found = itemWithText(child, text)) return found;
+  }
+  return nullptr;
+}
+
+class FolderDialogs : public testing::Test {
+ protected:
+  void SetUp() override {
+    window_.resize(800, 600);
+    window_.show();
+  }
+  void choose() {
+    chooser_->choose(QStringLiteral("LUT klasörünü seç"), QStringLiteral("Seç"),
+                     [this](const std::optional<QUrl>& url) {
+                       answers_.append(url ? url->toLocalFile() : QStringLiteral("nothing"));
+                     });
+    EXPECT_TRUE(answers_.isEmpty());
+  }
+  [[nodiscard]] QQuickItem* button(const QString& text) {
+    QQuickItem* found = nullptr;
+    EXPECT_TRUE(waitUntil([&] {
+      found = itemWithText(window_.contentItem(), text);
+      return found != nullptr && found->isEnabled();
+    })) << qPrintable(text);
+    return found;
+  }
+  [[nodiscard]] bool answered() {
+    return waitUntil([this] { return !answers_.isEmpty(); });
+  }
+
+  QQmlEngine engine_;
+  QQuickWindow window_;
+  Lines log_;
+  std::unique_ptr<QuickFolderChooser> chooser_ =
+      std::make_unique<QuickFolderChooser>(engine_, window_, log_);
+  QStringList answers_;
+};
+
+TEST_F(FolderDialogs, TheAcceptedFolderIsTheAnswer) {
+  const QTemporaryDir folder;
+  ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("LUTs")));
+  const QString before = QDir::currentPath();
+  ASSERT_TRUE(QDir::setCurrent(folder.path()));
+  choose();
+  ASSERT_TRUE(QDir::setCurrent(before));
+  QQuickItem* accept = button(QStringLiteral("Seç"));
+  ASSERT_TRUE(accept);
+  QMetaObject::invokeMethod(accept, "clicked");
+  ASSERT_TRUE(answered());
+  EXPECT_TRUE(answers_[0].startsWith(u'/')) << qPrintable(answers_[0]);
+  EXPECT_FALSE(answers_[0].endsWith(u'/')) << qPrintable(answers_[0]);
+  EXPECT_TRUE(log_.lines.isEmpty());
+}
+
+TEST_F(FolderDialogs, ADialogThatIsCancelledIsNoFolder) {
+  choose();
+  ASSERT_TRUE(button(QStringLiteral("Seç")));
+  QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+  QCoreApplication::sendEvent(&window_, &escape);
+  ASSERT_TRUE(answered());
+  EXPECT_EQ(answers_, QStringList{QStringLiteral("nothing")});
+}
+
+TEST_F(FolderDialogs, NothingIsAnsweredOnceTheChooserIsGone) {
+  choose();
+  ASSERT_TRUE(button(QStringLiteral("Seç")));
+  chooser_.reset();
+  EXPECT_FALSE(waitUntil([this] { return !answers_.isEmpty(); }, std::chrono::milliseconds(50)));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  QQuickStyle::setStyle(QStringLiteral("Basic"));
+  const QGuiApplication application(argc, argv);
+  return RUN_ALL_TESTS();
+}
