@@ -96,7 +96,7 @@ TEST(PropertyList, RefusesWhatItsParserWouldNotSurvive) {
       {"deep where another encoding hides it",
        "<?xml version=\"1.0\" encoding=\"HZ-GB-2312\"?><plist><array><string>~{</string>" + levels +
            QByteArray("</array>").repeated(PropertyList::kMaximumDepth) +
-           "<string>~}</string></array></plist>"},
+           " <string>~}</string></array></plist>"},
       {"large", xml("<string>" + QByteArray(PropertyList::kMaximumBytes, 'x') + "</string>")},
       {"binary date", binary({kDate})},
       {"binary date inside", binary({"\xA1\x01", kDate})},
