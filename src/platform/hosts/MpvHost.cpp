@@ -65,8 +65,11 @@ MpvHost::~MpvHost() = default;
 QString MpvHost::name() const {
   return QStringLiteral("mpv");
 }
+// The player puts its name before its version, as in "mpv 0.35.1".
 QString MpvHost::versionString() const {
-  return values_[Version].toString();
+  const QString version = values_[Version].toString();
+  const QString prefix = name() + u' ';
+  return version.startsWith(prefix) ? version.mid(prefix.size()) : version;
 }
 QString MpvHost::bundleIdentifier() const {
   return QStringLiteral("io.mpv.Mpv");

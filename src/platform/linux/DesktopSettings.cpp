@@ -1,8 +1,7 @@
 #include "platform/linux/DesktopSettings.h"
 
-#include <memory>
-
 #include <gio/gio.h>
+#include <memory>
 
 namespace orvex {
 

@@ -6,7 +6,7 @@ namespace orvex {
 
 /// The still part of the curve editor: grid, handle lines and curve. The marker and the handles are
 /// items of their own above it, so that their movement repaints nothing here.
-class SpeedCurveCanvas : public CurveItem {
+class SpeedCurveCanvas : public orvex::CurveItem {
   Q_OBJECT
   QML_ELEMENT
   /// Where the curve begins, and the handle lines.

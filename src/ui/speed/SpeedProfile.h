@@ -6,7 +6,7 @@ namespace orvex {
 
 /// The speed that a ramp results in, over time: what the curve does to the clip. The line at 100 %
 /// is the original speed.
-class SpeedProfile : public CurveItem {
+class SpeedProfile : public orvex::CurveItem {
   Q_OBJECT
   QML_ELEMENT
   /// "%20": the smallest and the largest speed, in whole per cent; "%∞" where the curve is

@@ -76,13 +76,6 @@ bool binaryExists(const LilvPlugin& plugin) {
   return path && QFileInfo(QFile::decodeName(path.get())).isFile();
 }
 
-// The class's name for people; for a class that no bundle describes, the end of its URI.
-QString className(const LilvPlugin& plugin) {
-  const LilvPluginClass* type = lilv_plugin_get_class(&plugin);
-  if (QString label = text(lilv_plugin_class_get_label(type)); !label.isEmpty()) return label;
-  return QUrl(QString::fromUtf8(lilv_node_as_uri(lilv_plugin_class_get_uri(type)))).fragment();
-}
-
 }  // namespace
 
 EffectReader::EffectReader(LilvWorld& world)
@@ -111,7 +104,7 @@ std::optional<AudioComponent> EffectReader::read(const LilvPlugin& plugin) const
   component.manufacturerName = manufacturer(plugin);
   component.versionString =
       versionNumber(plugin, *minorVersion_) + u'.' + versionNumber(plugin, *microVersion_);
-  component.typeName = className(plugin);
+  component.typeName = text(lilv_plugin_class_get_label(lilv_plugin_get_class(&plugin)));
   component.manufacturer = code(component.manufacturerName.toUtf8());
   component.subType = code(lilv_node_as_string(pluginUri));
   component.passesValidation = lilv_plugin_verify(&plugin) && binaryExists(plugin);
