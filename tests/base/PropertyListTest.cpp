@@ -109,6 +109,13 @@ TEST(PropertyList, RefusesWhatItsParserWouldNotSurvive) {
        binary({QByteArray("\x5F\x13\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF", 10)})},
       {"binary dictionary with a number for a key",
        binary({"\xD1\x01\x01", QByteArray("\x10\x01", 2)})},
+      {"binary key with a zero", binary({"\xD1\x01\x02",
+                                         QByteArray("\x53"
+                                                    "a\0b",
+                                                    4),
+                                         kTrue})},
+      {"binary wide key with a zero",
+       binary({"\xD1\x01\x02", QByteArray("\x62\0a\0\0", 5), kTrue})},
       {"binary unknown object", binary({"\x80"
                                         "x"})},
       {"binary set", binary({"\xC1\x01", kTrue})},
