@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 using namespace orvex;
+using namespace Qt::StringLiterals;
 using Verb = HostRequest::Verb;
 
 namespace {
@@ -33,7 +34,7 @@ TEST(HostRequest, Reads) {
       {"seconds --json 1e3", {.verb = Verb::Seconds, .seconds = 1000, .json = true}},
       {"frames -1", {.verb = Verb::Frames, .frames = -1}},
       {"frames +12", {.verb = Verb::Frames, .frames = 12}},
-      {"action blade-speed", {.verb = Verb::Action, .action = QStringLiteral("blade-speed")}},
+      {"action blade-speed", {.verb = Verb::Action, .action = u"blade-speed"_s}},
   };
   for (const auto& c : cases) {
     const auto request = HostRequest::parse(words(c.arguments));
@@ -68,11 +69,10 @@ class Program : public testing::Test {
   [[nodiscard]] Outcome run(const QString& host, const QStringList& arguments) const {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("ORVEX_HOST"), host);
+    environment.insert(u"ORVEX_HOST"_s, host);
     // Nobody here owns the companion's scheme.
     for (const auto& variable :
-         {QStringLiteral("XDG_DATA_HOME"), QStringLiteral("XDG_CONFIG_HOME"),
-          QStringLiteral("XDG_DATA_DIRS"), QStringLiteral("XDG_CONFIG_DIRS")})
+         {u"XDG_DATA_HOME"_s, u"XDG_CONFIG_HOME"_s, u"XDG_DATA_DIRS"_s, u"XDG_CONFIG_DIRS"_s})
       environment.insert(variable, home_.path());
     process.setProcessEnvironment(environment);
     process.start(QStringLiteral(ORVEX_PROGRAM), arguments);
@@ -82,7 +82,7 @@ class Program : public testing::Test {
             QString::fromUtf8(process.readAllStandardError())};
   }
   [[nodiscard]] Outcome host(const QString& host, const char* arguments) const {
-    return run(host, QStringList{QStringLiteral("host")} + words(arguments));
+    return run(host, QStringList{u"host"_s} + words(arguments));
   }
 
  private:
@@ -90,8 +90,8 @@ class Program : public testing::Test {
 };
 
 TEST_F(Program, MovesARealPlayer) {
-  MpvPlayer player({testClip(QStringLiteral("24000/1001"))});
-  const QString choice = QStringLiteral("mpv:") + player.socketPath();
+  MpvPlayer player({testClip(u"24000/1001"_s)});
+  const QString choice = u"mpv:"_s + player.socketPath();
   constexpr double kFrame = 1001.0 / 24000;
   const struct {
     const char* arguments;
@@ -106,17 +106,16 @@ TEST_F(Program, MovesARealPlayer) {
     const Outcome outcome = host(choice, c.arguments);
     EXPECT_EQ(outcome.exitCode, 0);
     EXPECT_EQ(outcome.errors, QString());
-    EXPECT_NEAR(player.property(QStringLiteral("time-pos")).toDouble(-1), c.frame * kFrame, 1e-3);
+    EXPECT_NEAR(player.property(u"time-pos"_s).toDouble(-1), c.frame * kFrame, 1e-3);
     EXPECT_NEAR(outcome.json().value(u"playheadSeconds").toDouble(-1), c.frame * kFrame, 1e-9);
   }
   const QJsonObject fields = host(choice, "--json").json();
-  EXPECT_EQ(
-      fields.keys().join(u' '),
-      QStringLiteral("bundleIdentifier connected fps frameDurationSeconds hostName hostVersion "
-                     "playheadSeconds sequenceAvailable sequenceDurationSeconds sequenceName "
-                     "sequenceStartSeconds"));
+  EXPECT_EQ(fields.keys().join(u' '),
+            u"bundleIdentifier connected fps frameDurationSeconds hostName hostVersion "
+            "playheadSeconds sequenceAvailable sequenceDurationSeconds sequenceName "
+            "sequenceStartSeconds"_s);
   EXPECT_EQ(fields.value(u"sequenceDurationSeconds"), 10.01);
-  EXPECT_EQ(fields.value(u"hostName"), QStringLiteral("mpv"));
+  EXPECT_EQ(fields.value(u"hostName"), u"mpv"_s);
   EXPECT_EQ(fields.value(u"connected"), true);
 
   const Outcome table = host(choice, "seconds 1");
@@ -126,39 +125,37 @@ TEST_F(Program, MovesARealPlayer) {
   // The companion is not there, and the text says so; the player's state is no excuse.
   const Outcome action = host(choice, "action blade-speed");
   EXPECT_EQ(action.exitCode, 1);
-  EXPECT_EQ(action.errors, QStringLiteral("Vantrelo yardımcı motoru açılamadı.\n"));
+  EXPECT_EQ(action.errors, u"Vantrelo yardımcı motoru açılamadı.\n"_s);
   EXPECT_EQ(action.output, QString());
 
-  player.command({QStringLiteral("stop")});
-  ASSERT_TRUE(waitUntil([&] { return player.property(QStringLiteral("idle-active")).toBool(); }));
+  player.command({u"stop"_s});
+  ASSERT_TRUE(waitUntil([&] { return player.property(u"idle-active"_s).toBool(); }));
   const Outcome idle = host(choice, "status --json");
   EXPECT_EQ(idle.exitCode, 0);
-  EXPECT_EQ(idle.json().value(u"sequenceName"), QStringLiteral("NO SEQUENCE"));
-  EXPECT_EQ(host(choice, "end").errors, QStringLiteral("Aktif timeline yok.\n"));
-  EXPECT_EQ(host(choice, "frames 1").errors,
-            QStringLiteral("Final Cut frameDuration henüz hazır değil.\n"));
+  EXPECT_EQ(idle.json().value(u"sequenceName"), u"NO SEQUENCE"_s);
+  EXPECT_EQ(host(choice, "end").errors, u"Aktif timeline yok.\n"_s);
+  EXPECT_EQ(host(choice, "frames 1").errors, u"Final Cut frameDuration henüz hazır değil.\n"_s);
   EXPECT_EQ(host(choice, "frames 1").exitCode, 1);
 }
 
 TEST_F(Program, WaitsForAPlayerThatIsOnItsWay) {
-  MpvPlayer player({testClip(QStringLiteral("25"))});
+  MpvPlayer player({testClip(u"25"_s)});
   player.kill();
   ASSERT_EQ(::unlink(qPrintable(player.socketPath())), 0);
   QProcess process;
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert(QStringLiteral("ORVEX_HOST"), QStringLiteral("mpv:") + player.socketPath());
+  environment.insert(u"ORVEX_HOST"_s, u"mpv:"_s + player.socketPath());
   process.setProcessEnvironment(environment);
-  process.start(QStringLiteral(ORVEX_PROGRAM),
-                {QStringLiteral("host"), QStringLiteral("frames"), QStringLiteral("10")});
+  process.start(QStringLiteral(ORVEX_PROGRAM), {u"host"_s, u"frames"_s, u"10"_s});
   ASSERT_TRUE(process.waitForStarted());
   player.start();
   ASSERT_TRUE(process.waitForFinished());
   EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
-  EXPECT_NEAR(player.property(QStringLiteral("time-pos")).toDouble(-1), 0.4, 1e-3);
+  EXPECT_NEAR(player.property(u"time-pos"_s).toDouble(-1), 0.4, 1e-3);
 }
 
 TEST_F(Program, SaysWhatIsWrong) {
-  const QString builtIn = QStringLiteral("builtin:50");
+  const QString builtIn = u"builtin:50"_s;
   const struct {
     const char* what;
     QString host;
@@ -166,18 +163,15 @@ TEST_F(Program, SaysWhatIsWrong) {
     int exitCode;
     QString error;
   } cases[] = {
-      {"no host", QStringLiteral("none"), "host", 1,
-       QStringLiteral("Final Cut Pro host proxy bulunamadı.\n")},
-      {"no player", QStringLiteral("mpv:/nonexistent/s"), "host end", 1,
-       QStringLiteral("Final Cut Pro host proxy bulunamadı.\n")},
-      {"unknown host", QStringLiteral("vlc"), "host", 2, QStringLiteral("ORVEX_HOST: ")},
-      {"long path", QStringLiteral("mpv:/") + QString(200, u'x'), "host", 2,
-       QStringLiteral("çok uzun")},
-      {"unknown action", builtIn, "host action Toggle-Retime", 1,
-       QStringLiteral("Geçersiz timeline komutu.\n")},
-      {"unknown verb", builtIn, "host jump", 2, QStringLiteral("\"jump\" anlaşılmadı.")},
-      {"unknown command", builtIn, "dance", 2, QStringLiteral("\"dance\" diye bir komut yok.")},
-      {"no command", builtIn, "", 2, QStringLiteral("orvex host [status|")},
+      {"no host", u"none"_s, "host", 1, u"Final Cut Pro host proxy bulunamadı.\n"_s},
+      {"no player", u"mpv:/nonexistent/s"_s, "host end", 1,
+       u"Final Cut Pro host proxy bulunamadı.\n"_s},
+      {"unknown host", u"vlc"_s, "host", 2, u"ORVEX_HOST: "_s},
+      {"long path", u"mpv:/"_s + QString(200, u'x'), "host", 2, u"çok uzun"_s},
+      {"unknown action", builtIn, "host action Toggle-Retime", 1, u"Geçersiz timeline komutu.\n"_s},
+      {"unknown verb", builtIn, "host jump", 2, u"\"jump\" anlaşılmadı."_s},
+      {"unknown command", builtIn, "dance", 2, u"\"dance\" diye bir komut yok."_s},
+      {"no command", builtIn, "", 2, u"orvex host [status|"_s},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
@@ -186,10 +180,10 @@ TEST_F(Program, SaysWhatIsWrong) {
     EXPECT_TRUE(outcome.errors.contains(c.error)) << outcome.errors.toStdString();
     EXPECT_EQ(outcome.output, QString());
   }
-  const Outcome help = run(builtIn, {QStringLiteral("--help")});
+  const Outcome help = run(builtIn, {u"--help"_s});
   EXPECT_EQ(help.exitCode, 0);
   EXPECT_TRUE(help.output.contains(HostRequest::usage()));
-  EXPECT_TRUE(run(builtIn, {QStringLiteral("--version")}).output.startsWith(u"orvex 0."));
+  EXPECT_TRUE(run(builtIn, {u"--version"_s}).output.startsWith(u"orvex 0."));
   const Outcome builtInEnd = host(builtIn, "end --json");
   EXPECT_EQ(builtInEnd.json().value(u"playheadSeconds"), 60);
   EXPECT_EQ(builtInEnd.json().value(u"fps"), 50);

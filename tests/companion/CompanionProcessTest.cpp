@@ -11,19 +11,20 @@
 #include <QUrl>
 
 using namespace orvex;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kFocus = QStringLiteral("vantrelo-finalcut://focus-panel");
+const QString kFocus = u"vantrelo-finalcut://focus-panel"_s;
 
 QString actionUrl(const QString& action) {
-  return QStringLiteral("vantrelo-finalcut://timeline-action?action=") + action;
+  return u"vantrelo-finalcut://timeline-action?action="_s + action;
 }
 
 class Panel final : public PanelEndpoint {
  public:
   bool focusPanel() override {
-    calls.append(QStringLiteral("focus"));
+    calls.append(u"focus"_s);
     return true;
   }
   QString hostInUse() override { return host; }
@@ -32,7 +33,7 @@ class Panel final : public PanelEndpoint {
     return hasBuiltInHost;
   }
 
-  QString host = QStringLiteral("builtin");
+  QString host = u"builtin"_s;
   bool hasBuiltInHost = true;
   QStringList calls;
 };
@@ -66,8 +67,8 @@ class CompanionProcess : public PrivateSession {
 
 TEST_F(CompanionProcess, AnswersAboutItselfAndRefusesWrongUsageAndAddresses) {
   ASSERT_TRUE(platform_->exportPanel(panel_));
-  EXPECT_EQ(run({QStringLiteral("--version")}).output, u"orvex-companion " PROJECT_VERSION "\n");
-  const Result help = run({QStringLiteral("--help")});
+  EXPECT_EQ(run({u"--version"_s}).output, u"orvex-companion " PROJECT_VERSION "\n");
+  const Result help = run({u"--help"_s});
   EXPECT_EQ(help.exitCode, 0);
   EXPECT_TRUE(help.output.contains(u"--register"));
 
@@ -77,12 +78,12 @@ TEST_F(CompanionProcess, AnswersAboutItselfAndRefusesWrongUsageAndAddresses) {
   } rows[] = {
       {{}, u"kullanım"},
       {{QString()}, u"kullanım"},
-      {{QStringLiteral("--registers")}, u"kullanım"},
-      {{QStringLiteral("--register"), kFocus}, u"kullanım"},
+      {{u"--registers"_s}, u"kullanım"},
+      {{u"--register"_s, kFocus}, u"kullanım"},
       {{kFocus, kFocus}, u"kullanım"},
       {{kFocus + u'/'}, u"Adres reddedildi"},
-      {{QStringLiteral("vantrelo-finalcut://focus-pan\u00e9l")}, u"ASCII"},
-      {{actionUrl(QStringLiteral("Blade-Speed"))}, u"\"Blade-Speed\""},
+      {{u"vantrelo-finalcut://focus-pan\u00e9l"_s}, u"ASCII"},
+      {{actionUrl(u"Blade-Speed"_s)}, u"\"Blade-Speed\""},
   };
   for (const auto& row : rows) {
     const Result result = run(row.arguments);
@@ -91,12 +92,12 @@ TEST_F(CompanionProcess, AnswersAboutItselfAndRefusesWrongUsageAndAddresses) {
     EXPECT_EQ(result.output, QString());
   }
   qputenv("ORVEX_HOST", "vlc");
-  EXPECT_EQ(run({actionUrl(QStringLiteral("blade-speed"))}).exitCode, 2);
+  EXPECT_EQ(run({actionUrl(u"blade-speed"_s)}).exitCode, 2);
   EXPECT_EQ(panel_.calls, QStringList());
 }
 
 TEST_F(CompanionProcess, PerformsOnThePanelOrSaysWhyNot) {
-  const QString blade = actionUrl(QStringLiteral("blade-speed"));
+  const QString blade = actionUrl(u"blade-speed"_s);
   const struct {
     bool panelRuns;
     QString url;
@@ -111,10 +112,10 @@ TEST_F(CompanionProcess, PerformsOnThePanelOrSaysWhyNot) {
       {false, blade, "", u"", false, 1, u"Önce paneli aç", {}},
       {false, blade, "builtin", u"", false, 1, u"Önce paneli aç", {}},
       {false, blade, "none", u"", false, 1, u"bir host yok", {}},
-      {true, kFocus, "none", u"none", false, 0, u"öne getirildi", QStringLiteral("focus")},
-      {true, blade, "", u"builtin:24", true, 0, u"\"blade-speed\"", QStringLiteral("blade-speed")},
-      {true, blade, "builtin", u"none", true, 0, u"uygulandı", QStringLiteral("blade-speed")},
-      {true, blade, "builtin", u"none", false, 1, u"uygulanamadı", QStringLiteral("blade-speed")},
+      {true, kFocus, "none", u"none", false, 0, u"öne getirildi", u"focus"_s},
+      {true, blade, "", u"builtin:24", true, 0, u"\"blade-speed\"", u"blade-speed"_s},
+      {true, blade, "builtin", u"none", true, 0, u"uygulandı", u"blade-speed"_s},
+      {true, blade, "builtin", u"none", false, 1, u"uygulanamadı", u"blade-speed"_s},
       {true, blade, "", u"none", true, 1, u"bir host yok", {}},
       {true, blade, "none", u"builtin", true, 1, u"bir host yok", {}},
       {true, blade, "", u"vlc", true, 1, u"vlc", {}},
@@ -127,8 +128,7 @@ TEST_F(CompanionProcess, PerformsOnThePanelOrSaysWhyNot) {
     panel_.calls.clear();
     if (row.panelRuns) std::ignore = platform_->exportPanel(panel_);
     const Result result = run({row.url});
-    const QString what =
-        QStringLiteral("%1 %2 %3").arg(row.url, QLatin1String(row.variable), panel_.host);
+    const QString what = u"%1 %2 %3"_s.arg(row.url, QLatin1String(row.variable), panel_.host);
     EXPECT_EQ(result.exitCode, row.exitCode) << qPrintable(what);
     const QString sentence = row.exitCode == 0 ? result.output : result.errors;
     EXPECT_TRUE(sentence.contains(QString::fromUtf16(row.sentence)))
@@ -140,24 +140,23 @@ TEST_F(CompanionProcess, PerformsOnThePanelOrSaysWhyNot) {
 }
 
 TEST_F(CompanionProcess, RegisteredItIsWhatTheDesktopOpensAddressesWith) {
-  const QString entry =
-      home(QStringLiteral("data/applications/com.vantrelo.orvex.finalcut.desktop"));
-  const QString associations = home(QStringLiteral("config/mimeapps.list"));
+  const QString entry = home(u"data/applications/com.vantrelo.orvex.finalcut.desktop"_s);
+  const QString associations = home(u"config/mimeapps.list"_s);
   QByteArray before;
   for (int i = 0; i < 3; ++i) {
-    const Result result = run({QStringLiteral("--register")});
+    const Result result = run({u"--register"_s});
     ASSERT_EQ(result.exitCode, 0) << qPrintable(result.errors);
     const QByteArray after = contents(entry) + contents(associations);
     if (i == 0) before = after;
     EXPECT_EQ(after.toStdString(), before.toStdString());
   }
   ASSERT_TRUE(platform_->exportPanel(panel_));
-  EXPECT_TRUE(platform_->workspace().open(QUrl(actionUrl(QStringLiteral("normal-speed")))));
+  EXPECT_TRUE(platform_->workspace().open(QUrl(actionUrl(u"normal-speed"_s))));
   EXPECT_TRUE(waitUntil([&] { return !panel_.calls.isEmpty(); }));
-  EXPECT_EQ(panel_.calls, QStringList{QStringLiteral("normal-speed")});
+  EXPECT_EQ(panel_.calls, QStringList{u"normal-speed"_s});
 
   for (int i = 0; i < 2; ++i) {
-    const Result result = run({QStringLiteral("--unregister")});
+    const Result result = run({u"--unregister"_s});
     EXPECT_EQ(result.exitCode, 0) << qPrintable(result.errors);
     EXPECT_FALSE(QFile::exists(entry));
     EXPECT_FALSE(contents(associations).contains("vantrelo"));
@@ -165,30 +164,30 @@ TEST_F(CompanionProcess, RegisteredItIsWhatTheDesktopOpensAddressesWith) {
 }
 
 TEST_F(CompanionProcess, GivesAPlayerItsCommands) {
-  MpvPlayer player({QStringLiteral("--start=2"), testClip(QStringLiteral("25"))});
-  ASSERT_TRUE(waitUntil([&] { return player.property(QStringLiteral("time-pos")).isDouble(); }));
-  const QString chapters = QStringLiteral("chapter-list");
-  const QString speed = QStringLiteral("speed");
+  MpvPlayer player({u"--start=2"_s, testClip(u"25"_s)});
+  ASSERT_TRUE(waitUntil([&] { return player.property(u"time-pos"_s).isDouble(); }));
+  const QString chapters = u"chapter-list"_s;
+  const QString speed = u"speed"_s;
 
   qputenv("ORVEX_HOST", "mpv:" + QFile::encodeName(player.socketPath()));
   const qsizetype before = player.property(chapters).toArray().size();
-  const Result blade = run({actionUrl(QStringLiteral("blade-speed"))});
+  const Result blade = run({actionUrl(u"blade-speed"_s)});
   EXPECT_EQ(blade.exitCode, 0) << qPrintable(blade.errors);
   const QJsonArray after = player.property(chapters).toArray();
   ASSERT_EQ(after.size(), before + 1);
   EXPECT_DOUBLE_EQ(after.last().toObject().value(u"time").toDouble(),
-                   player.property(QStringLiteral("time-pos")).toDouble());
+                   player.property(u"time-pos"_s).toDouble());
 
-  player.command({QStringLiteral("set_property"), speed, 2.5});
+  player.command({u"set_property"_s, speed, 2.5});
   // Without the variable the panel says which player it is.
   qunsetenv("ORVEX_HOST");
-  panel_.host = QStringLiteral("mpv:") + player.socketPath();
+  panel_.host = u"mpv:"_s + player.socketPath();
   ASSERT_TRUE(platform_->exportPanel(panel_));
-  const Result retime = run({actionUrl(QStringLiteral("toggle-retime"))});
+  const Result retime = run({actionUrl(u"toggle-retime"_s)});
   EXPECT_EQ(retime.exitCode, 0) << qPrintable(retime.errors);
   EXPECT_TRUE(retime.output.contains(u"%250")) << qPrintable(retime.output);
   EXPECT_EQ(player.property(speed).toDouble(), 2.5);
-  EXPECT_EQ(run({actionUrl(QStringLiteral("normal-speed"))}).exitCode, 0);
+  EXPECT_EQ(run({actionUrl(u"normal-speed"_s)}).exitCode, 0);
   EXPECT_EQ(player.property(speed).toDouble(), 1);
   EXPECT_EQ(panel_.calls, QStringList());
 }

@@ -15,12 +15,13 @@
 #include <limits>
 
 using namespace orvex;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kName = QStringLiteral("com.vantrelo.orvex.finalcut.panel-size");
-const QString kWidth = QStringLiteral("width");
-const QString kHeight = QStringLiteral("height");
+const QString kName = u"com.vantrelo.orvex.finalcut.panel-size"_s;
+const QString kWidth = u"width"_s;
+const QString kHeight = u"height"_s;
 
 class Notifications : public PrivateSession {
  protected:
@@ -31,9 +32,9 @@ class Notifications : public PrivateSession {
   }
 
   void post(const QVariantList& arguments) {
-    QDBusMessage message = QDBusMessage::createSignal(
-        QStringLiteral("/com/vantrelo/orvex/finalcut"),
-        QStringLiteral("com.vantrelo.orvex.DistributedNotifications"), QStringLiteral("Posted"));
+    QDBusMessage message =
+        QDBusMessage::createSignal(u"/com/vantrelo/orvex/finalcut"_s,
+                                   u"com.vantrelo.orvex.DistributedNotifications"_s, u"Posted"_s);
     message.setArguments(arguments);
     ASSERT_TRUE(sender_.connection().send(message));
   }
@@ -50,20 +51,20 @@ class Notifications : public PrivateSession {
 
 TEST_F(Notifications, ValuesKeepTheTypeTheyWereSentWith) {
   const QVariant nested = QVariant::fromValue(QDBusVariant(QVariant(700.5)));
-  const QVariantMap inner{{QStringLiteral("deep"), QVariant::fromValue(QDBusVariant(1.0))}};
+  const QVariantMap inner{{u"deep"_s, QVariant::fromValue(QDBusVariant(1.0))}};
   const QVariantMap sent[] = {
       {{kWidth, 700.5}, {kHeight, 900}},
-      {{kWidth, QStringLiteral("1200")}, {kHeight, true}},
-      {{kWidth, nested}, {kHeight, QVariantList{1.5, QStringLiteral("x")}}},
-      {{kWidth, inner}, {kHeight, QStringList{QStringLiteral("a")}}},
+      {{kWidth, u"1200"_s}, {kHeight, true}},
+      {{kWidth, nested}, {kHeight, QVariantList{1.5, u"x"_s}}},
+      {{kWidth, inner}, {kHeight, QStringList{u"a"_s}}},
       {{kHeight, std::numeric_limits<double>::infinity()}},
       {},
   };
   const QVariantMap expected[] = {
       sent[0],
       sent[1],
-      {{kWidth, 700.5}, {kHeight, QVariantList{1.5, QStringLiteral("x")}}},
-      {{kWidth, QVariantMap{{QStringLiteral("deep"), 1.0}}}, {kHeight, sent[3].value(kHeight)}},
+      {{kWidth, 700.5}, {kHeight, QVariantList{1.5, u"x"_s}}},
+      {{kWidth, QVariantMap{{u"deep"_s, 1.0}}}, {kHeight, sent[3].value(kHeight)}},
       sent[4],
       sent[5],
   };
@@ -83,7 +84,7 @@ TEST_F(Notifications, OtherNamesAndOtherArgumentsAreIgnored) {
   post({kName + u'x', QVariantMap{{kWidth, 1.0}}});
   post({});
   post({kName});
-  post({kName, QStringLiteral("width")});
+  post({kName, u"width"_s});
   post({kName, QVariantMap{{kWidth, 2.0}}, 3});
   post({QVariantMap{{kWidth, 4.0}}, kName});
   post({kName, QVariantMap{{kWidth, 5.0}}});
@@ -109,15 +110,12 @@ TEST_F(Notifications, AnEndedSubscriptionHearsNothingAlsoWhenItEndsItself) {
 
 // The command of docs/panel-size.md.
 TEST_F(Notifications, AStockCommandSendsOne) {
-  ASSERT_EQ(
-      QProcess::execute(
-          QStringLiteral("gdbus"),
-          {QStringLiteral("emit"), QStringLiteral("--session"), QStringLiteral("--object-path"),
-           QStringLiteral("/com/vantrelo/orvex/finalcut"), QStringLiteral("--signal"),
-           QStringLiteral("com.vantrelo.orvex.DistributedNotifications.Posted"),
-           QStringLiteral("'%1'").arg(kName),
-           QStringLiteral("{'width': <1280.0>, 'height': <900>}")}),
-      0);
+  ASSERT_EQ(QProcess::execute(
+                u"gdbus"_s,
+                {u"emit"_s, u"--session"_s, u"--object-path"_s, u"/com/vantrelo/orvex/finalcut"_s,
+                 u"--signal"_s, u"com.vantrelo.orvex.DistributedNotifications.Posted"_s,
+                 u"'%1'"_s.arg(kName), u"{'width': <1280.0>, 'height': <900>}"_s}),
+            0);
   ASSERT_TRUE(received(1));
   EXPECT_EQ(received_[0].value(kWidth), QVariant(1280.0));
   EXPECT_EQ(received_[0].value(kHeight).typeId(), QMetaType::Int);

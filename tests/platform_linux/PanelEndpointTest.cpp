@@ -9,6 +9,7 @@
 #include <thread>
 
 using namespace orvex;
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
@@ -20,7 +21,7 @@ class Panel final : public PanelEndpoint {
     std::this_thread::sleep_for(delay);
     return focusable;
   }
-  QString hostInUse() override { return QStringLiteral("builtin:24000/1001"); }
+  QString hostInUse() override { return u"builtin:24000/1001"_s; }
   bool performOnBuiltInHost(const QString& action) override {
     performed.append(action);
     return action == u"blade-speed";
@@ -59,8 +60,8 @@ TEST_F(PanelEndpoints, CallsReachThePanelAndItsAnswersComeBack) {
   EXPECT_EQ(panel.focused, 2);
   EXPECT_EQ(remotely([](PanelEndpoint& endpoint) { return endpoint.hostInUse(); }),
             u"builtin:24000/1001");
-  const QString odd = QStringLiteral("ünlü \"'\n");
-  for (const QString& action : {QStringLiteral("blade-speed"), odd}) {
+  const QString odd = u"ünlü \"'\n"_s;
+  for (const QString& action : {u"blade-speed"_s, odd}) {
     EXPECT_EQ(
         remotely([&](PanelEndpoint& endpoint) { return endpoint.performOnBuiltInHost(action); }),
         action != odd);
@@ -74,7 +75,7 @@ TEST_F(PanelEndpoints, WithoutAPanelCallsSaySoAtOnce) {
   PanelEndpoint& none = remote_->remotePanel();
   EXPECT_FALSE(none.focusPanel());
   EXPECT_EQ(none.hostInUse(), QString());
-  EXPECT_FALSE(none.performOnBuiltInHost(QStringLiteral("blade-speed")));
+  EXPECT_FALSE(none.performOnBuiltInHost(u"blade-speed"_s));
   EXPECT_LT(timer.elapsed(), 900) << "waited for somebody who is not there";
 }
 

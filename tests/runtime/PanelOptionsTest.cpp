@@ -3,13 +3,13 @@
 #include <gmock/gmock.h>
 
 using namespace orvex;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 std::expected<PanelOptions, QString> parse(const QString& line, const QString& hostVariable = {}) {
-  return PanelOptions::parse(
-      QStringList{QStringLiteral("orvex-panel")} + line.split(u' ', Qt::SkipEmptyParts),
-      hostVariable);
+  return PanelOptions::parse(QStringList{u"orvex-panel"_s} + line.split(u' ', Qt::SkipEmptyParts),
+                             hostVariable);
 }
 
 TEST(PanelOptions, DefaultsAndChoices) {
@@ -20,15 +20,14 @@ TEST(PanelOptions, DefaultsAndChoices) {
   EXPECT_FALSE(none->size);
 
   const auto all =
-      parse(QStringLiteral("--host none --page timeline --size 979x780 --screenshot a.png"),
-            QStringLiteral("mpv:/tmp/s"));
+      parse(u"--host none --page timeline --size 979x780 --screenshot a.png"_s, u"mpv:/tmp/s"_s);
   ASSERT_TRUE(all);
   EXPECT_EQ(all->host.kind, HostChoice::Kind::None) << "the argument goes before the variable";
   EXPECT_EQ(all->page, OrvexPage::timeline);
   EXPECT_EQ(all->size, QSizeF(979, 780));
   EXPECT_EQ(all->screenshot, u"a.png");
 
-  EXPECT_EQ(parse({}, QStringLiteral("mpv:/tmp/s"))->host.socketPath, u"/tmp/s");
+  EXPECT_EQ(parse({}, u"mpv:/tmp/s"_s)->host.socketPath, u"/tmp/s");
 }
 
 TEST(PanelOptions, WrongUseSaysWhatIsWrong) {
@@ -40,7 +39,7 @@ TEST(PanelOptions, WrongUseSaysWhatIsWrong) {
     EXPECT_FALSE(options.error().isEmpty());
   }
   EXPECT_TRUE(parse(QStringLiteral("--nonsense")).error().contains(u"\"nonsense\" diye"));
-  EXPECT_FALSE(parse({}, QStringLiteral("vlc"))) << "the variable is checked too";
+  EXPECT_FALSE(parse({}, u"vlc"_s)) << "the variable is checked too";
 }
 
 }  // namespace

@@ -23,11 +23,11 @@ class Panel : public testing::Test {
   void prepare(QProcess& process) const {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char* folder : {"DATA", "CONFIG", "CACHE", "STATE"})
-      environment.insert(QStringLiteral("XDG_%1_HOME").arg(QLatin1String(folder)),
+      environment.insert(u"XDG_%1_HOME"_s.arg(QLatin1String(folder)),
                          home_.filePath(QLatin1String(folder)));
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    environment.insert(QStringLiteral("QT_QUICK_BACKEND"), QStringLiteral("software"));
-    environment.insert(QStringLiteral("ORVEX_HOST"), QStringLiteral("builtin"));
+    environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+    environment.insert(u"QT_QUICK_BACKEND"_s, u"software"_s);
+    environment.insert(u"ORVEX_HOST"_s, u"builtin"_s);
     process.setProcessEnvironment(environment);
   }
 
@@ -45,26 +45,23 @@ class Panel : public testing::Test {
 };
 
 TEST_F(Panel, AnswersWithoutADisplay) {
-  const Result version = run(QStringLiteral("orvex-panel"), {QStringLiteral("--version")});
+  const Result version = run(u"orvex-panel"_s, {u"--version"_s});
   EXPECT_EQ(version.exitCode, 0);
   EXPECT_EQ(version.output, u"orvex-panel " PROJECT_VERSION "\n");
-  EXPECT_EQ(run(QStringLiteral("orvex-panel"), {QStringLiteral("--help")}).exitCode, 0);
-  const Result wrong =
-      run(QStringLiteral("orvex-panel"), {QStringLiteral("--page"), QStringLiteral("x")});
+  EXPECT_EQ(run(u"orvex-panel"_s, {u"--help"_s}).exitCode, 0);
+  const Result wrong = run(u"orvex-panel"_s, {u"--page"_s, u"x"_s});
   EXPECT_EQ(wrong.exitCode, 2);
   EXPECT_TRUE(wrong.errors.contains(u"timeline")) << qPrintable(wrong.errors);
 }
 
 TEST_F(Panel, SavesAPageOfTheSizeAskedFor) {
-  const QString file = home_.filePath(QStringLiteral("page.png"));
-  const QStringList arguments{QStringLiteral("--page"), QStringLiteral("timeline"),
-                              QStringLiteral("--size"), QStringLiteral("700x500"),
-                              QStringLiteral("--screenshot")};
-  const Result saved = run(QStringLiteral("orvex-panel"), arguments + QStringList{file});
+  const QString file = home_.filePath(u"page.png"_s);
+  const QStringList arguments{u"--page"_s, u"timeline"_s, u"--size"_s, u"700x500"_s,
+                              u"--screenshot"_s};
+  const Result saved = run(u"orvex-panel"_s, arguments + QStringList{file});
   EXPECT_EQ(saved.exitCode, 0) << qPrintable(saved.errors);
   EXPECT_EQ(QImage(file).size(), QSize(700, 500));
-  const Result failed = run(QStringLiteral("orvex-panel"),
-                            arguments + QStringList{QStringLiteral("/nonexistent/a.png")});
+  const Result failed = run(u"orvex-panel"_s, arguments + QStringList{u"/nonexistent/a.png"_s});
   EXPECT_EQ(failed.exitCode, 1);
   EXPECT_TRUE(failed.errors.contains(u"/nonexistent/a.png"));
 }
@@ -72,21 +69,17 @@ TEST_F(Panel, SavesAPageOfTheSizeAskedFor) {
 TEST_F(Panel, TheCompanionReachesTheHostOfARunningPanel) {
   QProcess panel;
   prepare(panel);
-  panel.start(kPrograms + QStringLiteral("/orvex-panel"), {});
-  const QStringList blade{QStringLiteral("vantrelo-finalcut://timeline-action?action=blade-speed")};
+  panel.start(kPrograms + u"/orvex-panel"_s, {});
+  const QStringList blade{u"vantrelo-finalcut://timeline-action?action=blade-speed"_s};
   QElapsedTimer timer;
   timer.start();
   Result result{-1, {}, {}};
-  while (result.exitCode != 0 && timer.elapsed() < 20000)
-    result = run(QStringLiteral("orvex-companion"), blade);
+  while (result.exitCode != 0 && timer.elapsed() < 20000) result = run(u"orvex-companion"_s, blade);
   EXPECT_EQ(result.exitCode, 0) << qPrintable(result.errors);
-  EXPECT_EQ(
-      run(QStringLiteral("orvex-companion"), {QStringLiteral("vantrelo-finalcut://focus-panel")})
-          .exitCode,
-      0);
+  EXPECT_EQ(run(u"orvex-companion"_s, {u"vantrelo-finalcut://focus-panel"_s}).exitCode, 0);
   panel.terminate();
   EXPECT_TRUE(panel.waitForFinished(20000));
-  EXPECT_EQ(run(QStringLiteral("orvex-companion"), blade).exitCode, 1) << "no panel any more";
+  EXPECT_EQ(run(u"orvex-companion"_s, blade).exitCode, 1) << "no panel any more";
 }
 
 }  // namespace

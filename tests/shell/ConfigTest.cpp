@@ -11,14 +11,15 @@
 #include <sys/stat.h>
 
 using namespace orvex;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 // A bundle whose information list holds `entry`, an XML fragment of a dictionary.
 QString versionWith(const QByteArray& entry) {
   QTemporaryDir folder;
-  QDir().mkpath(folder.filePath(QStringLiteral("Contents")));
-  QFile file(folder.filePath(QStringLiteral("Contents/Info.plist")));
+  QDir().mkpath(folder.filePath(u"Contents"_s));
+  QFile file(folder.filePath(u"Contents/Info.plist"_s));
   EXPECT_TRUE(file.open(QIODevice::WriteOnly));
   file.write("<?xml version=\"1.0\"?><plist version=\"1.0\"><dict>" + entry + "</dict></plist>");
   file.close();
@@ -40,18 +41,18 @@ TEST(Page, RawValuesAreExactAndInNavigationOrder) {
 }
 
 TEST(Toast, TheKindIsPartOfTheValue) {
-  const OrvexToast error{QStringLiteral("x"), OrvexToast::Kind::error};
-  EXPECT_NE(error, (OrvexToast{QStringLiteral("x"), OrvexToast::Kind::info}));
-  EXPECT_EQ(error, (OrvexToast{QStringLiteral("x"), OrvexToast::Kind::error}));
+  const OrvexToast error{u"x"_s, OrvexToast::Kind::error};
+  EXPECT_NE(error, (OrvexToast{u"x"_s, OrvexToast::Kind::info}));
+  EXPECT_EQ(error, (OrvexToast{u"x"_s, OrvexToast::Kind::error}));
 }
 
 TEST(Config, VersionIsTextOfTheBundleOrTheBuildsOwn) {
-  const QString own = QStringLiteral("0.3.13");
+  const QString own = u"0.3.13"_s;
   const struct {
     QByteArray entry;
     QString version;
   } rows[] = {
-      {"<key>CFBundleShortVersionString</key><string>1.4</string>", QStringLiteral("1.4")},
+      {"<key>CFBundleShortVersionString</key><string>1.4</string>", u"1.4"_s},
       {"<key>CFBundleShortVersionString</key><string></string>", QString()},
       {"<key>CFBundleShortVersionString</key><real>2.5</real>", own},
       {"<key>CFBundleShortVersionString</key><integer>3</integer>", own},
@@ -66,13 +67,13 @@ TEST(Config, VersionIsTextOfTheBundleOrTheBuildsOwn) {
   };
   for (const auto& row : rows)
     EXPECT_EQ(versionWith(row.entry), row.version) << row.entry.left(80).constData();
-  EXPECT_EQ(OrvexConfig::version(Bundle(QStringLiteral("/nonexistent"))), own);
+  EXPECT_EQ(OrvexConfig::version(Bundle(u"/nonexistent"_s)), own);
 }
 
 TEST(Config, AnInformationListThatIsNoFileDoesNotBlock) {
   const QTemporaryDir folder;
-  QDir().mkpath(folder.filePath(QStringLiteral("Contents")));
-  ASSERT_EQ(mkfifo(qPrintable(folder.filePath(QStringLiteral("Contents/Info.plist"))), 0600), 0);
+  QDir().mkpath(folder.filePath(u"Contents"_s));
+  ASSERT_EQ(mkfifo(qPrintable(folder.filePath(u"Contents/Info.plist"_s)), 0600), 0);
   EXPECT_EQ(OrvexConfig::version(Bundle(folder.path())), u"0.3.13");
 }
 
@@ -93,7 +94,7 @@ TEST(Config, EndpointsFollowTheServiceAndRefuseWhatIsNotOne) {
   EXPECT_TRUE(OrvexConfig::useService(QString()));
   EXPECT_EQ(OrvexConfig::requestCenterURL(), before);
 
-  EXPECT_TRUE(OrvexConfig::useService(QStringLiteral("https://localhost:8443/base//")));
+  EXPECT_TRUE(OrvexConfig::useService(u"https://localhost:8443/base//"_s));
   EXPECT_EQ(OrvexConfig::packsManifestURL().toString(),
             u"https://localhost:8443/base/downloads/orvex/packs/manifest.json");
 }

@@ -14,6 +14,7 @@
 #include <limits>
 
 using namespace orvex;
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
@@ -21,9 +22,9 @@ namespace {
 // A host without a timeline: enough to see whether the panel connected.
 class BareHost final : public FCPXHost {
  public:
-  QString name() const override { return QStringLiteral("Bare"); }
-  QString versionString() const override { return QStringLiteral("1"); }
-  QString bundleIdentifier() const override { return QStringLiteral("bare"); }
+  QString name() const override { return u"Bare"_s; }
+  QString versionString() const override { return u"1"_s; }
+  QString bundleIdentifier() const override { return u"bare"_s; }
   FCPXTimeline* timeline() override { return nullptr; }
 };
 
@@ -70,7 +71,7 @@ class World final : public HostRuntime,
     return std::make_unique<View>();
   }
   bool isInWindow() const override { return inWindow; }
-  QString windowDescription() const override { return QStringLiteral("window"); }
+  QString windowDescription() const override { return u"window"_s; }
   QSizeF viewSize() const override { return {1040, 780}; }
 
   std::shared_ptr<FCPXHost> host = std::make_shared<BareHost>();
@@ -108,16 +109,15 @@ TEST_F(Controller, LoadsItsViewAndListensForSizes) {
   EXPECT_EQ(world.preferred, QSizeF(1040, 780));
   EXPECT_EQ(world.background.blue, 0.023);
   EXPECT_EQ(world.subscribedTo, u"com.vantrelo.orvex.finalcut.panel-size");
-  EXPECT_EQ(world.lines,
-            (QStringList{QStringLiteral("[Vantrelo Orvex] loadView size={1040, 780}"),
-                         QStringLiteral("[Vantrelo Orvex] stable architecture ready")}));
+  EXPECT_EQ(world.lines, (QStringList{u"[Vantrelo Orvex] loadView size={1040, 780}"_s,
+                                      u"[Vantrelo Orvex] stable architecture ready"_s}));
   EXPECT_EQ(world.hostsAsked, 0);
   EXPECT_TRUE(world.opened.isEmpty());
 }
 
 TEST_F(Controller, TakesOnlyFiniteFloatingPointSizesFrom320) {
-  const QString width = QStringLiteral("width");
-  const QString height = QStringLiteral("height");
+  const QString width = u"width"_s;
+  const QString height = u"height"_s;
   const struct {
     QVariantMap userInfo;
     double width;
@@ -126,7 +126,7 @@ TEST_F(Controller, TakesOnlyFiniteFloatingPointSizesFrom320) {
       {{{width, 700.5}, {height, 600.0}}, 700.5, 600},
       {{{width, 319.9}, {height, 900.0}}, 1040, 900},
       {{{width, 320.0}}, 320, 780},
-      {{{width, QStringLiteral("1200")}}, 1040, 780},
+      {{{width, u"1200"_s}}, 1040, 780},
       {{{width, 1200}, {height, true}}, 1040, 780},
       {{{width, 700.0F}}, 1040, 780},
       {{{width, std::numeric_limits<double>::quiet_NaN()},
@@ -134,7 +134,7 @@ TEST_F(Controller, TakesOnlyFiniteFloatingPointSizesFrom320) {
        1040,
        780},
       {{{width, -700.0}}, 1040, 780},
-      {{{QStringLiteral("Width"), 700.0}}, 1040, 780},
+      {{{u"Width"_s, 700.0}}, 1040, 780},
       {{}, 1040, 780},
   };
   for (const auto& row : rows) {
@@ -154,7 +154,7 @@ TEST_F(Controller, AsksForFocusThenConnectsAndListsAudioUnits) {
   ASSERT_TRUE(waitUntil([&] { return !world.opened.isEmpty(); }));
   EXPECT_EQ(world.hostsAsked, 0) << "focus is asked for before the host is connected";
   ASSERT_TRUE(waitUntil([&] { return world.hostsAsked > 0; }));
-  EXPECT_EQ(world.opened, QStringList{QStringLiteral("vantrelo-finalcut://focus-panel")});
+  EXPECT_EQ(world.opened, QStringList{u"vantrelo-finalcut://focus-panel"_s});
   EXPECT_EQ(controller->orvexState().host().hostName, u"Bare");
   EXPECT_TRUE(waitUntil([&] { return controller->audioRegistry().lastRefresh() > before; }));
 }

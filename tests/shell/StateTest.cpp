@@ -9,6 +9,7 @@
 #include <limits>
 
 using namespace orvex;
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
@@ -35,11 +36,11 @@ TEST(State, AFreshOneShowsHomeAndNoHost) {
 TEST(State, ANewerToastReplacesTheOlderAndKeepsItsOwnTime) {
   OrvexState state;
   QElapsedTimer sinceSecond;
-  state.showToast(QStringLiteral("first"), kError, 0.15);
+  state.showToast(u"first"_s, kError, 0.15);
   EXPECT_FALSE(waitUntil([&] { return !state.toast(); }, 80ms));
-  state.showToast(QStringLiteral("second"), kInfo, 0.3);
+  state.showToast(u"second"_s, kInfo, 0.3);
   sinceSecond.start();
-  EXPECT_EQ(state.toast(), (OrvexToast{QStringLiteral("second"), kInfo}));
+  EXPECT_EQ(state.toast(), (OrvexToast{u"second"_s, kInfo}));
   ASSERT_TRUE(waitUntil([&] { return !state.toast(); }));
   EXPECT_GE(sinceSecond.elapsed(), 299);
 }
@@ -47,9 +48,9 @@ TEST(State, ANewerToastReplacesTheOlderAndKeepsItsOwnTime) {
 TEST(State, TheSameMessageAgainStaysForTheSecondsOwnTime) {
   OrvexState state;
   QElapsedTimer sinceSecond;
-  state.showToast(QStringLiteral("same"), kError, 0.15);
+  state.showToast(u"same"_s, kError, 0.15);
   EXPECT_FALSE(waitUntil([&] { return !state.toast(); }, 80ms));
-  state.showToast(QStringLiteral("same"), kError, 0.3);
+  state.showToast(u"same"_s, kError, 0.3);
   sinceSecond.start();
   ASSERT_TRUE(waitUntil([&] { return !state.toast(); }));
   EXPECT_GE(sinceSecond.elapsed(), 299);
@@ -59,12 +60,12 @@ TEST(State, OddDurationsAreBounded) {
   OrvexState state;
   for (const double duration : {0.0, -1.0, std::numeric_limits<double>::quiet_NaN(),
                                 -std::numeric_limits<double>::infinity()}) {
-    state.showToast(QStringLiteral("short"), kInfo, duration);
+    state.showToast(u"short"_s, kInfo, duration);
     EXPECT_TRUE(state.toast());
     QCoreApplication::processEvents();
     EXPECT_FALSE(state.toast()) << duration;
   }
-  state.showToast(QStringLiteral("long"), kInfo, std::numeric_limits<double>::infinity());
+  state.showToast(u"long"_s, kInfo, std::numeric_limits<double>::infinity());
   EXPECT_FALSE(waitUntil([&] { return !state.toast(); }, 50ms));
 }
 
@@ -85,12 +86,11 @@ TEST(State, SettersTellOnlyOfChanges) {
 
 TEST(State, InstalledVersionComparesIdentifiersExactly) {
   OrvexState state;
-  state.setInstalledPacks({{QStringLiteral("a"), {}, QStringLiteral("1.0"), {}, {}},
-                           {QStringLiteral("a"), {}, QStringLiteral("2.0"), {}, {}}});
+  state.setInstalledPacks({{u"a"_s, {}, u"1.0"_s, {}, {}}, {u"a"_s, {}, u"2.0"_s, {}, {}}});
   UniversalPack pack;
-  pack.id = QStringLiteral("a");
-  EXPECT_EQ(state.installedVersion(pack), QStringLiteral("1.0"));
-  pack.id = QStringLiteral("A");
+  pack.id = u"a"_s;
+  EXPECT_EQ(state.installedVersion(pack), u"1.0"_s);
+  pack.id = u"A"_s;
   EXPECT_EQ(state.installedVersion(pack), std::nullopt);
 }
 

@@ -10,6 +10,7 @@
 #include <limits>
 
 using namespace orvex;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -103,11 +104,11 @@ TEST(SpeedCurve, StandingAndVerticalEndsHaveASpeed) {
 TEST(SpeedCurveEditing, PresetResetAndDragKeepTheHighlightAsTheyShould) {
   SpeedCurveEditing editing;
   EXPECT_EQ(editing.selectedPreset(), u"smooth");
-  editing.selectPreset(QStringLiteral("linear"));
+  editing.selectPreset(u"linear"_s);
   editing.moveControlPoint(0, 0.3, 0.4);
   EXPECT_EQ(editing.selectedPreset(), u"linear");
   EXPECT_EQ(editing.bezierCode(), u"cubic-bezier(0.30, 0.40, 1.00, 1.00)");
-  editing.selectPreset(QStringLiteral("nonsense"));
+  editing.selectPreset(u"nonsense"_s);
   EXPECT_EQ(editing.selectedPreset(), u"linear");
   editing.reset();
   EXPECT_EQ(editing.selectedPreset(), u"smooth");
@@ -117,20 +118,20 @@ TEST(SpeedCurveEditing, PresetResetAndDragKeepTheHighlightAsTheyShould) {
 TEST(SpeedCurveEditing, UndoAndRedoRetraceStepsAndADragIsOne) {
   SpeedCurveEditing editing;
   EXPECT_FALSE(editing.canUndo() || editing.canRedo());
-  editing.selectPreset(QStringLiteral("luxury"));
+  editing.selectPreset(u"luxury"_s);
   for (int i = 0; i < 10; ++i) editing.moveControlPoint(0, 0.1 * i, 0.5);
   editing.endGesture();
   editing.moveControlPoint(1, 0.9, 0.9);
   editing.endGesture();
-  EXPECT_TRUE(editing.paste(QStringLiteral("cubic-bezier(1, 1, 0, 0)")).isEmpty());
-  EXPECT_FALSE(editing.paste(QStringLiteral("nonsense")).isEmpty());
+  EXPECT_TRUE(editing.paste(u"cubic-bezier(1, 1, 0, 0)"_s).isEmpty());
+  EXPECT_FALSE(editing.paste(u"nonsense"_s).isEmpty());
   EXPECT_EQ(editing.speedCurve(), SpeedCurve(1, 1, 0, 0));
 
   const QString codes[] = {
-      QStringLiteral("cubic-bezier(0.90, 0.50, 0.90, 0.90)"),
-      QStringLiteral("cubic-bezier(0.90, 0.50, 0.18, 1.00)"),
-      QStringLiteral("cubic-bezier(0.65, 0.00, 0.18, 1.00)"),
-      QStringLiteral("cubic-bezier(0.20, 0.20, 0.80, 0.80)"),
+      u"cubic-bezier(0.90, 0.50, 0.90, 0.90)"_s,
+      u"cubic-bezier(0.90, 0.50, 0.18, 1.00)"_s,
+      u"cubic-bezier(0.65, 0.00, 0.18, 1.00)"_s,
+      u"cubic-bezier(0.20, 0.20, 0.80, 0.80)"_s,
   };
   for (const QString& code : codes) {
     editing.undo();
