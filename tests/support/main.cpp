@@ -17,5 +17,8 @@ int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   QCoreApplication application(argc, argv);
   qInstallMessageHandler(failOnWarning);
-  return RUN_ALL_TESTS();
+  const int result = RUN_ALL_TESTS();
+  // What libraries say while the process ends belongs to no test any more.
+  qInstallMessageHandler(nullptr);
+  return result;
 }

@@ -18,7 +18,7 @@ Item {
 
     OrvexSurface {
         anchors.fill: parent
-        endColor: startColor
+        endColor: Qt.rgba(0, 0, 0, 0.24)
         outlineColor: "transparent"
         radius: OrvexTheme.tileRadius
         startColor: Qt.rgba(0, 0, 0, 0.24)
