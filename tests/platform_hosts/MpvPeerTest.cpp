@@ -2,8 +2,8 @@
 #include "platform/hosts/MpvConnection.h"
 #include "platform/hosts/MpvHostRuntime.h"
 #include "platform/hosts/TimelineObservers.h"
-#include "platform_hosts/Panel.h"
 #include "support/MpvPlayer.h"
+#include "support/Panel.h"
 
 #include <QFile>
 #include <QJsonDocument>
