@@ -1,5 +1,6 @@
 // The player's side of the socket played by the test: what a real player never or seldom sends.
 #include "platform/hosts/MpvConnection.h"
+#include "platform/hosts/MpvHost.h"
 #include "platform/hosts/MpvHostRuntime.h"
 #include "platform/hosts/TimelineObservers.h"
 #include "support/MpvPlayer.h"
@@ -104,16 +105,6 @@ TEST(MpvConnection, ClosesOnGarbage) {
   }
 }
 
-TEST(MpvConnection, SaysWhyItCannotConnect) {
-  const QTemporaryDir folder;
-  for (const QString& path :
-       {folder.filePath(u"nothing"_s), folder.path(), QString(), QString(108, u'x')}) {
-    const auto connection = MpvConnection::open(path);
-    ASSERT_FALSE(connection);
-    EXPECT_TRUE(connection.error().contains(path));
-  }
-}
-
 TEST(MpvMessage, ReadsNamesThatAreNotUtf8) {
   const auto message =
       parseMpvMessage("{\"event\":\"property-change\",\"id\":2,\"data\":\"a\xff\"}");
@@ -195,7 +186,7 @@ TEST_F(PlayedPlayer, ItsFloodIsCoalesced) {
 }
 
 TEST_F(PlayedPlayer, EveryMoveEnds) {
-  bool refuses = true;
+  enum { Refuse, Obey, LoseFile } outcome = Refuse;
   bool seeks = false;
   bool askedTooEarly = false;
   start([&](const QJsonObject& request) {
@@ -204,7 +195,8 @@ TEST_F(PlayedPlayer, EveryMoveEnds) {
       askedTooEarly = !seeks;
       return reply(request, u"success"_s, 4.04);
     }
-    if (refuses) return reply(request, u"error running command"_s);
+    if (outcome == Refuse) return reply(request, u"error running command"_s);
+    if (outcome == LoseFile) return reply(request) + event(u"end-file"_s);
     QTimer::singleShot(50, [&] {
       seeks = true;
       peer_->send(change(u"time-pos"_s, 1.0) + event(u"seek"_s) + event(u"playback-restart"_s));
@@ -217,11 +209,15 @@ TEST_F(PlayedPlayer, EveryMoveEnds) {
   ASSERT_TRUE(waitUntil([&] { return observer_.playheads == 1; }));
   EXPECT_EQ(timeline_->playheadTime(), MediaTime(50, 25)) << "what is refused is dropped";
 
-  refuses = false;
+  outcome = Obey;
   panel_->adapter.movePlayhead(4);
   ASSERT_TRUE(waitUntil([&] { return observer_.playheads == 2; }));
   EXPECT_EQ(timeline_->playheadTime(), MediaTime(101, 25)) << "where the player says it went";
   EXPECT_FALSE(askedTooEarly);
+
+  outcome = LoseFile;
+  panel_->adapter.movePlayhead(6);
+  EXPECT_TRUE(waitUntil([&] { return observer_.playheads == 3; }, MpvHost::kSeekDeadline / 2));
 }
 
 }  // namespace

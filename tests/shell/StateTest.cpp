@@ -1,4 +1,3 @@
-#include "shell/OrvexConfig.h"
 #include "shell/OrvexState.h"
 #include "support/Wait.h"
 
@@ -16,18 +15,6 @@ namespace {
 
 constexpr auto kError = OrvexToast::Kind::error;
 constexpr auto kInfo = OrvexToast::Kind::info;
-
-TEST(State, AFreshOneShowsHomeAndNoHost) {
-  const OrvexState state;
-  EXPECT_EQ(state.activePage(), OrvexPage::home);
-  EXPECT_EQ(state.host(), HostSnapshot::disconnected());
-  EXPECT_FALSE(state.host().connected);
-  EXPECT_EQ(state.host().hostName, u"Final Cut Pro");
-  EXPECT_EQ(state.host().hostVersion, u"—");
-  EXPECT_EQ(state.host().sequenceName, u"NO SEQUENCE");
-  EXPECT_EQ(state.release().latestVersion, OrvexConfig::version());
-  EXPECT_FALSE(state.release().checking || state.release().updateAvailable);
-}
 
 TEST(State, ANewerToastReplacesTheOlderAndKeepsItsOwnTime) {
   for (const QString& second : {u"second"_s, u"first"_s}) {
