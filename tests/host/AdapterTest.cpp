@@ -1,10 +1,4 @@
-#include "host/FinalCutHostAdapter.h"
-#include "platform/HostRuntime.h"
-#include "platform/SystemLog.h"
-#include "platform/Workspace.h"
-#include "support/Wait.h"
-
-#include <QUrl>
+#include "support/Panel.h"
 
 #include <gmock/gmock.h>
 #include <limits>
@@ -55,41 +49,20 @@ class ScriptedHost final : public FCPXHost, public FCPXTimeline {
   mutable int reads = 0;
 };
 
-class RecordingState final : public HostState {
- public:
-  const HostSnapshot& host() const override { return snapshot; }
-  void setHost(const HostSnapshot& newSnapshot) override { snapshot = newSnapshot; }
-  void showHostNotice(const QString& message, Notice kind) override {
-    notices.append((kind == Notice::Error ? u"error: "_s : u"info: "_s) + message);
-  }
-
-  HostSnapshot snapshot;
-  QStringList notices;
-};
-
-class Adapter : public testing::Test,
-                protected HostRuntime,
-                protected Workspace,
-                protected SystemLog {
+class Adapter : public testing::Test, protected HostRuntime {
  protected:
+  Adapter() { host = std::make_shared<ScriptedHost>(); }
   std::shared_ptr<FCPXHost> hostSingleton() override { return host; }
-  bool open(const QUrl& url) override {
-    opened.append(url.toString());
-    return opens;
-  }
-  void line(const QString& text) override { lines.append(text); }
 
   // A sequence from `start` for `duration` milliseconds at 25 frames a second.
   void openSequence(std::int64_t start, std::int64_t duration) {
     host->sequence = FCPXSequence{u"Film"_s, ms(start), ms(duration), MediaTime(1, 25)};
   }
 
-  std::shared_ptr<ScriptedHost> host = std::make_shared<ScriptedHost>();
-  std::shared_ptr<RecordingState> state = std::make_shared<RecordingState>();
-  QStringList opened;
-  bool opens = true;
-  QStringList lines;
-  FinalCutHostAdapter adapter{state, *this, *this, *this};
+  // Not there before the panel is, so that the tests say when to connect.
+  std::shared_ptr<ScriptedHost> host;
+  Panel panel{*this};
+  FinalCutHostAdapter& adapter = panel.adapter;
 };
 
 TEST_F(Adapter, ReadsTheSequence) {
@@ -108,9 +81,9 @@ TEST_F(Adapter, ReadsTheSequence) {
   expected.frameDurationSeconds = 0.04;
   expected.fps = 25;
   expected.playheadSeconds = 12.5;
-  EXPECT_EQ(state->snapshot, expected);
-  EXPECT_THAT(lines, ElementsAre(u"[Vantrelo Orvex] host refresh connect • 10.7 • Film"_s));
-  EXPECT_THAT(state->notices, IsEmpty());
+  EXPECT_EQ(panel.snapshot, expected);
+  EXPECT_THAT(panel.lines, ElementsAre(u"[Vantrelo Orvex] host refresh connect • 10.7 • Film"_s));
+  EXPECT_THAT(panel.notices, IsEmpty());
 }
 
 TEST_F(Adapter, OddTimesBecomeZero) {
@@ -124,7 +97,7 @@ TEST_F(Adapter, OddTimesBecomeZero) {
     host->sequence = FCPXSequence{u"Film"_s, time, time, time};
     host->playhead = time;
     adapter.connect();
-    EXPECT_EQ(state->snapshot, expected);
+    EXPECT_EQ(panel.snapshot, expected);
   }
 }
 
@@ -149,7 +122,7 @@ TEST_F(Adapter, TimelineWithoutSequence) {
     host->range = c.range;
     host->playhead = ms(500);
     adapter.connect();
-    const HostSnapshot& snapshot = state->snapshot;
+    const HostSnapshot& snapshot = panel.snapshot;
     EXPECT_TRUE(snapshot.connected);
     EXPECT_EQ(snapshot.sequenceAvailable, c.available);
     EXPECT_EQ(snapshot.sequenceName, c.available ? u"ACTIVE TIMELINE"_s : u"NO SEQUENCE"_s);
@@ -167,18 +140,18 @@ TEST_F(Adapter, WithoutHostOrTimeline) {
   bare.connected = true;
   bare.hostVersion = u"10.7"_s;
   bare.bundleIdentifier = u"com.apple.FinalCut"_s;
-  EXPECT_EQ(state->snapshot, bare);
-  EXPECT_THAT(state->notices, IsEmpty());
+  EXPECT_EQ(panel.snapshot, bare);
+  EXPECT_THAT(panel.notices, IsEmpty());
 
   host.reset();
   adapter.connect();
-  EXPECT_EQ(state->snapshot, HostSnapshot::disconnected());
-  EXPECT_THAT(state->notices, ElementsAre(u"error: Final Cut Pro host proxy bulunamadı."_s));
-  state->snapshot.connected = true;
+  EXPECT_EQ(panel.snapshot, HostSnapshot::disconnected());
+  EXPECT_THAT(panel.notices, ElementsAre(u"error: Final Cut Pro host proxy bulunamadı."_s));
+  panel.snapshot.connected = true;
   adapter.refresh(u"home"_s);
-  EXPECT_EQ(state->snapshot, HostSnapshot::disconnected());
-  EXPECT_THAT(lines, IsEmpty());
-  EXPECT_EQ(state->notices.size(), 1);
+  EXPECT_EQ(panel.snapshot, HostSnapshot::disconnected());
+  EXPECT_THAT(panel.lines, IsEmpty());
+  EXPECT_EQ(panel.notices.size(), 1);
 }
 
 TEST_F(Adapter, ObservesOneHostOnce) {
@@ -189,11 +162,11 @@ TEST_F(Adapter, ObservesOneHostOnce) {
   adapter.connect();
   EXPECT_THAT(first->observers, IsEmpty());
   EXPECT_EQ(host->observers.size(), 1);
-  const HostSnapshot last = state->snapshot;
+  const HostSnapshot last = panel.snapshot;
   adapter.disconnect();
   adapter.disconnect();
   EXPECT_THAT(host->observers, IsEmpty());
-  EXPECT_EQ(state->snapshot, last);
+  EXPECT_EQ(panel.snapshot, last);
 }
 
 TEST_F(Adapter, MovesAreClamped) {
@@ -223,9 +196,9 @@ TEST_F(Adapter, MovesAreClamped) {
     adapter.connect();
     c.move(adapter);
     EXPECT_EQ(host->moves.takeLast(), MediaTime(c.expected, 600));
-    EXPECT_EQ(state->snapshot.playheadSeconds, static_cast<double>(c.expected) / 600);
+    EXPECT_EQ(panel.snapshot.playheadSeconds, static_cast<double>(c.expected) / 600);
   }
-  EXPECT_TRUE(lines.constLast().contains(u"movePlayhead"));
+  EXPECT_TRUE(panel.lines.constLast().contains(u"movePlayhead"));
 
   // Where the length is negative there is only the start.
   openSequence(10'000, -5000);
@@ -234,24 +207,24 @@ TEST_F(Adapter, MovesAreClamped) {
     adapter.movePlayhead(to);
     EXPECT_EQ(host->moves.takeLast(), MediaTime(6000, 600));
   }
-  EXPECT_THAT(state->notices, IsEmpty());
+  EXPECT_THAT(panel.notices, IsEmpty());
 }
 
 TEST_F(Adapter, MovesThatCannotBe) {
   const auto all = [this] {
-    state->notices.clear();
+    panel.notices.clear();
     adapter.moveToStart();
     adapter.moveToEnd();
     adapter.moveBy(1);
     adapter.moveByFrames(1);
     adapter.movePlayhead(1);
-    return state->notices;
+    return panel.notices;
   };
   const QString none = u"error: Aktif timeline yok."_s;
   const QString frames = u"info: Final Cut frameDuration henüz hazır değil."_s;
   const QString proxy = u"error: Final Cut timeline proxy hazır değil."_s;
   EXPECT_THAT(all(), ElementsAre(none, none, none, frames, proxy));
-  EXPECT_EQ(state->snapshot, HostSnapshot::disconnected());
+  EXPECT_EQ(panel.snapshot, HostSnapshot::disconnected());
 
   // A range without a sequence can be moved in, but not by frames.
   host->range = {ms(0), ms(10'000)};
@@ -272,16 +245,16 @@ TEST_F(Adapter, TimelineCommands) {
       {u"blade-speed"_s, false, u"error: Vantrelo yardımcı motoru açılamadı."_s},
   };
   for (const auto& c : cases) {
-    opens = c.opens;
+    panel.opens = c.opens;
     adapter.performTimelineAction(c.action);
-    EXPECT_EQ(opened.takeLast(), u"vantrelo-finalcut://timeline-action?action="_s + c.action);
-    EXPECT_EQ(state->notices.takeLast(), c.notice);
+    EXPECT_EQ(panel.opened.takeLast(), u"vantrelo-finalcut://timeline-action?action="_s + c.action);
+    EXPECT_EQ(panel.notices.takeLast(), c.notice);
   }
   for (const QString& unknown : {u"Toggle-Retime"_s, u"blade-speed "_s, QString()}) {
     adapter.performTimelineAction(unknown);
-    EXPECT_EQ(state->notices.takeLast(), u"error: Geçersiz timeline komutu."_s);
+    EXPECT_EQ(panel.notices.takeLast(), u"error: Geçersiz timeline komutu."_s);
   }
-  EXPECT_THAT(opened + state->notices, IsEmpty());
+  EXPECT_THAT(panel.opened + panel.notices, IsEmpty());
 }
 
 TEST_F(Adapter, CallbacksFromManyThreads) {
@@ -303,21 +276,21 @@ TEST_F(Adapter, CallbacksFromManyThreads) {
   }
   // Made while nothing was read, so every callback comes before this and one of them must show it.
   host->playhead = ms(7000);
-  ASSERT_TRUE(waitUntil([this] { return state->snapshot.playheadSeconds == 7; }));
+  ASSERT_TRUE(waitUntil([this] { return panel.snapshot.playheadSeconds == 7; }));
   QCoreApplication::processEvents();
   EXPECT_EQ(host->reads - readsBefore, 3) << "one refresh for each kind of callback";
-  EXPECT_EQ(lines.filter(u"playheadTimeChanged"_s).size(), 1);
+  EXPECT_EQ(panel.lines.filter(u"playheadTimeChanged"_s).size(), 1);
 
   // After the flood, one more change is told again.
   host->playhead = ms(8000);
   adapter.playheadTimeChanged();
-  EXPECT_TRUE(waitUntil([this] { return state->snapshot.playheadSeconds == 8; }));
+  EXPECT_TRUE(waitUntil([this] { return panel.snapshot.playheadSeconds == 8; }));
 }
 
 TEST_F(Adapter, StateMayGoFirst) {
   openSequence(0, 60'000);
   adapter.connect();
-  state.reset();
+  panel.dropState();
   adapter.refresh(u"home"_s);
   adapter.moveToEnd();
   // Without the state, the sequence counts as empty: its only place is zero.

@@ -1,7 +1,7 @@
 #include "platform/hosts/FrameRate.h"
 #include "platform/hosts/MpvHostRuntime.h"
-#include "platform_hosts/Panel.h"
 #include "support/MpvPlayer.h"
+#include "support/Panel.h"
 
 #include <QDir>
 #include <QFile>

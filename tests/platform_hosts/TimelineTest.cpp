@@ -1,6 +1,6 @@
 #include "platform/hosts/FrameRate.h"
 #include "platform/hosts/TimelineObservers.h"
-#include "platform_hosts/Panel.h"
+#include "support/Panel.h"
 
 #include <gmock/gmock.h>
 #include <limits>
@@ -33,18 +33,6 @@ TEST(FrameRate, FromContainer) {
   for (const auto& c : cases) {
     EXPECT_TRUE(FrameRate::fromContainer(c.container) == c.rate) << c.container;
   }
-}
-
-TEST(FrameRate, FramesAndTimes) {
-  const FrameRate rate{24000, 1001};
-  EXPECT_EQ(rate.frameDuration(), MediaTime(1001, 24000));
-  // Times in units of 1/600 s still say which frame is meant.
-  for (std::int64_t frame = 0; frame < 100'000; frame += 7) {
-    const MediaTime time = MediaTime::fromSeconds(rate.timeOfFrame(frame).seconds(), 600);
-    ASSERT_EQ(rate.frameNearest(time.seconds()), frame);
-  }
-  EXPECT_EQ(rate.frameNearest(-1), -24);
-  EXPECT_EQ(rate.frameNearest(std::numeric_limits<double>::infinity()), rate.frameNearest(1e9));
 }
 
 TEST(TimelineObservers, TellTheStrongestFirst) {

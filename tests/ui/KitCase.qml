@@ -33,7 +33,7 @@ TestCase {
 
     /// The items below `item` that `wanted` is true for.
     function below(item, wanted) {
-        return Array.from(item.children).flatMap(child => (wanted(child) ? [child] : []).concat(below(child, wanted)));
+        return [].concat(...Array.from(item.children).map(child => (wanted(child) ? [child] : []).concat(below(child, wanted))));
     }
 
     /// The text item that shows `text`.

@@ -42,15 +42,6 @@ KitCase {
         compare(setup.accessibleText(tile), "Sequence: " + data.value);
     }
 
-    function test_metricShowsAllOfALongValue() {
-        const tile = make(metric, { value: longText });
-        const tip = Array.from(tile.contentItem.resources).find(object => object.text === longText);
-        mouseMove(tile, 40, 30);
-        tryCompare(tip, "visible", true);
-        mouseMove(testCase, 600, 470);
-        tryCompare(tip, "visible", false);
-    }
-
     function test_engineHealth_data() {
         return [
             { tag: "READY", health: EngineHealth.Ready, color: OrvexTheme.success },

@@ -93,17 +93,6 @@ KitCase {
         compare(item.implicitHeight, all[4].y + all[4].height);
     }
 
-    function test_gridFollowsItsCells() {
-        const item = make(grid, { count: 3, width: 640 });
-        compare(item.implicitHeight, 60);
-        cells(item)[1].visible = false;
-        tryCompare(item, "implicitHeight", 30);
-        item.count = 0;
-        tryCompare(item, "implicitHeight", 0);
-        item.count = 9;
-        tryCompare(item, "implicitHeight", 60 + 10 + 30 + 10 + 30);
-    }
-
     function test_scrollPageByKeyboard() {
         const page = make(scrollPage, { count: 12 });
         page.forceActiveFocus();

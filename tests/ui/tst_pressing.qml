@@ -147,26 +147,22 @@ KitCase {
         verify(!item.activeFocus);
     }
 
-    function test_toolCardLifts_data() {
-        return [
-            { tag: "enabled", enabled: true, opacity: 1 },
-            { tag: "disabled", enabled: false, opacity: 0.42 }
-        ];
-    }
-
-    function test_toolCardLifts(data) {
-        const card = make(toolCard, { enabled: data.enabled });
+    function test_toolCardLifts() {
+        const card = make(toolCard);
         const lift = card.contentItem;
-        fuzzyCompare(lift.opacity, data.opacity, 0.0001);
-        compare(lift.scale, 1);
-        // The lifted card does not slip from under the pointer.
-        for (const y of [card.height / 2, card.height - 1]) {
-            mouseMove(card, card.width / 2, y);
-            fuzzyCompare(lift.scale, 1.012, 0.0001);
-            compare(lift.transform[0].y, -2);
+        for (const enabled of [true, false]) {
+            card.enabled = enabled;
+            fuzzyCompare(lift.opacity, enabled ? 1 : 0.42, 0.0001);
+            compare(lift.scale, 1);
+            // The lifted card does not slip from under the pointer.
+            for (const y of [card.height / 2, card.height - 1]) {
+                mouseMove(card, card.width / 2, y);
+                fuzzyCompare(lift.scale, 1.012, 0.0001);
+                compare(lift.transform[0].y, -2);
+            }
+            mouseMove(testCase, 600, 470);
+            compare(lift.scale, 1);
+            compare(lift.transform[0].y, 0);
         }
-        mouseMove(testCase, 600, 470);
-        compare(lift.scale, 1);
-        compare(lift.transform[0].y, 0);
     }
 }

@@ -81,40 +81,19 @@ PanelCase {
         fuzzyCompare(button.mapToItem(strip, button.width / 2, 0).x, strip.width / 2, 1);
     }
 
-    function rowsFor(rows) {
-        return rows.map(row => ({ tag: row[0] + " offered, " + row[1] + " asked for", row: row }));
+    function test_layout_follows_the_size_asked_for_data() {
+        // What is offered and asked for, what becomes of it, whether it is compact, where it begins.
+        const widths = [[1040, 979, 979, true], [1040, 980, 980, false], [1040, 0, 1040, false], [1040, 319, 1040, false], [1040, 320, 320, true], [700, 1040, 700, true], [1040, NaN, 1040, false], [1040, Infinity, 1040, false], [1040, -5, 1040, false]];
+        const heights = [[780, 780, 780, 0], [780, 500, 500, 280], [780, 779, 779, 0], [780, 778.5, 778.5, 1.5], [780, 319, 780, 0], [780, 0, 780, 0], [400, 780, 400, 0]];
+        return widths.map(row => ({ tag: "width " + row, width: row, height: heights[0] })).concat(heights.map(row => ({ tag: "height " + row, width: widths[1], height: row })));
     }
-
-    function test_layout_follows_the_panel_width_data() {
-        return rowsFor([
-            [1040, 979, 979, true],
-            [1040, 980, 980, false],
-            [1040, 0, 1040, false],
-            [1040, 319, 1040, false],
-            [1040, 320, 320, true],
-            [700, 1040, 700, true],
-            [1040, NaN, 1040, false],
-            [1040, Infinity, 1040, false],
-            [1040, -5, 1040, false]
-        ]);
-    }
-    function test_layout_follows_the_panel_width(data) {
-        const [offered, asked, width, compact] = data.row;
-        make(offered, 780, asked, 780);
-        compare(named(panel, "panel").width, width);
-        compare(panel.compact, compact);
-        compare(named(panel, "sidebar") === null, compact);
-        compare(named(panel, "compactNavigation") === null, !compact);
-    }
-
-    function test_low_panel_hugs_the_bottom_data() {
-        return rowsFor([[780, 780, 0, 780], [780, 500, 280, 500], [780, 779, 0, 779], [780, 778.5, 1.5, 778.5], [780, 319, 0, 780], [780, 0, 0, 780], [400, 780, 0, 400]]);
-    }
-    function test_low_panel_hugs_the_bottom(data) {
-        const [offered, asked, y, height] = data.row;
-        make(1040, offered, 1040, asked);
-        compare(named(panel, "panel").y, y);
-        compare(named(panel, "panel").height, height);
+    function test_layout_follows_the_size_asked_for(data) {
+        make(data.width[0], data.height[0], data.width[1], data.height[1]);
+        const shown = named(panel, "panel");
+        compare([shown.width, panel.compact], data.width.slice(2));
+        compare([shown.height, shown.y], data.height.slice(2));
+        compare(named(panel, "sidebar") === null, panel.compact);
+        compare(named(panel, "compactNavigation") === null, !panel.compact);
     }
 
     function test_page_is_built_anew_on_every_switch_only() {
