@@ -93,8 +93,8 @@ def start_rows(home):
               f"ratio {panel / empty:.2f}")
 
 
-def cpu_row(title, home, hide=False, **extra):
-    program = Program(PANEL, environment(home, **extra))
+def cpu_row(title, home, hide=False, page="home", **extra):
+    program = Program([*PANEL, "--page", page], environment(home, **extra))
     time.sleep(SETTLE_SECONDS)
     if hide:
         window = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(program.process.pid)],
@@ -120,6 +120,8 @@ def main():
             cpu_row(f"backdrop, {backend}", home, **extra)
             cpu_row(f"hidden, {backend}", home, hide=True, **extra)
             cpu_row(f"reduced motion, {backend}", home, ORVEX_REDUCED_MOTION="1", **extra)
+            cpu_row(f"Speed Lab, {backend}", home, page="speed", **extra)
+            cpu_row(f"Speed Lab hidden, {backend}", home, hide=True, page="speed", **extra)
 
 
 if __name__ == "__main__":
