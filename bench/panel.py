@@ -97,7 +97,7 @@ def cpu_row(title, home, hide=False, **extra):
     program = Program(PANEL, environment(home, **extra))
     time.sleep(SETTLE_SECONDS)
     if hide:
-        window = subprocess.run(["xdotool", "search", "--pid", str(program.process.pid), "--name", "Orvex"],
+        window = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(program.process.pid)],
                                 check=True, capture_output=True, text=True).stdout.split()[0]
         subprocess.run(["xdotool", "windowunmap", window], check=True)
         time.sleep(1)

@@ -40,7 +40,14 @@ class Background::Run final : public QObject {
     }
     QMetaObject::invokeMethod(this, &Run::tellProgress, Qt::QueuedConnection);
   }
-  void finish() { QMetaObject::invokeMethod(this, &Run::tellDone, Qt::QueuedConnection); }
+  // What the work has left is the waiting thread's from here on.
+  void finish() {
+    {
+      const std::scoped_lock lock(mutex_);
+      finished_ = true;
+    }
+    QMetaObject::invokeMethod(this, &Run::tellDone, Qt::QueuedConnection);
+  }
 
   // Waiting thread.
   void abandon() {
@@ -69,7 +76,7 @@ class Background::Run final : public QObject {
   }
 
   void tellDone() {
-    if (owner == nullptr) return;
+    if (owner == nullptr || !isFinished()) return;
     const auto handler = std::exchange(done, nullptr);
     // Before the handler, which may begin the next run or delete the owner; this run lives on until
     // the end of the event that is being handled.
@@ -78,9 +85,15 @@ class Background::Run final : public QObject {
     handler();
   }
 
+  [[nodiscard]] bool isFinished() {
+    const std::scoped_lock lock(mutex_);
+    return finished_;
+  }
+
   std::mutex mutex_;
   Progress latest_;
   bool posted_ = false;
+  bool finished_ = false;
 };
 
 Background::~Background() {

@@ -111,11 +111,8 @@ class Checker {
       }
       case Dictionary: {
         const qsizetype count = readLength(at, low, 2 * referenceWidth_);
-        for (qsizetype i = 0; i < count; ++i) {
-          const auto key = static_cast<quint8>(
-              bytes_[offsetOf(number(at + i * referenceWidth_, referenceWidth_))]);
-          require(key >> 4 == Ascii || key >> 4 == Utf16, u"a key is no text");
-        }
+        for (qsizetype i = 0; i < count; ++i)
+          requireKey(number(at + i * referenceWidth_, referenceWidth_));
         return visitReferences(at, 2 * count, depth);
       }
       default:
@@ -137,6 +134,18 @@ class Checker {
     }
     requireRoom(at, length, width);
     return static_cast<qsizetype>(length);
+  }
+
+  // That the object is a text without a zero character, at which the parser would give up the
+  // process.
+  void requireKey(quint64 object) const {
+    qsizetype at = offsetOf(object);
+    const auto marker = static_cast<quint8>(bytes_[at++]);
+    require(marker >> 4 == Ascii || marker >> 4 == Utf16, u"a key is no text");
+    const qsizetype width = marker >> 4 == Utf16 ? 2 : 1;
+    const qsizetype length = readLength(at, marker & 0x0F, width);
+    for (qsizetype i = 0; i < length; ++i)
+      require(number(at + i * width, width) != 0, u"a key holds a zero character");
   }
 
   void visitBytes(qsizetype at, quint8 low, qsizetype width) {

@@ -17,11 +17,12 @@ struct NodeDeleter {
 // libplist 2.2.0 reads past its buffer on odd <date> texts and recurses without a limit, so the
 // document is walked once by a reader that does neither before it is handed over. The two must not
 // be led to see different documents: declarations inside the document, which only one of them
-// reads, are refused, and so is "<date" where it would be no element.
+// reads, are refused, and so is "<date" where it would be no element; and as libplist takes every
+// document for UTF-8, so does the reader, whatever encoding is declared.
 std::expected<void, QString> checkDocument(const QByteArray& bytes) {
   if (bytes.contains("<date"))
     return std::unexpected(QStringLiteral("the property list holds a date"));
-  QXmlStreamReader reader(bytes);
+  QXmlStreamReader reader(QString::fromUtf8(bytes));
   int depth = 0;
   while (!reader.atEnd()) {
     switch (reader.readNext()) {

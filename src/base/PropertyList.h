@@ -20,8 +20,9 @@ inline constexpr qsizetype kMaximumBytes = qsizetype{256} * 1024;
 /// The deepest nesting that is accepted.
 inline constexpr int kMaximumDepth = 64;
 
-/// Parses `bytes`. The error is one sentence for a log: too large, too deep, a date (which nothing
-/// here uses and the parser below handles unsafely), or malformed.
+/// Parses `bytes`; the XML form is taken for UTF-8. The error is one sentence for a log: too large,
+/// too deep, a date (which nothing here uses and the parser below handles unsafely), a document
+/// type with declarations of its own, or malformed.
 [[nodiscard]] std::expected<QVariant, QString> parse(const QByteArray& bytes);
 
 }  // namespace PropertyList

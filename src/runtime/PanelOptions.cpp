@@ -28,39 +28,54 @@ std::expected<OrvexPage, QString> parsePage(const QString& text) {
                              .arg(text, ids.join(QStringLiteral(", "))));
 }
 
+// The toolkit's own words for it are English.
+QString wrongUse(const QCommandLineParser& parser) {
+  const QStringList unknown = parser.unknownOptionNames();
+  const QString what =
+      unknown.isEmpty()
+          ? QStringLiteral("Bir seçeneğin değeri eksik ya da değer almayan birine değer verildi.")
+          : QStringLiteral("\"%1\" diye bir seçenek yok.").arg(unknown.constFirst());
+  return what + QStringLiteral(" Seçenekleri --help listeler.");
+}
+
+QString helpText() {
+  return QStringLiteral(
+      "Vantrelo Orvex Final Cut paneli\n"
+      "\n"
+      "kullanım: orvex-panel [SEÇENEK...]\n"
+      "\n"
+      "  --host HOST        yanında çalışılacak host: builtin, builtin:RATE, mpv, mpv:SOCKET ya "
+      "da\n"
+      "                     none\n"
+      "  --page ID          açılacak sayfa\n"
+      "  --size WxH         panelin boyu, örneğin 1040x780\n"
+      "  --screenshot FILE  sayfayı ekransız çizer, PNG olarak kaydeder ve çıkar\n"
+      "  --help             bu yardım\n"
+      "  --version          sürüm\n");
+}
+
 }  // namespace
 
 std::expected<PanelOptions, QString> PanelOptions::parse(const QStringList& arguments,
                                                          const QString& hostVariable) {
-  const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
-                                QStringLiteral("Bu yardımı yazdırır."));
-  const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
-                                   QStringLiteral("Sürümü yazdırır."));
-  const QCommandLineOption host(
-      QStringLiteral("host"),
-      QStringLiteral(
-          "Yanında çalışılacak host: builtin, builtin:RATE, mpv, mpv:SOCKET ya da none."),
-      QStringLiteral("HOST"));
-  const QCommandLineOption page(QStringLiteral("page"), QStringLiteral("Açılacak sayfa."),
-                                QStringLiteral("ID"));
-  const QCommandLineOption size(QStringLiteral("size"), QStringLiteral("Panelin boyu."),
-                                QStringLiteral("WxH"));
-  const QCommandLineOption screenshot(
-      QStringLiteral("screenshot"),
-      QStringLiteral("Sayfayı ekransız çizer, PNG olarak kaydeder ve çıkar."),
-      QStringLiteral("FILE"));
+  const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
+  const QCommandLineOption version(QStringList{QStringLiteral("v"), QStringLiteral("version")});
+  const auto valued = [](const QString& name) { return QCommandLineOption(name, {}, name); };
+  const QCommandLineOption host = valued(QStringLiteral("host"));
+  const QCommandLineOption page = valued(QStringLiteral("page"));
+  const QCommandLineOption size = valued(QStringLiteral("size"));
+  const QCommandLineOption screenshot = valued(QStringLiteral("screenshot"));
   QCommandLineParser parser;
-  parser.setApplicationDescription(QStringLiteral("Vantrelo Orvex Final Cut paneli"));
   parser.addOptions({help, version, host, page, size, screenshot});
 
   PanelOptions options;
-  if (!parser.parse(arguments)) return std::unexpected(parser.errorText());
+  if (!parser.parse(arguments)) return std::unexpected(wrongUse(parser));
   if (!parser.positionalArguments().isEmpty())
     return std::unexpected(
         QStringLiteral("\"%1\" anlaşılmadı; panel yalnız --help ile listelenen seçenekleri alır.")
             .arg(parser.positionalArguments().constFirst()));
   if (parser.isSet(help)) {
-    options.message = parser.helpText();
+    options.message = helpText();
     return options;
   }
   if (parser.isSet(version)) {

@@ -17,6 +17,8 @@
 
 #include <QQuickItem>
 
+#include <cmath>
+
 namespace orvex {
 
 PanelRuntime::PanelRuntime(const PanelOptions& options)
@@ -70,8 +72,8 @@ void PanelRuntime::show() {
   window_->show();
 }
 
-// The window is the host that grants the panel its size: it follows what is asked for, and a user
-// who makes it larger asks for more.
+// The window is the host that grants the panel its size: it follows what is asked for, and what the
+// user makes of it counts as asked for.
 void PanelRuntime::followSizes() {
   OrvexState& state = controller_->orvexState();
   // Any process may ask a thousand times a second; a window is resized once per frame.
@@ -88,10 +90,10 @@ void PanelRuntime::followSizes() {
   window_->resizePanel({state.panelWidth(), state.panelHeight()});
   const QQuickItem* area = window_->panelArea();
   connect(area, &QQuickItem::widthChanged, &state, [area, &state] {
-    if (area->width() >= state.panelWidth() + 1) state.setPanelWidth(area->width());
+    if (std::abs(area->width() - state.panelWidth()) >= 1) state.setPanelWidth(area->width());
   });
   connect(area, &QQuickItem::heightChanged, &state, [area, &state] {
-    if (area->height() >= state.panelHeight() + 1) state.setPanelHeight(area->height());
+    if (std::abs(area->height() - state.panelHeight()) >= 1) state.setPanelHeight(area->height());
   });
 }
 
@@ -112,7 +114,9 @@ void PanelRuntime::saveScreenshot(std::function<void(bool)> done) {
 }
 
 bool PanelRuntime::focusPanel() {
-  window_->show();
+  // Not `show`, which would also bring a maximised window back to its normal size.
+  window_->setWindowStates(window_->windowStates() & ~Qt::WindowStates(Qt::WindowMinimized));
+  window_->setVisible(true);
   window_->raise();
   window_->requestActivate();
   return true;

@@ -71,7 +71,10 @@ std::expected<SpeedCurve, QString> SpeedCurve::fromBezierCode(const QString& tex
       QStringLiteral("^\\s*cubic-bezier\\s*\\(([^()]*)\\)\\s*;?\\s*$"),
       QRegularExpression::CaseInsensitiveOption);
   std::array<double, 4> values{};
-  const QRegularExpressionMatch match = form.match(text);
+  // A clipboard may hold anything of any length; what is far too long is not even looked at.
+  constexpr qsizetype kLongest = 1000;
+  const QRegularExpressionMatch match =
+      text.size() <= kLongest ? form.match(text) : QRegularExpressionMatch();
   const QStringList parts = match.captured(1).split(u',');
   bool valid = match.hasMatch() && parts.size() == 4;
   for (std::size_t i = 0; valid && i < values.size(); ++i) {

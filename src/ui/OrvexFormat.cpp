@@ -1,5 +1,6 @@
 #include "ui/OrvexFormat.h"
 
+#include "base/Text.h"
 #include "host/Timecode.h"
 
 #include <cmath>
@@ -18,11 +19,11 @@ QString OrvexFormat::timecode(double seconds) {
 }
 
 QString OrvexFormat::seconds2(double seconds) {
-  return std::isfinite(seconds) ? QString::number(seconds, 'f', 2) + u's' : unknown();
+  return std::isfinite(seconds) ? fixedText(seconds, 2) + u's' : unknown();
 }
 
 QString OrvexFormat::rate(double fps) {
-  return std::isfinite(fps) && fps > 0 ? QString::number(fps, 'f', 2) : unknown();
+  return std::isfinite(fps) && fps > 0 ? fixedText(fps, 2) : unknown();
 }
 
 QString OrvexFormat::count(const EngineSummary& summary) {

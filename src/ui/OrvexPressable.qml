@@ -21,7 +21,9 @@ T.Control {
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
 
-    Accessible.onPressAction: control.clicked()
+    // The toolkit passes it on to what is disabled, too.
+    Accessible.onPressAction: if (control.enabled)
+        control.clicked()
     Keys.onPressed: event => {
         if (!control.isPressKey(event.key))
             return;

@@ -43,9 +43,7 @@ TEST(MediaTime, FromSeconds) {
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::Message() << c.seconds << " at " << c.timescale);
     const MediaTime time = MediaTime::fromSeconds(c.seconds, c.timescale);
-    EXPECT_EQ(time.value(), c.expected.value());
-    EXPECT_EQ(time.timescale(), c.expected.timescale());
-    EXPECT_EQ(time, c.expected);
+    EXPECT_EQ(time, c.expected) << time.value() << '/' << time.timescale();
   }
 }
 
@@ -65,20 +63,12 @@ TEST(MediaTime, KindsAndSeconds) {
 
 TEST(MediaTimeRange, Validity) {
   const MediaTime zero(0, 600);
-  const struct {
-    MediaTimeRange range;
-    bool valid;
-  } cases[] = {
-      {{zero, zero}, true},
-      {{MediaTime(-600, 600), MediaTime(1, 600)}, true},
-      {{zero, MediaTime::positiveInfinity()}, true},
-      {{zero, MediaTime::indefinite()}, true},
-      {{zero, MediaTime(-1, 600)}, false},
-      {{zero, MediaTime::negativeInfinity()}, false},
-      {{MediaTime(), zero}, false},
-      {{zero, MediaTime()}, false},
-  };
-  for (const auto& c : cases) EXPECT_EQ(c.range.isValid(), c.valid) << &c - cases;
+  for (const MediaTime& duration :
+       {zero, MediaTime(1, 600), MediaTime::positiveInfinity(), MediaTime::indefinite()})
+    EXPECT_TRUE((MediaTimeRange{MediaTime(-600, 600), duration}.isValid())) << duration.seconds();
+  for (const MediaTime& duration : {MediaTime(-1, 600), MediaTime::negativeInfinity(), MediaTime()})
+    EXPECT_FALSE((MediaTimeRange{zero, duration}.isValid())) << duration.seconds();
+  EXPECT_FALSE((MediaTimeRange{MediaTime(), zero}.isValid()));
 }
 
 }  // namespace

@@ -79,16 +79,22 @@ TEST(PropertyList, RefusesWhatItsParserWouldNotSurvive) {
       {"<!DOCTYPE plist [<!ENTITY a \"]><plist><date>x</date></plist>\">]><plist><true/></plist>"},
       "<!DOCTYPE plist [<!ENTITY a \"b\">]><plist><string>&a;</string></plist>",
       xml(levels + QByteArray("</array>").repeated(PropertyList::kMaximumDepth)),
+      // Deep where another encoding hides it.
+      "<?xml version=\"1.0\" encoding=\"HZ-GB-2312\"?><plist><array><string>~{</string>" + levels +
+          QByteArray("</array>").repeated(PropertyList::kMaximumDepth) +
+          " <string>~}</string></array></plist>",
       xml("<string>" + QByteArray(PropertyList::kMaximumBytes, 'x') + "</string>"),
       binary({"\xA1\x01", kDate}),
       binary(chain),
       binary(sharing),
-      // Binary ones: holding itself, a reference too far, a length too large, a number for a key, a
-      // set, a wide integer, widths of zero.
+      // Binary ones: holding itself, a reference too far, a length too large, a number for a key,
+      // keys with a zero, a set, a wide integer, widths of zero.
       binary({QByteArray("\xA1\x00", 2)}),
       binary({"\xA1\x07"}),
       binary({QByteArray("\x5F\x13\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF", 10)}),
       binary({"\xD1\x01\x01", QByteArray("\x10\x01", 2)}),
+      binary({"\xD1\x01\x02", QByteArray("\x53\x61\0b", 4), kTrue}),
+      binary({"\xD1\x01\x02", QByteArray("\x62\0a\0\0", 5), kTrue}),
       binary({"\xC1\x01", kTrue}),
       binary({QByteArray("\x14") + "0123456789abcdef"}),
       "bplist00" + kTrue + QByteArray("\x08", 1) + QByteArray(32, '\1'),

@@ -1,45 +1,20 @@
 #include "HostRequest.h"
 #include "support/MpvPlayer.h"
-#include "support/Wait.h"
+#include "support/Program.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 
 #include <gmock/gmock.h>
 #include <unistd.h>
 
 using namespace orvex;
-using Verb = HostRequest::Verb;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 QStringList words(const char* text) {
   return QString::fromUtf8(text).split(u' ', Qt::SkipEmptyParts);
-}
-
-TEST(HostRequest, Reads) {
-  const struct {
-    const char* arguments;
-    HostRequest request;
-  } cases[] = {
-      {"", {}},
-      {"--json", {.json = true}},
-      {"status", {}},
-      {"--json start", {.verb = Verb::Start, .json = true}},
-      {"end", {.verb = Verb::End}},
-      {"seconds 2.5", {.verb = Verb::Seconds, .seconds = 2.5}},
-      {"seconds -0.5 --json", {.verb = Verb::Seconds, .seconds = -0.5, .json = true}},
-      {"seconds --json 1e3", {.verb = Verb::Seconds, .seconds = 1000, .json = true}},
-      {"frames -1", {.verb = Verb::Frames, .frames = -1}},
-      {"frames +12", {.verb = Verb::Frames, .frames = 12}},
-      {"action blade-speed", {.verb = Verb::Action, .action = QStringLiteral("blade-speed")}},
-  };
-  for (const auto& c : cases) {
-    const auto request = HostRequest::parse(words(c.arguments));
-    ASSERT_TRUE(request) << c.arguments;
-    EXPECT_EQ(*request, c.request) << c.arguments;
-  }
 }
 
 TEST(HostRequest, Refuses) {
@@ -53,146 +28,110 @@ TEST(HostRequest, Refuses) {
   }
 }
 
-// The program as a user runs it.
+// The program as a user runs it, where nobody owns the companion's scheme.
 class Program : public testing::Test {
  protected:
-  struct Outcome {
-    int exitCode = -1;
-    QString output;
-    QString errors;
-    [[nodiscard]] QJsonObject json() const {
-      return QJsonDocument::fromJson(output.toUtf8()).object();
-    }
-  };
-
-  [[nodiscard]] Outcome run(const QString& host, const QStringList& arguments) const {
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("ORVEX_HOST"), host);
-    // Nobody here owns the companion's scheme.
-    for (const auto& variable :
-         {QStringLiteral("XDG_DATA_HOME"), QStringLiteral("XDG_CONFIG_HOME"),
-          QStringLiteral("XDG_DATA_DIRS"), QStringLiteral("XDG_CONFIG_DIRS")})
-      environment.insert(variable, home_.path());
-    process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(ORVEX_PROGRAM), arguments);
-    EXPECT_TRUE(process.waitForFinished());
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
+  Program() {
+    for (const char* folder :
+         {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_DIRS"})
+      qputenv(folder, home_.path().toUtf8());
   }
-  [[nodiscard]] Outcome host(const QString& host, const char* arguments) const {
-    return run(host, QStringList{QStringLiteral("host")} + words(arguments));
+
+  [[nodiscard]] static ProgramResult run(const QString& host, const char* arguments) {
+    qputenv("ORVEX_HOST", host.toUtf8());
+    return runProgram(QStringLiteral(ORVEX_PROGRAM), words(arguments));
+  }
+  [[nodiscard]] static QJsonObject json(const ProgramResult& result) {
+    return QJsonDocument::fromJson(result.output.toUtf8()).object();
   }
 
  private:
-  QTemporaryDir home_;
+  const QTemporaryDir home_;
 };
 
 TEST_F(Program, MovesARealPlayer) {
-  MpvPlayer player({testClip(QStringLiteral("24000/1001"))});
-  const QString choice = QStringLiteral("mpv:") + player.socketPath();
+  MpvPlayer player({testClip(u"24000/1001"_s)});
+  const QString mpv = u"mpv:"_s + player.socketPath();
   constexpr double kFrame = 1001.0 / 24000;
   const struct {
     const char* arguments;
     int frame;
   } cases[] = {
-      {"--json", 0},       {"frames 5 --json", 5},   {"frames -1 --json", 4},
-      {"end --json", 239}, {"frames 1 --json", 239}, {"seconds -0.5 --json", 227},
-      {"start --json", 0}, {"seconds 2 --json", 48}, {"frames -1000 --json", 0},
+      {"host --json", 0},       {"host frames 5 --json", 5},      {"host frames -1 --json", 4},
+      {"host end --json", 239}, {"host frames 1 --json", 239},    {"host seconds -0.5 --json", 227},
+      {"host start --json", 0}, {"host seconds --json +2e0", 48},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.arguments);
-    const Outcome outcome = host(choice, c.arguments);
-    EXPECT_EQ(outcome.exitCode, 0);
-    EXPECT_EQ(outcome.errors, QString());
-    EXPECT_NEAR(player.property(QStringLiteral("time-pos")).toDouble(-1), c.frame * kFrame, 1e-3);
-    EXPECT_NEAR(outcome.json().value(u"playheadSeconds").toDouble(-1), c.frame * kFrame, 1e-9);
+    const ProgramResult result = run(mpv, c.arguments);
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.errors, QString());
+    EXPECT_NEAR(player.property(u"time-pos"_s).toDouble(-1), c.frame * kFrame, 1e-3);
+    EXPECT_NEAR(json(result).value(u"playheadSeconds").toDouble(-1), c.frame * kFrame, 1e-9);
   }
-  const QJsonObject fields = host(choice, "--json").json();
-  EXPECT_EQ(
-      fields.keys().join(u' '),
-      QStringLiteral("bundleIdentifier connected fps frameDurationSeconds hostName hostVersion "
-                     "playheadSeconds sequenceAvailable sequenceDurationSeconds sequenceName "
-                     "sequenceStartSeconds"));
+  const QJsonObject fields = json(run(mpv, "host --json"));
+  EXPECT_EQ(fields.keys().join(u' '),
+            u"bundleIdentifier connected fps frameDurationSeconds hostName hostVersion "
+            "playheadSeconds sequenceAvailable sequenceDurationSeconds sequenceName "
+            "sequenceStartSeconds"_s);
   EXPECT_EQ(fields.value(u"sequenceDurationSeconds"), 10.01);
-  EXPECT_EQ(fields.value(u"hostName"), QStringLiteral("mpv"));
+  EXPECT_EQ(fields.value(u"hostName"), u"mpv"_s);
   EXPECT_EQ(fields.value(u"connected"), true);
+  const ProgramResult table = run(mpv, "host start");
+  EXPECT_TRUE(table.output.contains(u"Playhead     00:00:00.000  (0.000000 s)")) << table.output;
 
-  const Outcome table = host(choice, "seconds 1");
-  EXPECT_TRUE(table.output.contains(u"Playhead     00:00:01.000  (1.001000 s)"))
-      << table.output.toStdString();
-
-  // The companion is not there, and the text says so; the player's state is no excuse.
-  const Outcome action = host(choice, "action blade-speed");
-  EXPECT_EQ(action.exitCode, 1);
-  EXPECT_EQ(action.errors, QStringLiteral("Vantrelo yardımcı motoru açılamadı.\n"));
-  EXPECT_EQ(action.output, QString());
-
-  player.command({QStringLiteral("stop")});
-  ASSERT_TRUE(waitUntil([&] { return player.property(QStringLiteral("idle-active")).toBool(); }));
-  const Outcome idle = host(choice, "status --json");
-  EXPECT_EQ(idle.exitCode, 0);
-  EXPECT_EQ(idle.json().value(u"sequenceName"), QStringLiteral("NO SEQUENCE"));
-  EXPECT_EQ(host(choice, "end").errors, QStringLiteral("Aktif timeline yok.\n"));
-  EXPECT_EQ(host(choice, "frames 1").errors,
-            QStringLiteral("Final Cut frameDuration henüz hazır değil.\n"));
-  EXPECT_EQ(host(choice, "frames 1").exitCode, 1);
+  player.command({u"stop"_s});
+  ASSERT_TRUE(waitUntil([&] { return player.property(u"idle-active"_s).toBool(); }));
+  EXPECT_EQ(json(run(mpv, "host status --json")).value(u"sequenceName"), u"NO SEQUENCE"_s);
+  EXPECT_EQ(run(mpv, "host end").errors, u"Aktif timeline yok.\n"_s);
+  const ProgramResult frames = run(mpv, "host frames 1");
+  EXPECT_EQ(frames.errors, u"Final Cut frameDuration henüz hazır değil.\n"_s);
+  EXPECT_EQ(frames.exitCode, 1);
 }
 
 TEST_F(Program, WaitsForAPlayerThatIsOnItsWay) {
-  MpvPlayer player({testClip(QStringLiteral("25"))});
+  MpvPlayer player({testClip(u"25"_s)});
   player.kill();
   ASSERT_EQ(::unlink(qPrintable(player.socketPath())), 0);
+  qputenv("ORVEX_HOST", "mpv:" + player.socketPath().toUtf8());
   QProcess process;
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert(QStringLiteral("ORVEX_HOST"), QStringLiteral("mpv:") + player.socketPath());
-  process.setProcessEnvironment(environment);
-  process.start(QStringLiteral(ORVEX_PROGRAM),
-                {QStringLiteral("host"), QStringLiteral("frames"), QStringLiteral("10")});
+  process.start(QStringLiteral(ORVEX_PROGRAM), words("host frames 10"));
   ASSERT_TRUE(process.waitForStarted());
   player.start();
   ASSERT_TRUE(process.waitForFinished());
-  EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
-  EXPECT_NEAR(player.property(QStringLiteral("time-pos")).toDouble(-1), 0.4, 1e-3);
+  EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().constData();
+  EXPECT_NEAR(player.property(u"time-pos"_s).toDouble(-1), 0.4, 1e-3);
 }
 
 TEST_F(Program, SaysWhatIsWrong) {
-  const QString builtIn = QStringLiteral("builtin:50");
+  const QString builtIn = u"builtin:50"_s;
   const struct {
-    const char* what;
     QString host;
     const char* arguments;
     int exitCode;
     QString error;
   } cases[] = {
-      {"no host", QStringLiteral("none"), "host", 1,
-       QStringLiteral("Final Cut Pro host proxy bulunamadı.\n")},
-      {"no player", QStringLiteral("mpv:/nonexistent/s"), "host end", 1,
-       QStringLiteral("Final Cut Pro host proxy bulunamadı.\n")},
-      {"unknown host", QStringLiteral("vlc"), "host", 2, QStringLiteral("ORVEX_HOST: ")},
-      {"long path", QStringLiteral("mpv:/") + QString(200, u'x'), "host", 2,
-       QStringLiteral("çok uzun")},
-      {"unknown action", builtIn, "host action Toggle-Retime", 1,
-       QStringLiteral("Geçersiz timeline komutu.\n")},
-      {"unknown verb", builtIn, "host jump", 2, QStringLiteral("\"jump\" anlaşılmadı.")},
-      {"unknown command", builtIn, "dance", 2, QStringLiteral("\"dance\" diye bir komut yok.")},
-      {"no command", builtIn, "", 2, QStringLiteral("orvex host [status|")},
+      {u"none"_s, "host", 1, u"Final Cut Pro host proxy bulunamadı.\n"_s},
+      {u"mpv:/nonexistent/s"_s, "host end", 1, u"Final Cut Pro host proxy bulunamadı.\n"_s},
+      {u"vlc"_s, "host", 2, u"ORVEX_HOST: "_s},
+      {builtIn, "host action Toggle-Retime", 1, u"Geçersiz timeline komutu.\n"_s},
+      {builtIn, "host action blade-speed", 1, u"Vantrelo yardımcı motoru açılamadı.\n"_s},
+      {builtIn, "host jump", 2, u"\"jump\" anlaşılmadı."_s},
+      {builtIn, "dance", 2, u"\"dance\" diye bir komut yok."_s},
+      {builtIn, "", 2, u"orvex host [status|"_s},
   };
   for (const auto& c : cases) {
-    SCOPED_TRACE(c.what);
-    const Outcome outcome = run(c.host, words(c.arguments));
-    EXPECT_EQ(outcome.exitCode, c.exitCode);
-    EXPECT_TRUE(outcome.errors.contains(c.error)) << outcome.errors.toStdString();
-    EXPECT_EQ(outcome.output, QString());
+    SCOPED_TRACE(testing::Message() << c.host << ": " << c.arguments);
+    const ProgramResult result = run(c.host, c.arguments);
+    EXPECT_EQ(result.exitCode, c.exitCode);
+    EXPECT_TRUE(result.errors.contains(c.error)) << result.errors;
+    EXPECT_EQ(result.output, QString());
   }
-  const Outcome help = run(builtIn, {QStringLiteral("--help")});
+  const ProgramResult help = run(builtIn, "--help");
   EXPECT_EQ(help.exitCode, 0);
   EXPECT_TRUE(help.output.contains(HostRequest::usage()));
-  EXPECT_TRUE(run(builtIn, {QStringLiteral("--version")}).output.startsWith(u"orvex 0."));
-  const Outcome builtInEnd = host(builtIn, "end --json");
-  EXPECT_EQ(builtInEnd.json().value(u"playheadSeconds"), 60);
-  EXPECT_EQ(builtInEnd.json().value(u"fps"), 50);
+  EXPECT_TRUE(run(builtIn, "--version").output.startsWith(u"orvex 0."));
+  EXPECT_EQ(json(run(builtIn, "host end --json")).value(u"playheadSeconds"), 60);
 }
 
 }  // namespace

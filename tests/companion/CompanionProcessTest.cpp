@@ -4,193 +4,160 @@
 #include "platform/Workspace.h"
 #include "support/MpvPlayer.h"
 #include "support/PrivateSession.h"
-#include "support/Wait.h"
+#include "support/Program.h"
 
 #include <QJsonObject>
-#include <QProcess>
 #include <QUrl>
 
 using namespace orvex;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kFocus = QStringLiteral("vantrelo-finalcut://focus-panel");
+const QString kFocus = u"vantrelo-finalcut://focus-panel"_s;
 
 QString actionUrl(const QString& action) {
-  return QStringLiteral("vantrelo-finalcut://timeline-action?action=") + action;
+  return u"vantrelo-finalcut://timeline-action?action="_s + action;
 }
 
-class Panel final : public PanelEndpoint {
- public:
+class CompanionProcess : public PrivateSession, protected PanelEndpoint {
+ protected:
+  CompanionProcess() { qunsetenv("ORVEX_HOST"); }
+
   bool focusPanel() override {
-    calls.append(QStringLiteral("focus"));
+    calls_.append(u"focus"_s);
     return true;
   }
-  QString hostInUse() override { return host; }
+  QString hostInUse() override { return host_; }
   bool performOnBuiltInHost(const QString& action) override {
-    calls.append(action);
-    return hasBuiltInHost;
+    calls_.append(action);
+    return hasBuiltInHost_;
   }
-
-  QString host = QStringLiteral("builtin");
-  bool hasBuiltInHost = true;
-  QStringList calls;
-};
-
-class CompanionProcess : public PrivateSession {
- protected:
-  void SetUp() override {
-    PrivateSession::SetUp();
-    qunsetenv("ORVEX_HOST");
-  }
-
-  struct Result {
-    int exitCode = -1;
-    QString output;
-    QString errors;
-  };
 
   // Runs the companion while the event loop here answers for the panel.
-  [[nodiscard]] static Result run(const QStringList& arguments) {
-    QProcess process;
-    process.start(QStringLiteral(ORVEX_COMPANION), arguments);
-    EXPECT_TRUE(waitUntil([&] { return process.state() == QProcess::NotRunning; }));
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
+  [[nodiscard]] static ProgramResult run(const QStringList& arguments) {
+    return runProgram(QStringLiteral(ORVEX_COMPANION), arguments);
   }
 
   const std::unique_ptr<Platform> platform_ = makePlatform();
-  Panel panel_;
+  QString host_;
+  bool hasBuiltInHost_ = true;
+  QStringList calls_;
 };
 
 TEST_F(CompanionProcess, AnswersAboutItselfAndRefusesWrongUsageAndAddresses) {
-  ASSERT_TRUE(platform_->exportPanel(panel_));
-  EXPECT_EQ(run({QStringLiteral("--version")}).output, u"orvex-companion " PROJECT_VERSION "\n");
-  const Result help = run({QStringLiteral("--help")});
+  ASSERT_TRUE(platform_->exportPanel(*this));
+  EXPECT_EQ(run({u"--version"_s}).output, u"orvex-companion " PROJECT_VERSION "\n"_s);
+  const ProgramResult help = run({u"--help"_s});
   EXPECT_EQ(help.exitCode, 0);
   EXPECT_TRUE(help.output.contains(u"--register"));
 
-  const struct {
-    QStringList arguments;
-    const char16_t* error;
-  } rows[] = {
-      {{}, u"kullanım"},
-      {{QString()}, u"kullanım"},
-      {{QStringLiteral("--registers")}, u"kullanım"},
-      {{QStringLiteral("--register"), kFocus}, u"kullanım"},
-      {{kFocus, kFocus}, u"kullanım"},
-      {{kFocus + u'/'}, u"Adres reddedildi"},
-      {{QStringLiteral("vantrelo-finalcut://focus-pan\u00e9l")}, u"ASCII"},
-      {{actionUrl(QStringLiteral("Blade-Speed"))}, u"\"Blade-Speed\""},
+  const std::pair<QStringList, QString> rows[] = {
+      {{}, u"kullanım"_s},
+      {{QString()}, u"kullanım"_s},
+      {{u"--registers"_s}, u"kullanım"_s},
+      {{u"--register"_s, kFocus}, u"kullanım"_s},
+      {{kFocus, kFocus}, u"kullanım"_s},
+      {{kFocus + u'/'}, u"Adres reddedildi"_s},
+      {{u"vantrelo-finalcut://focus-pan\u00e9l"_s}, u"ASCII"_s},
+      {{actionUrl(u"Blade-Speed"_s)}, u"\"Blade-Speed\""_s},
   };
-  for (const auto& row : rows) {
-    const Result result = run(row.arguments);
-    EXPECT_EQ(result.exitCode, 2) << qPrintable(row.arguments.join(u' '));
-    EXPECT_TRUE(result.errors.contains(QString::fromUtf16(row.error))) << qPrintable(result.errors);
+  for (const auto& [arguments, error] : rows) {
+    const ProgramResult result = run(arguments);
+    EXPECT_EQ(result.exitCode, 2) << arguments.join(u' ');
+    EXPECT_TRUE(result.errors.contains(error)) << result.errors;
     EXPECT_EQ(result.output, QString());
   }
   qputenv("ORVEX_HOST", "vlc");
-  EXPECT_EQ(run({actionUrl(QStringLiteral("blade-speed"))}).exitCode, 2);
-  EXPECT_EQ(panel_.calls, QStringList());
+  EXPECT_EQ(run({actionUrl(u"blade-speed"_s)}).exitCode, 2);
+  EXPECT_EQ(calls_, QStringList());
 }
 
 TEST_F(CompanionProcess, PerformsOnThePanelOrSaysWhyNot) {
-  const QString blade = actionUrl(QStringLiteral("blade-speed"));
+  const QString blade = actionUrl(u"blade-speed"_s);
+  const QString bladed = u"blade-speed"_s;
   const struct {
     bool panelRuns;
     QString url;
     QByteArray variable;
-    const char16_t* panelsHost;
+    QString panelsHost;
     bool hasBuiltInHost;
     int exitCode;
-    const char16_t* sentence;
+    QString sentence;
     QString call;
   } rows[] = {
-      {false, kFocus, "", u"", false, 1, u"Önce paneli aç", {}},
-      {false, blade, "", u"", false, 1, u"Önce paneli aç", {}},
-      {false, blade, "builtin", u"", false, 1, u"Önce paneli aç", {}},
-      {false, blade, "none", u"", false, 1, u"bir host yok", {}},
-      {true, kFocus, "none", u"none", false, 0, u"öne getirildi", QStringLiteral("focus")},
-      {true, blade, "", u"builtin:24", true, 0, u"\"blade-speed\"", QStringLiteral("blade-speed")},
-      {true, blade, "builtin", u"none", true, 0, u"uygulandı", QStringLiteral("blade-speed")},
-      {true, blade, "builtin", u"none", false, 1, u"uygulanamadı", QStringLiteral("blade-speed")},
-      {true, blade, "", u"none", true, 1, u"bir host yok", {}},
-      {true, blade, "none", u"builtin", true, 1, u"bir host yok", {}},
-      {true, blade, "", u"vlc", true, 1, u"vlc", {}},
-      {true, blade, "mpv:/nonexistent/mpv.sock", u"builtin", true, 1, u"/nonexistent/mpv.sock", {}},
+      {false, kFocus, "", u""_s, false, 1, u"Önce paneli aç"_s, {}},
+      {false, blade, "", u""_s, false, 1, u"Önce paneli aç"_s, {}},
+      {false, blade, "builtin", u""_s, false, 1, u"Önce paneli aç"_s, {}},
+      {false, blade, "none", u""_s, false, 1, u"bir host yok"_s, {}},
+      {true, kFocus, "none", u"none"_s, false, 0, u"öne getirildi"_s, u"focus"_s},
+      {true, blade, "", u"builtin:24"_s, true, 0, u"\"blade-speed\""_s, bladed},
+      {true, blade, "builtin", u"none"_s, true, 0, u"uygulandı"_s, bladed},
+      {true, blade, "builtin", u"none"_s, false, 1, u"uygulanamadı"_s, bladed},
+      {true, blade, "", u"none"_s, true, 1, u"bir host yok"_s, {}},
+      {true, blade, "none", u"builtin"_s, true, 1, u"bir host yok"_s, {}},
+      {true, blade, "", u"vlc"_s, true, 1, u"vlc"_s, {}},
+      {true, blade, "mpv:/nonexistent/s", u"builtin"_s, true, 1, u"/nonexistent/s"_s, {}},
   };
   for (const auto& row : rows) {
+    SCOPED_TRACE(&row - rows);
     qputenv("ORVEX_HOST", row.variable);
-    panel_.host = QString::fromUtf16(row.panelsHost);
-    panel_.hasBuiltInHost = row.hasBuiltInHost;
-    panel_.calls.clear();
-    if (row.panelRuns) std::ignore = platform_->exportPanel(panel_);
-    const Result result = run({row.url});
-    const QString what =
-        QStringLiteral("%1 %2 %3").arg(row.url, QLatin1String(row.variable), panel_.host);
-    EXPECT_EQ(result.exitCode, row.exitCode) << qPrintable(what);
+    host_ = row.panelsHost;
+    hasBuiltInHost_ = row.hasBuiltInHost;
+    calls_.clear();
+    if (row.panelRuns) std::ignore = platform_->exportPanel(*this);
+    const ProgramResult result = run({row.url});
+    EXPECT_EQ(result.exitCode, row.exitCode);
     const QString sentence = row.exitCode == 0 ? result.output : result.errors;
-    EXPECT_TRUE(sentence.contains(QString::fromUtf16(row.sentence)))
-        << qPrintable(what) << qPrintable(result.errors);
+    EXPECT_TRUE(sentence.contains(row.sentence)) << result.errors;
     EXPECT_TRUE(result.errors.contains(u"[Vantrelo Orvex] companion: ")) << "not in the log";
-    EXPECT_EQ(panel_.calls, row.call.isEmpty() ? QStringList() : QStringList{row.call})
-        << qPrintable(what);
+    EXPECT_EQ(calls_.join(u' '), row.call);
   }
 }
 
 TEST_F(CompanionProcess, RegisteredItIsWhatTheDesktopOpensAddressesWith) {
-  const QString entry =
-      home(QStringLiteral("data/applications/com.vantrelo.orvex.finalcut.desktop"));
-  const QString associations = home(QStringLiteral("config/mimeapps.list"));
-  QByteArray before;
-  for (int i = 0; i < 3; ++i) {
-    const Result result = run({QStringLiteral("--register")});
-    ASSERT_EQ(result.exitCode, 0) << qPrintable(result.errors);
-    const QByteArray after = contents(entry) + contents(associations);
-    if (i == 0) before = after;
-    EXPECT_EQ(after.toStdString(), before.toStdString());
-  }
-  ASSERT_TRUE(platform_->exportPanel(panel_));
-  EXPECT_TRUE(platform_->workspace().open(QUrl(actionUrl(QStringLiteral("normal-speed")))));
-  EXPECT_TRUE(waitUntil([&] { return !panel_.calls.isEmpty(); }));
-  EXPECT_EQ(panel_.calls, QStringList{QStringLiteral("normal-speed")});
+  const QString entry = home(u"data/applications/com.vantrelo.orvex.finalcut.desktop"_s);
+  const QString associations = home(u"config/mimeapps.list"_s);
+  ASSERT_EQ(run({u"--register"_s}).exitCode, 0);
+  const QByteArray once = contents(entry) + contents(associations);
+  ASSERT_EQ(run({u"--register"_s}).exitCode, 0);
+  EXPECT_EQ(contents(entry) + contents(associations), once);
+  ASSERT_TRUE(platform_->exportPanel(*this));
+  host_ = u"builtin"_s;
+  EXPECT_TRUE(platform_->workspace().open(QUrl(actionUrl(u"normal-speed"_s))));
+  EXPECT_TRUE(waitUntil([&] { return !calls_.isEmpty(); }));
+  EXPECT_EQ(calls_, QStringList{u"normal-speed"_s});
 
   for (int i = 0; i < 2; ++i) {
-    const Result result = run({QStringLiteral("--unregister")});
-    EXPECT_EQ(result.exitCode, 0) << qPrintable(result.errors);
+    EXPECT_EQ(run({u"--unregister"_s}).exitCode, 0);
     EXPECT_FALSE(QFile::exists(entry));
     EXPECT_FALSE(contents(associations).contains("vantrelo"));
   }
 }
 
 TEST_F(CompanionProcess, GivesAPlayerItsCommands) {
-  MpvPlayer player({QStringLiteral("--start=2"), testClip(QStringLiteral("25"))});
-  ASSERT_TRUE(waitUntil([&] { return player.property(QStringLiteral("time-pos")).isDouble(); }));
-  const QString chapters = QStringLiteral("chapter-list");
-  const QString speed = QStringLiteral("speed");
-
+  MpvPlayer player({u"--start=2"_s, testClip(u"25"_s)});
+  ASSERT_TRUE(waitUntil([&] { return player.property(u"time-pos"_s).isDouble(); }));
   qputenv("ORVEX_HOST", "mpv:" + QFile::encodeName(player.socketPath()));
-  const qsizetype before = player.property(chapters).toArray().size();
-  const Result blade = run({actionUrl(QStringLiteral("blade-speed"))});
-  EXPECT_EQ(blade.exitCode, 0) << qPrintable(blade.errors);
-  const QJsonArray after = player.property(chapters).toArray();
-  ASSERT_EQ(after.size(), before + 1);
-  EXPECT_DOUBLE_EQ(after.last().toObject().value(u"time").toDouble(),
-                   player.property(QStringLiteral("time-pos")).toDouble());
+  const ProgramResult blade = run({actionUrl(u"blade-speed"_s)});
+  EXPECT_EQ(blade.exitCode, 0) << blade.errors;
+  EXPECT_TRUE(run({actionUrl(u"blade-speed"_s)}).output.contains(u"zaten bir Speed Point var"));
+  const QJsonArray chapters = player.property(u"chapter-list"_s).toArray();
+  ASSERT_EQ(chapters.size(), 1);
+  EXPECT_EQ(chapters[0][u"time"], player.property(u"time-pos"_s));
 
-  player.command({QStringLiteral("set_property"), speed, 2.5});
+  player.command({u"set_property"_s, u"speed"_s, 2.5});
   // Without the variable the panel says which player it is.
   qunsetenv("ORVEX_HOST");
-  panel_.host = QStringLiteral("mpv:") + player.socketPath();
-  ASSERT_TRUE(platform_->exportPanel(panel_));
-  const Result retime = run({actionUrl(QStringLiteral("toggle-retime"))});
-  EXPECT_EQ(retime.exitCode, 0) << qPrintable(retime.errors);
-  EXPECT_TRUE(retime.output.contains(u"%250")) << qPrintable(retime.output);
-  EXPECT_EQ(player.property(speed).toDouble(), 2.5);
-  EXPECT_EQ(run({actionUrl(QStringLiteral("normal-speed"))}).exitCode, 0);
-  EXPECT_EQ(player.property(speed).toDouble(), 1);
-  EXPECT_EQ(panel_.calls, QStringList());
+  host_ = u"mpv:"_s + player.socketPath();
+  ASSERT_TRUE(platform_->exportPanel(*this));
+  const ProgramResult retime = run({actionUrl(u"toggle-retime"_s)});
+  EXPECT_EQ(retime.exitCode, 0) << retime.errors;
+  EXPECT_TRUE(retime.output.contains(u"%250")) << retime.output;
+  EXPECT_EQ(player.property(u"speed"_s), 2.5);
+  EXPECT_EQ(run({actionUrl(u"normal-speed"_s)}).exitCode, 0);
+  EXPECT_EQ(player.property(u"speed"_s), 1);
+  EXPECT_EQ(calls_, QStringList());
 }
 
 }  // namespace

@@ -1,16 +1,16 @@
 #include "platform/hosts/FrameRate.h"
 #include "platform/hosts/MpvHostRuntime.h"
-#include "platform_hosts/Panel.h"
 #include "support/MpvPlayer.h"
+#include "support/Panel.h"
 
 #include <QDir>
 #include <QFile>
 
 #include <cmath>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 using namespace orvex;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -22,20 +22,14 @@ class Session {
     EXPECT_TRUE(panel.ready());
   }
 
-  // The player's own position, once it has shown what it was asked for.
-  [[nodiscard]] double position() {
-    return player.property(QStringLiteral("time-pos")).toDouble(-1);
-  }
+  [[nodiscard]] double position() { return player.property(u"time-pos"_s).toDouble(-1); }
 
-  // The frame that the player shows, or -1 while it does not stand on one.
-  [[nodiscard]] std::int64_t frame(const FrameRate& rate) {
-    const double position = this->position();
-    const std::int64_t frame = rate.frameNearest(position);
-    return std::abs(position - rate.timeOfFrame(frame).seconds()) < 0.001 ? frame : -1;
-  }
-
-  [[nodiscard]] bool lands(const FrameRate& rate, std::int64_t expected) {
-    return waitUntil([&] { return frame(rate) == expected; }, std::chrono::seconds(5));
+  // Whether the player comes to stand on a frame.
+  [[nodiscard]] testing::AssertionResult lands(const FrameRate& rate, std::int64_t frame) {
+    const double wanted = rate.timeOfFrame(frame).seconds();
+    if (waitUntil([&] { return std::abs(position() - wanted) < 0.001; }, std::chrono::seconds(5)))
+      return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "frame " << frame << ", at " << position();
   }
 
   MpvPlayer player;
@@ -55,15 +49,16 @@ class RealPlayer : public testing::TestWithParam<Clip> {};
 
 TEST_P(RealPlayer, StepsLandOnEveryFrame) {
   const auto& [text, rate, frames] = GetParam();
-  Session session({testClip(QString::fromLatin1(text))});
+  // Nor does the end close the file, whatever the player was told.
+  Session session({u"--keep-open=no"_s, testClip(QString::fromLatin1(text))});
   const HostSnapshot& snapshot = session.panel.snapshot;
-  EXPECT_EQ(snapshot.hostName, QStringLiteral("mpv"));
+  EXPECT_EQ(snapshot.hostName, u"mpv"_s);
   EXPECT_EQ(snapshot.frameDurationSeconds, rate.frameDuration().seconds());
   EXPECT_EQ(snapshot.sequenceDurationSeconds, rate.timeOfFrame(frames).seconds());
   for (std::int64_t k = 1; k < frames; ++k) {
     session.panel.adapter.moveByFrames(1);
     ASSERT_EQ(snapshot.playheadSeconds, rate.timeOfFrame(k).seconds());
-    ASSERT_TRUE(session.lands(rate, k)) << "frame " << k << ", at " << session.position();
+    ASSERT_TRUE(session.lands(rate, k));
   }
   // Past the last frame there is nothing.
   session.panel.adapter.moveByFrames(1);
@@ -71,7 +66,7 @@ TEST_P(RealPlayer, StepsLandOnEveryFrame) {
   EXPECT_EQ(snapshot.playheadSeconds, rate.timeOfFrame(frames - 1).seconds());
   for (const std::int64_t k : {frames - 2, frames / 2, frames / 2 - 1, std::int64_t{1}}) {
     session.panel.adapter.movePlayhead(rate.timeOfFrame(k).seconds());
-    EXPECT_TRUE(session.lands(rate, k)) << "frame " << k << ", at " << session.position();
+    EXPECT_TRUE(session.lands(rate, k));
   }
   session.panel.adapter.moveToEnd();
   EXPECT_TRUE(session.lands(rate, frames - 1));
@@ -89,10 +84,10 @@ INSTANTIATE_TEST_SUITE_P(
 // last one.
 TEST(MpvHost, LandsOnShortFrames) {
   const FrameRate rate{240, 1};
-  Session session({testClip(QStringLiteral("240"), QStringLiteral("nut"))});
+  Session session({testClip(u"240"_s, u"nut"_s)});
   for (std::int64_t k = 1; k < 240; ++k) {
     session.panel.adapter.moveByFrames(1);
-    ASSERT_TRUE(session.lands(rate, k)) << "frame " << k << ", at " << session.position();
+    ASSERT_TRUE(session.lands(rate, k));
   }
   session.panel.adapter.moveToEnd();
   EXPECT_TRUE(session.lands(rate, 2399));
@@ -104,27 +99,22 @@ TEST(MpvHost, LandsOnShortFrames) {
 
 TEST(MpvHost, AFloodOfStepsAddsUp) {
   const FrameRate rate{30000, 1001};
-  Session session({testClip(QStringLiteral("30000/1001"))});
-  CountingObserver observer;
-  FCPXTimeline* timeline = session.runtime.hostSingleton()->timeline();
-  timeline->addTimelineObserver(&observer);
+  Session session({testClip(u"30000/1001"_s)});
   for (int i = 0; i < 50; ++i) {
     session.panel.adapter.moveByFrames(1);
     if (i % 10 == 9) QCoreApplication::processEvents();
   }
-  EXPECT_EQ(timeline->playheadTime(), rate.timeOfFrame(50));
+  EXPECT_EQ(session.runtime.hostSingleton()->timeline()->playheadTime(), rate.timeOfFrame(50));
   EXPECT_TRUE(session.lands(rate, 50));
-  ASSERT_TRUE(waitUntil([&] { return observer.playheads > 0; }));
   for (int i = 0; i < 20; ++i) session.panel.adapter.moveByFrames(-1);
   EXPECT_TRUE(session.lands(rate, 30));
-  timeline->removeTimelineObserver(&observer);
 }
 
 TEST(MpvHost, FollowsThePlayer) {
-  Session session({testClip(QStringLiteral("25"))});
+  Session session({testClip(u"25"_s)});
   const HostSnapshot& snapshot = session.panel.snapshot;
   // Moved by somebody else.
-  session.player.command({QStringLiteral("seek"), 3, QStringLiteral("absolute+exact")});
+  session.player.command({u"seek"_s, 3, u"absolute+exact"_s});
   EXPECT_TRUE(waitUntil([&] { return snapshot.playheadSeconds == 3; }));
   // Played: told no more often than sixty times a second.
   CountingObserver observer;
@@ -132,56 +122,54 @@ TEST(MpvHost, FollowsThePlayer) {
   timeline->addTimelineObserver(&observer);
   QElapsedTimer time;
   time.start();
-  session.player.command({QStringLiteral("set_property"), QStringLiteral("speed"), 10});
-  session.player.command({QStringLiteral("set_property"), QStringLiteral("pause"), false});
+  session.player.command({u"set_property"_s, u"speed"_s, 10});
+  session.player.command({u"set_property"_s, u"pause"_s, false});
   EXPECT_TRUE(waitUntil([&] { return snapshot.playheadSeconds > 5; }));
   EXPECT_LE(observer.all(), time.elapsed() / 16 + 1);
   timeline->removeTimelineObserver(&observer);
-  session.player.command({QStringLiteral("set_property"), QStringLiteral("pause"), true});
+  session.player.command({u"set_property"_s, u"pause"_s, true});
   // Another file, then none. A move that is under way then comes to its end.
   session.panel.adapter.moveToStart();
-  session.player.command({QStringLiteral("loadfile"), testClip(QStringLiteral("24000/1001"))});
+  session.player.command({u"loadfile"_s, testClip(u"24000/1001"_s)});
   EXPECT_TRUE(waitUntil([&] {
     return snapshot.frameDurationSeconds == 1001.0 / 24000 && snapshot.playheadSeconds == 0 &&
            snapshot.sequenceDurationSeconds == 10.01;
   }));
-  EXPECT_EQ(snapshot.sequenceName, QStringLiteral("24000-1001.mpegts"));
-  session.player.command({QStringLiteral("stop")});
+  EXPECT_EQ(snapshot.sequenceName, u"24000-1001.mpegts"_s);
+  session.player.command({u"stop"_s});
   EXPECT_TRUE(waitUntil([&] { return !snapshot.sequenceAvailable; }));
   EXPECT_TRUE(snapshot.connected);
-  EXPECT_EQ(snapshot.sequenceName, QStringLiteral("NO SEQUENCE"));
   EXPECT_TRUE(session.panel.notices.isEmpty());
 }
 
 TEST(MpvHost, GoesAndComesBack) {
-  Session session({testClip(QStringLiteral("25"))});
+  Session session({testClip(u"25"_s)});
   const HostSnapshot& snapshot = session.panel.snapshot;
-  for (int i = 0; i < 2; ++i) {
+  // Asked to leave, it takes its socket with it; killed, it leaves it behind.
+  for (const bool quits : {true, false, false}) {
     session.panel.adapter.movePlayhead(5);
-    session.player.kill();
+    if (quits)
+      session.player.command({u"quit"_s});
+    else
+      session.player.kill();
     ASSERT_TRUE(waitUntil([&] { return !snapshot.connected; }));
     EXPECT_EQ(session.runtime.hostSingleton(), nullptr);
+    session.player.kill();
     session.player.start();
     ASSERT_TRUE(session.panel.ready());
     EXPECT_EQ(snapshot.playheadSeconds, 0);
   }
-  // Asked to leave, it takes its socket with it.
-  session.player.command({QStringLiteral("quit")});
-  ASSERT_TRUE(waitUntil([&] { return !snapshot.connected; }));
-  session.player.kill();
-  session.player.start();
-  EXPECT_TRUE(session.panel.ready());
 }
 
 TEST(MpvHost, IsFoundWhenItsFolderAppears) {
   MpvPlayer player;
   const QTemporaryDir root;
-  const QString folder = root.filePath(QStringLiteral("a/b"));
-  MpvHostRuntime runtime(folder + QStringLiteral("/s"));
+  const QString folder = root.filePath(u"a/b"_s);
+  MpvHostRuntime runtime(folder + u"/s"_s);
   QCoreApplication::processEvents();
   ASSERT_TRUE(QDir().mkpath(folder));
   QCoreApplication::processEvents();
-  ASSERT_TRUE(QFile::link(player.socketPath(), folder + QStringLiteral("/s")));
+  ASSERT_TRUE(QFile::link(player.socketPath(), folder + u"/s"_s));
   EXPECT_TRUE(waitUntil([&] { return runtime.hostSingleton() != nullptr; }));
   EXPECT_FALSE(runtime.hostSingleton()->timeline()->activeSequence());
 }
@@ -189,20 +177,18 @@ TEST(MpvHost, IsFoundWhenItsFolderAppears) {
 // The second half of a stream: it begins at 4.8 s or so of its own times.
 TEST(MpvHost, CountsFromTheBeginningOrFromTheStreamsOwnTimes) {
   const QTemporaryDir folder;
-  const QString path = folder.filePath(QString(QChar(0x15F)) + QStringLiteral("late.ts"));
-  QFile whole(testClip(QStringLiteral("25")));
-  QFile half(path);
+  QFile whole(testClip(u"25"_s));
+  QFile half(folder.filePath(u"\u015Flate.ts"_s));
   ASSERT_TRUE(whole.open(QIODevice::ReadOnly) && half.open(QIODevice::WriteOnly));
   constexpr qint64 kPacket = 188;
   ASSERT_TRUE(whole.seek(whole.size() / kPacket / 2 * kPacket));
   half.write(whole.readAll());
   half.close();
   for (const bool rebase : {true, false}) {
-    Session session({rebase ? QStringLiteral("--rebase-start-time=yes")
-                            : QStringLiteral("--rebase-start-time=no"),
-                     path});
+    Session session(
+        {rebase ? u"--rebase-start-time=yes"_s : u"--rebase-start-time=no"_s, half.fileName()});
     const HostSnapshot& snapshot = session.panel.snapshot;
-    const double origin = session.player.property(QStringLiteral("demuxer-start-time")).toDouble();
+    const double origin = session.player.property(u"demuxer-start-time"_s).toDouble();
     ASSERT_GT(origin, 1);
     const double start = rebase ? 0 : origin;
     EXPECT_NEAR(snapshot.sequenceStartSeconds, start, 1e-6);
@@ -217,38 +203,7 @@ TEST(MpvHost, CountsFromTheBeginningOrFromTheStreamsOwnTimes) {
     EXPECT_TRUE(shows(start + 1.2)) << session.position();
     session.panel.adapter.moveToEnd();
     EXPECT_TRUE(shows(start + snapshot.sequenceDurationSeconds - 0.04)) << session.position();
-    session.panel.adapter.moveToStart();
-    EXPECT_TRUE(shows(start)) << session.position();
   }
-}
-
-TEST(MpvHost, TheEndDoesNotCloseTheFile) {
-  const FrameRate rate{25, 1};
-  Session session({QStringLiteral("--keep-open=no"), testClip(QStringLiteral("25"))});
-  session.panel.adapter.moveToEnd();
-  EXPECT_TRUE(session.lands(rate, 249));
-  session.panel.adapter.moveByFrames(1);
-  session.panel.adapter.moveByFrames(-1);
-  EXPECT_TRUE(session.lands(rate, 248));
-}
-
-TEST(MpvHost, TakesNamesThatAreNotUtf8) {
-  const QTemporaryDir folder;
-  const QByteArray path = QFile::encodeName(folder.path()) + "/bad\xff.ts";
-  ASSERT_EQ(
-      ::symlink(QFile::encodeName(testClip(QStringLiteral("25"))).constData(), path.constData()),
-      0);
-  // A list of names, because the process's arguments are texts here.
-  QFile list(folder.filePath(QStringLiteral("list.m3u")));
-  ASSERT_TRUE(list.open(QIODevice::WriteOnly));
-  list.write(path + '\n');
-  list.close();
-  {
-    Session session({QStringLiteral("--playlist=") + list.fileName()});
-    EXPECT_EQ(session.panel.snapshot.sequenceName, QStringLiteral("bad\uFFFD.ts"));
-  }
-  // The folder's own cleaning cannot name it either.
-  EXPECT_EQ(::unlink(path.constData()), 0);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include "platform/hosts/FrameRate.h"
 #include "platform/hosts/TimelineObservers.h"
-#include "platform_hosts/Panel.h"
+#include "support/Panel.h"
 
 #include <gmock/gmock.h>
 #include <limits>
@@ -15,19 +15,14 @@ TEST(FrameRate, FromContainer) {
     std::optional<FrameRate> rate;
   } cases[] = {
       {23.976025, FrameRate{24000, 1001}},
-      {23.976, FrameRate{24000, 1001}},
       {23.98, FrameRate{24000, 1001}},
       {24, FrameRate{24, 1}},
       {25.000001, FrameRate{25, 1}},
       {29.97003, FrameRate{30000, 1001}},
-      {30, FrameRate{30, 1}},
       {59.940060, FrameRate{60000, 1001}},
       {119.88, FrameRate{120000, 1001}},
-      {240, FrameRate{240, 1}},
-      {1, FrameRate{1, 1}},
       // No standard rate, but a rate.
       {12.5, FrameRate{12500, 1000}},
-      {0.25, FrameRate{250, 1000}},
       // No rate of a video.
       {0, std::nullopt},
       {-25, std::nullopt},
@@ -36,22 +31,8 @@ TEST(FrameRate, FromContainer) {
       {std::numeric_limits<double>::quiet_NaN(), std::nullopt},
   };
   for (const auto& c : cases) {
-    const auto rate = FrameRate::fromContainer(c.container);
-    EXPECT_TRUE(rate == c.rate) << c.container << " became "
-                                << (rate ? rate->text().toStdString() : "nothing");
+    EXPECT_TRUE(FrameRate::fromContainer(c.container) == c.rate) << c.container;
   }
-}
-
-TEST(FrameRate, FramesAndTimes) {
-  const FrameRate rate{24000, 1001};
-  EXPECT_EQ(rate.frameDuration(), MediaTime(1001, 24000));
-  // Times in units of 1/600 s still say which frame is meant.
-  for (std::int64_t frame = 0; frame < 100'000; frame += 7) {
-    const MediaTime time = MediaTime::fromSeconds(rate.timeOfFrame(frame).seconds(), 600);
-    ASSERT_EQ(rate.frameNearest(time.seconds()), frame);
-  }
-  EXPECT_EQ(rate.frameNearest(-1), -24);
-  EXPECT_EQ(rate.frameNearest(std::numeric_limits<double>::infinity()), rate.frameNearest(1e9));
 }
 
 TEST(TimelineObservers, TellTheStrongestFirst) {
@@ -78,26 +59,22 @@ TEST(TimelineObservers, TellTheStrongestFirst) {
 }
 
 TEST(TimelineObservers, MayLeaveWhileTold) {
-  class Leaving final : public FCPXTimelineObserver {
-   public:
-    Leaving(TimelineObservers& observers, CountingObserver& other)
-        : observers_(observers), other_(other) {}
+  struct Leaving final : FCPXTimelineObserver {
     void activeSequenceChanged() override {}
+    void sequenceTimeRangeChanged() override {}
     void playheadTimeChanged() override {
       ++told;
-      observers_.remove(this);
-      observers_.remove(&other_);
+      leave();
     }
-    void sequenceTimeRangeChanged() override {}
     int told = 0;
-
-   private:
-    TimelineObservers& observers_;
-    CountingObserver& other_;
-  };
+    std::function<void()> leave;
+  } leaving;
   TimelineObservers observers;
   CountingObserver after;
-  Leaving leaving(observers, after);
+  leaving.leave = [&] {
+    observers.remove(&leaving);
+    observers.remove(&after);
+  };
   observers.add(&leaving);
   observers.add(&after);
   observers.changed(TimelineObservers::Playhead);

@@ -1,92 +1,73 @@
 // The panel as a process: what a person, a script or the companion meets.
-#include <QElapsedTimer>
-#include <QFile>
+#include "runtime/PanelOptions.h"
+#include "support/Program.h"
+
 #include <QImage>
-#include <QProcess>
 #include <QTemporaryDir>
 
-#include <gmock/gmock.h>
+using namespace orvex;
+using namespace Qt::StringLiterals;
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kPrograms = QStringLiteral(PROGRAMS);
-
-class Panel : public testing::Test {
+class PanelProcess : public testing::Test {
  protected:
-  struct Result {
-    int exitCode;
-    QString output;
-    QString errors;
-  };
-
-  // A process on a home of its own, without a display.
-  void prepare(QProcess& process) const {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const char* folder : {"DATA", "CONFIG", "CACHE", "STATE"})
-      environment.insert(QStringLiteral("XDG_%1_HOME").arg(QLatin1String(folder)),
-                         home_.filePath(QLatin1String(folder)));
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    environment.insert(QStringLiteral("QT_QUICK_BACKEND"), QStringLiteral("software"));
-    environment.insert(QStringLiteral("ORVEX_HOST"), QStringLiteral("builtin"));
-    process.setProcessEnvironment(environment);
+  // Without a display.
+  PanelProcess() {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QUICK_BACKEND", "software");
+    qputenv("ORVEX_HOST", "builtin");
   }
 
-  Result run(const QString& program, const QStringList& arguments) const {
-    QProcess process;
-    prepare(process);
-    process.start(kPrograms + u'/' + program, arguments);
-    EXPECT_TRUE(process.waitForFinished(60000)) << qPrintable(program);
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
+  [[nodiscard]] static ProgramResult run(const QString& program, const QStringList& arguments) {
+    return runProgram(QStringLiteral(PROGRAMS) + u'/' + program, arguments);
   }
-
-  QTemporaryDir home_;
 };
 
-TEST_F(Panel, AnswersWithoutADisplay) {
-  const Result version = run(QStringLiteral("orvex-panel"), {QStringLiteral("--version")});
-  EXPECT_EQ(version.exitCode, 0);
-  EXPECT_EQ(version.output, u"orvex-panel " PROJECT_VERSION "\n");
-  EXPECT_EQ(run(QStringLiteral("orvex-panel"), {QStringLiteral("--help")}).exitCode, 0);
-  const Result wrong =
-      run(QStringLiteral("orvex-panel"), {QStringLiteral("--page"), QStringLiteral("x")});
-  EXPECT_EQ(wrong.exitCode, 2);
-  EXPECT_TRUE(wrong.errors.contains(u"timeline")) << qPrintable(wrong.errors);
-}
-
-TEST_F(Panel, SavesAPageOfTheSizeAskedFor) {
-  const QString file = home_.filePath(QStringLiteral("page.png"));
-  const QStringList arguments{QStringLiteral("--page"), QStringLiteral("timeline"),
-                              QStringLiteral("--size"), QStringLiteral("700x500"),
-                              QStringLiteral("--screenshot")};
-  const Result saved = run(QStringLiteral("orvex-panel"), arguments + QStringList{file});
-  EXPECT_EQ(saved.exitCode, 0) << qPrintable(saved.errors);
+TEST_F(PanelProcess, SavesAPageOfTheSizeAskedFor) {
+  EXPECT_EQ(run(u"orvex-panel"_s, {u"--size"_s, u"x"_s}).exitCode, 2);
+  EXPECT_EQ(run(u"orvex-panel"_s, {u"--version"_s}).output, u"orvex-panel " PROJECT_VERSION "\n"_s);
+  const QTemporaryDir folder;
+  const QString file = folder.filePath(u"page.png"_s);
+  QStringList arguments{u"--page"_s,  u"timeline"_s,     u"--size"_s,
+                        u"700x500"_s, u"--screenshot"_s, file};
+  const ProgramResult saved = run(u"orvex-panel"_s, arguments);
+  EXPECT_EQ(saved.exitCode, 0) << saved.errors;
   EXPECT_EQ(QImage(file).size(), QSize(700, 500));
-  const Result failed = run(QStringLiteral("orvex-panel"),
-                            arguments + QStringList{QStringLiteral("/nonexistent/a.png")});
+  arguments.last() = u"/nonexistent/a.png"_s;
+  const ProgramResult failed = run(u"orvex-panel"_s, arguments);
   EXPECT_EQ(failed.exitCode, 1);
-  EXPECT_TRUE(failed.errors.contains(u"/nonexistent/a.png"));
+  EXPECT_TRUE(failed.errors.contains(u"/nonexistent/a.png")) << failed.errors;
 }
 
-TEST_F(Panel, TheCompanionReachesTheHostOfARunningPanel) {
+TEST(PanelOptions, AreCheckedAsTheVariableIs) {
+  const auto parse = [](const QString& line, const QString& variable = {}) {
+    return PanelOptions::parse((u"orvex-panel "_s + line).split(u' ', Qt::SkipEmptyParts),
+                               variable);
+  };
+  EXPECT_EQ(parse({}, u"mpv:/tmp/s"_s)->host.socketPath, u"/tmp/s");
+  EXPECT_EQ(parse(u"--host none"_s, u"mpv:/tmp/s"_s)->host.kind, HostChoice::Kind::None);
+  EXPECT_FALSE(parse({}, u"vlc"_s));
+  for (const QString& line :
+       {u"--page Home"_s, u"--page"_s, u"--size 1040"_s, u"--size 319x780"_s, u"--size 1040x"_s,
+        u"--size 99999x780"_s, u"--size -5x780"_s, u"--host vlc"_s, u"--nonsense"_s, u"file.mov"_s})
+    EXPECT_FALSE(parse(line)) << line;
+}
+
+TEST_F(PanelProcess, TheCompanionReachesTheHostOfARunningPanel) {
   QProcess panel;
-  prepare(panel);
-  panel.start(kPrograms + QStringLiteral("/orvex-panel"), {});
-  const QStringList blade{QStringLiteral("vantrelo-finalcut://timeline-action?action=blade-speed")};
-  QElapsedTimer timer;
-  timer.start();
-  Result result{-1, {}, {}};
-  while (result.exitCode != 0 && timer.elapsed() < 20000)
-    result = run(QStringLiteral("orvex-companion"), blade);
-  EXPECT_EQ(result.exitCode, 0) << qPrintable(result.errors);
-  EXPECT_EQ(
-      run(QStringLiteral("orvex-companion"), {QStringLiteral("vantrelo-finalcut://focus-panel")})
-          .exitCode,
-      0);
+  panel.start(QStringLiteral(PROGRAMS "/orvex-panel"), QStringList());
+  const auto companion = [](const QString& request) {
+    return run(u"orvex-companion"_s, {u"vantrelo-finalcut://"_s + request}).exitCode;
+  };
+  const QString blade = u"timeline-action?action=blade-speed"_s;
+  EXPECT_TRUE(waitUntil([&] { return companion(blade) == 0; }, std::chrono::seconds(20)));
+  EXPECT_EQ(companion(u"focus-panel"_s), 0);
   panel.terminate();
-  EXPECT_TRUE(panel.waitForFinished(20000));
-  EXPECT_EQ(run(QStringLiteral("orvex-companion"), blade).exitCode, 1) << "no panel any more";
+  EXPECT_TRUE(panel.waitForFinished());
+  EXPECT_EQ(companion(blade), 1) << "no panel any more";
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "base/Bundle.h"
 #include "shell/OrvexConfig.h"
-#include "shell/OrvexPage.h"
-#include "shell/OrvexToast.h"
 
 #include <QDir>
 #include <QFile>
@@ -11,47 +9,28 @@
 #include <sys/stat.h>
 
 using namespace orvex;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 // A bundle whose information list holds `entry`, an XML fragment of a dictionary.
 QString versionWith(const QByteArray& entry) {
   QTemporaryDir folder;
-  QDir().mkpath(folder.filePath(QStringLiteral("Contents")));
-  QFile file(folder.filePath(QStringLiteral("Contents/Info.plist")));
+  QDir().mkpath(folder.filePath(u"Contents"_s));
+  QFile file(folder.filePath(u"Contents/Info.plist"_s));
   EXPECT_TRUE(file.open(QIODevice::WriteOnly));
   file.write("<?xml version=\"1.0\"?><plist version=\"1.0\"><dict>" + entry + "</dict></plist>");
   file.close();
   return OrvexConfig::version(Bundle(folder.path()));
 }
 
-TEST(Page, RawValuesAreExactAndInNavigationOrder) {
-  QStringList ids;
-  for (const OrvexPage page : OrvexPage::allCases()) {
-    ids.append(page.id());
-    EXPECT_EQ(OrvexPage::fromRawValue(page.rawValue()), page);
-    EXPECT_FALSE(page.title().isEmpty());
-    EXPECT_FALSE(page.icon().isEmpty());
-  }
-  EXPECT_EQ(ids.join(u' '), u"home timeline speed motion audio color fxplug updates request");
-  EXPECT_EQ(OrvexPage(OrvexPage::request).title(), u"İstek Merkezi");
-  for (const char16_t* other : {u"Home", u"", u" home", u"homes", u"İstek Merkezi"})
-    EXPECT_FALSE(OrvexPage::fromRawValue(other)) << qPrintable(QString::fromUtf16(other));
-}
-
-TEST(Toast, TheKindIsPartOfTheValue) {
-  const OrvexToast error{QStringLiteral("x"), OrvexToast::Kind::error};
-  EXPECT_NE(error, (OrvexToast{QStringLiteral("x"), OrvexToast::Kind::info}));
-  EXPECT_EQ(error, (OrvexToast{QStringLiteral("x"), OrvexToast::Kind::error}));
-}
-
 TEST(Config, VersionIsTextOfTheBundleOrTheBuildsOwn) {
-  const QString own = QStringLiteral("0.3.13");
+  const QString own = u"0.3.13"_s;
   const struct {
     QByteArray entry;
     QString version;
   } rows[] = {
-      {"<key>CFBundleShortVersionString</key><string>1.4</string>", QStringLiteral("1.4")},
+      {"<key>CFBundleShortVersionString</key><string>1.4</string>", u"1.4"_s},
       {"<key>CFBundleShortVersionString</key><string></string>", QString()},
       {"<key>CFBundleShortVersionString</key><real>2.5</real>", own},
       {"<key>CFBundleShortVersionString</key><integer>3</integer>", own},
@@ -66,14 +45,12 @@ TEST(Config, VersionIsTextOfTheBundleOrTheBuildsOwn) {
   };
   for (const auto& row : rows)
     EXPECT_EQ(versionWith(row.entry), row.version) << row.entry.left(80).constData();
-  EXPECT_EQ(OrvexConfig::version(Bundle(QStringLiteral("/nonexistent"))), own);
-}
-
-TEST(Config, AnInformationListThatIsNoFileDoesNotBlock) {
+  EXPECT_EQ(OrvexConfig::version(Bundle(u"/nonexistent"_s)), own);
+  // A list that is no file does not block.
   const QTemporaryDir folder;
-  QDir().mkpath(folder.filePath(QStringLiteral("Contents")));
-  ASSERT_EQ(mkfifo(qPrintable(folder.filePath(QStringLiteral("Contents/Info.plist"))), 0600), 0);
-  EXPECT_EQ(OrvexConfig::version(Bundle(folder.path())), u"0.3.13");
+  QDir().mkpath(folder.filePath(u"Contents"_s));
+  ASSERT_EQ(mkfifo(qPrintable(folder.filePath(u"Contents/Info.plist"_s)), 0600), 0);
+  EXPECT_EQ(OrvexConfig::version(Bundle(folder.path())), own);
 }
 
 TEST(Config, EndpointsFollowTheServiceAndRefuseWhatIsNotOne) {
@@ -93,7 +70,7 @@ TEST(Config, EndpointsFollowTheServiceAndRefuseWhatIsNotOne) {
   EXPECT_TRUE(OrvexConfig::useService(QString()));
   EXPECT_EQ(OrvexConfig::requestCenterURL(), before);
 
-  EXPECT_TRUE(OrvexConfig::useService(QStringLiteral("https://localhost:8443/base//")));
+  EXPECT_TRUE(OrvexConfig::useService(u"https://localhost:8443/base//"_s));
   EXPECT_EQ(OrvexConfig::packsManifestURL().toString(),
             u"https://localhost:8443/base/downloads/orvex/packs/manifest.json");
 }

@@ -10,10 +10,12 @@
 
 #include <QUrl>
 
-#include <gmock/gmock.h>
+#include <cmath>
+#include <gtest/gtest.h>
 #include <limits>
 
 using namespace orvex;
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
@@ -21,9 +23,9 @@ namespace {
 // A host without a timeline: enough to see whether the panel connected.
 class BareHost final : public FCPXHost {
  public:
-  QString name() const override { return QStringLiteral("Bare"); }
-  QString versionString() const override { return QStringLiteral("1"); }
-  QString bundleIdentifier() const override { return QStringLiteral("bare"); }
+  QString name() const override { return u"Bare"_s; }
+  QString versionString() const override { return u"1"_s; }
+  QString bundleIdentifier() const override { return u"bare"_s; }
   FCPXTimeline* timeline() override { return nullptr; }
 };
 
@@ -70,7 +72,7 @@ class World final : public HostRuntime,
     return std::make_unique<View>();
   }
   bool isInWindow() const override { return inWindow; }
-  QString windowDescription() const override { return QStringLiteral("window"); }
+  QString windowDescription() const override { return u"window"_s; }
   QSizeF viewSize() const override { return {1040, 780}; }
 
   std::shared_ptr<FCPXHost> host = std::make_shared<BareHost>();
@@ -108,40 +110,37 @@ TEST_F(Controller, LoadsItsViewAndListensForSizes) {
   EXPECT_EQ(world.preferred, QSizeF(1040, 780));
   EXPECT_EQ(world.background.blue, 0.023);
   EXPECT_EQ(world.subscribedTo, u"com.vantrelo.orvex.finalcut.panel-size");
-  EXPECT_EQ(world.lines,
-            (QStringList{QStringLiteral("[Vantrelo Orvex] loadView size={1040, 780}"),
-                         QStringLiteral("[Vantrelo Orvex] stable architecture ready")}));
+  EXPECT_EQ(world.lines, (QStringList{u"[Vantrelo Orvex] loadView size={1040, 780}"_s,
+                                      u"[Vantrelo Orvex] stable architecture ready"_s}));
   EXPECT_EQ(world.hostsAsked, 0);
   EXPECT_TRUE(world.opened.isEmpty());
 }
 
 TEST_F(Controller, TakesOnlyFiniteFloatingPointSizesFrom320) {
-  const QString width = QStringLiteral("width");
-  const QString height = QStringLiteral("height");
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
   const struct {
-    QVariantMap userInfo;
-    double width;
-    double height;
+    QVariant width;
+    QVariant height;
+    QSizeF size;
   } rows[] = {
-      {{{width, 700.5}, {height, 600.0}}, 700.5, 600},
-      {{{width, 319.9}, {height, 900.0}}, 1040, 900},
-      {{{width, 320.0}}, 320, 780},
-      {{{width, QStringLiteral("1200")}}, 1040, 780},
-      {{{width, 1200}, {height, true}}, 1040, 780},
-      {{{width, 700.0F}}, 1040, 780},
-      {{{width, std::numeric_limits<double>::quiet_NaN()},
-        {height, std::numeric_limits<double>::infinity()}},
-       1040,
-       780},
-      {{{width, -700.0}}, 1040, 780},
-      {{{QStringLiteral("Width"), 700.0}}, 1040, 780},
-      {{}, 1040, 780},
+      {700.5, 600.0, {700.5, 600}},
+      {319.9, 900.0, {1040, 900}},
+      {320.0, {}, {320, 780}},
+      {u"1200"_s, {}, {1040, 780}},
+      {1200, true, {1040, 780}},
+      {700.0F, {}, {1040, 780}},
+      {std::nan(""), kInfinity, {1040, 780}},
+      {-700.0, {}, {1040, 780}},
+      {{}, {}, {1040, 780}},
   };
   for (const auto& row : rows) {
     const auto controller = make();
-    world.handler(row.userInfo);
-    EXPECT_EQ(controller->orvexState().panelWidth(), row.width);
-    EXPECT_EQ(controller->orvexState().panelHeight(), row.height);
+    QVariantMap userInfo{{u"Width"_s, 500.0}};
+    if (row.width.isValid()) userInfo.insert(u"width"_s, row.width);
+    if (row.height.isValid()) userInfo.insert(u"height"_s, row.height);
+    world.handler(userInfo);
+    const OrvexState& state = controller->orvexState();
+    EXPECT_EQ(QSizeF(state.panelWidth(), state.panelHeight()), row.size);
   }
   EXPECT_FALSE(world.handler) << "a destroyed controller is still subscribed";
 }
@@ -154,27 +153,22 @@ TEST_F(Controller, AsksForFocusThenConnectsAndListsAudioUnits) {
   ASSERT_TRUE(waitUntil([&] { return !world.opened.isEmpty(); }));
   EXPECT_EQ(world.hostsAsked, 0) << "focus is asked for before the host is connected";
   ASSERT_TRUE(waitUntil([&] { return world.hostsAsked > 0; }));
-  EXPECT_EQ(world.opened, QStringList{QStringLiteral("vantrelo-finalcut://focus-panel")});
+  EXPECT_EQ(world.opened, QStringList{u"vantrelo-finalcut://focus-panel"_s});
   EXPECT_EQ(controller->orvexState().host().hostName, u"Bare");
   EXPECT_TRUE(waitUntil([&] { return controller->audioRegistry().lastRefresh() > before; }));
 }
 
-TEST_F(Controller, ClosedBeforeItConnectsItDoesNot) {
-  const auto controller = make();
-  const QDateTime before = controller->audioRegistry().lastRefresh();
-  controller->viewDidAppear();
+TEST_F(Controller, ClosedOrDestroyedBeforeItConnectsItDoesNot) {
+  const auto closed = make();
+  const QDateTime before = closed->audioRegistry().lastRefresh();
+  closed->viewDidAppear();
   world.inWindow = false;
-  controller->viewWillDisappear();
+  closed->viewWillDisappear();
+  auto destroyed = make();
+  destroyed->viewDidAppear();
+  destroyed.reset();
   EXPECT_FALSE(waitUntil([&] { return world.hostsAsked > 0; }, 750ms));
-  EXPECT_EQ(controller->audioRegistry().lastRefresh(), before);
-}
-
-TEST_F(Controller, DestroyedBeforeItsDelaysEndItDoesNothing) {
-  auto controller = make();
-  controller->viewDidAppear();
-  controller.reset();
-  EXPECT_FALSE(waitUntil([&] { return world.hostsAsked > 0; }, 750ms));
-  EXPECT_TRUE(world.opened.isEmpty());
+  EXPECT_EQ(closed->audioRegistry().lastRefresh(), before);
 }
 
 TEST_F(Controller, FollowsAHostThatGoesAndComesBackWhileItIsShown) {

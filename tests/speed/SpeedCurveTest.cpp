@@ -10,6 +10,7 @@
 #include <limits>
 
 using namespace orvex;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -35,36 +36,21 @@ TEST(SpeedCurve, CoordinatesAreClampedOneByOne) {
 }
 
 TEST(SpeedCurve, ReadsItsTextFormAndRefusesWhatIsNotOne) {
-  const struct {
-    const char16_t* text;
-    SpeedCurve curve;
-  } good[] = {
-      {u"cubic-bezier(0.1, 0.72, 0.28, 1.0)", {0.1, 0.72, 0.28, 1}},
-      {u"  Cubic-Bezier( .5,0 ,\t1e-1, 1 ) ; ", {0.5, 0, 0.1, 1}},
-      {u"cubic-bezier(-2, 0.5, 1.7, 9)", {0, 0.5, 1, 1}},
+  const std::pair<QString, SpeedCurve> good[] = {
+      {u"cubic-bezier(0.1, 0.72, 0.28, 1.0)"_s, {0.1, 0.72, 0.28, 1}},
+      {u"  Cubic-Bezier( .5,0 ,\t1e-1, 1 ) ; "_s, {0.5, 0, 0.1, 1}},
+      {u"cubic-bezier(-2, 0.5, 1.7, 9)"_s, {0, 0.5, 1, 1}},
   };
-  for (const auto& row : good)
-    EXPECT_EQ(SpeedCurve::fromBezierCode(QString::fromUtf16(row.text)), row.curve);
-  for (const char16_t* bad :
-       {u"", u"cubic-bezier", u"cubic-bezier()", u"cubic-bezier(1,2,3)", u"cubic-bezier(1,2,3,4,5)",
-        u"cubic-bezier(0,2 0,2 0,8 0,8)", u"cubic-bezier(a, 0, 0, 0)", u"cubic-bezier(nan,0,0,0)",
-        u"cubic-bezier(inf,0,0,0)", u"cubic-bezier(0, 0, 1, 1) x", u"ease-in",
-        u"0.2,0.2,0.8,0.8"}) {
-    const auto read = SpeedCurve::fromBezierCode(QString::fromUtf16(bad));
-    ASSERT_FALSE(read) << qPrintable(QString::fromUtf16(bad));
+  for (const auto& [text, curve] : good) EXPECT_EQ(SpeedCurve::fromBezierCode(text), curve);
+  for (const QString& bad :
+       {u""_s, u"cubic-bezier"_s, u"cubic-bezier()"_s, u"cubic-bezier(1,2,3)"_s,
+        u"cubic-bezier(1,2,3,4,5)"_s, u"cubic-bezier(0,2 0,2 0,8 0,8)"_s,
+        u"cubic-bezier(a, 0, 0, 0)"_s, u"cubic-bezier(nan,0,0,0)"_s, u"cubic-bezier(inf,0,0,0)"_s,
+        u"cubic-bezier(0, 0, 1, 1) x"_s, u"ease-in"_s, u"0.2,0.2,0.8,0.8"_s}) {
+    const auto read = SpeedCurve::fromBezierCode(bad);
+    ASSERT_FALSE(read) << bad;
     EXPECT_TRUE(read.error().contains(u"cubic-bezier(0.20"));
   }
-}
-
-TEST(SpeedCurve, RunsFromCornerToCorner) {
-  for (const SpeedCurvePreset& preset : SpeedCurvePreset::all()) {
-    EXPECT_EQ(preset.points.pointAt(0).x + preset.points.pointAt(0).y, 0);
-    EXPECT_NEAR(preset.points.pointAt(1).x, 1, 1e-12);
-    EXPECT_NEAR(preset.points.pointAt(1).y, 1, 1e-12);
-  }
-  const auto middle = SpeedCurve(0.65, 0, 0.18, 1).pointAt(0.5);
-  EXPECT_NEAR(middle.x, 0.375 * (0.65 + 0.18) + 0.125, 1e-12);
-  EXPECT_NEAR(middle.y, 0.5, 1e-12);
 }
 
 TEST(SpeedCurve, SpeedRangeIsThatOfTheSlopeMeasuredAlongTheCurve) {
@@ -103,11 +89,11 @@ TEST(SpeedCurve, StandingAndVerticalEndsHaveASpeed) {
 TEST(SpeedCurveEditing, PresetResetAndDragKeepTheHighlightAsTheyShould) {
   SpeedCurveEditing editing;
   EXPECT_EQ(editing.selectedPreset(), u"smooth");
-  editing.selectPreset(QStringLiteral("linear"));
+  editing.selectPreset(u"linear"_s);
   editing.moveControlPoint(0, 0.3, 0.4);
   EXPECT_EQ(editing.selectedPreset(), u"linear");
   EXPECT_EQ(editing.bezierCode(), u"cubic-bezier(0.30, 0.40, 1.00, 1.00)");
-  editing.selectPreset(QStringLiteral("nonsense"));
+  editing.selectPreset(u"nonsense"_s);
   EXPECT_EQ(editing.selectedPreset(), u"linear");
   editing.reset();
   EXPECT_EQ(editing.selectedPreset(), u"smooth");
@@ -117,20 +103,20 @@ TEST(SpeedCurveEditing, PresetResetAndDragKeepTheHighlightAsTheyShould) {
 TEST(SpeedCurveEditing, UndoAndRedoRetraceStepsAndADragIsOne) {
   SpeedCurveEditing editing;
   EXPECT_FALSE(editing.canUndo() || editing.canRedo());
-  editing.selectPreset(QStringLiteral("luxury"));
+  editing.selectPreset(u"luxury"_s);
   for (int i = 0; i < 10; ++i) editing.moveControlPoint(0, 0.1 * i, 0.5);
   editing.endGesture();
   editing.moveControlPoint(1, 0.9, 0.9);
   editing.endGesture();
-  EXPECT_TRUE(editing.paste(QStringLiteral("cubic-bezier(1, 1, 0, 0)")).isEmpty());
-  EXPECT_FALSE(editing.paste(QStringLiteral("nonsense")).isEmpty());
+  EXPECT_TRUE(editing.paste(u"cubic-bezier(1, 1, 0, 0)"_s).isEmpty());
+  EXPECT_FALSE(editing.paste(u"nonsense"_s).isEmpty());
   EXPECT_EQ(editing.speedCurve(), SpeedCurve(1, 1, 0, 0));
 
   const QString codes[] = {
-      QStringLiteral("cubic-bezier(0.90, 0.50, 0.90, 0.90)"),
-      QStringLiteral("cubic-bezier(0.90, 0.50, 0.18, 1.00)"),
-      QStringLiteral("cubic-bezier(0.65, 0.00, 0.18, 1.00)"),
-      QStringLiteral("cubic-bezier(0.20, 0.20, 0.80, 0.80)"),
+      u"cubic-bezier(0.90, 0.50, 0.90, 0.90)"_s,
+      u"cubic-bezier(0.90, 0.50, 0.18, 1.00)"_s,
+      u"cubic-bezier(0.65, 0.00, 0.18, 1.00)"_s,
+      u"cubic-bezier(0.20, 0.20, 0.80, 0.80)"_s,
   };
   for (const QString& code : codes) {
     editing.undo();

@@ -8,30 +8,10 @@
 #include <QJsonObject>
 #include <QThread>
 
-#include <array>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
-
 namespace orvex {
 namespace {
 
 const QStringList kQuiet{QStringLiteral("--no-config"), QStringLiteral("--really-quiet")};
-
-int connectTo(const QByteArray& path) {
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  qstrncpy(address.sun_path, path.constData(), sizeof address.sun_path);
-  const QDeadlineTimer deadline(10'000);
-  while (!deadline.hasExpired()) {
-    const int descriptor = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    if (::connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0)
-      return descriptor;
-    ::close(descriptor);
-    QThread::msleep(2);
-  }
-  qFatal("no player listens at %s", path.constData());
-}
 
 }  // namespace
 
@@ -54,34 +34,27 @@ void MpvPlayer::start() {
                 QStringLiteral("--pause"),    QStringLiteral("--input-ipc-server=") + socketPath()};
   process_.setProcessChannelMode(QProcess::ForwardedChannels);
   process_.start(QStringLiteral("mpv"), arguments + arguments_);
-  descriptor_ = connectTo(QFile::encodeName(socketPath()));
+  const QDeadlineTimer deadline(10'000);
+  do {
+    QThread::msleep(2);
+    socket_.connectToServer(socketPath());
+  } while (!socket_.waitForConnected() && !deadline.hasExpired());
 }
 
 void MpvPlayer::kill() {
   process_.kill();
   process_.waitForFinished();
-  ::close(std::exchange(descriptor_, -1));
-  received_.clear();
+  socket_.abort();
 }
 
 QJsonValue MpvPlayer::command(const QJsonArray& command, QString* error) {
-  const QByteArray message = QJsonDocument(QJsonObject{{QStringLiteral("command"), command},
-                                                       {QStringLiteral("request_id"), 1}})
-                                 .toJson(QJsonDocument::Compact) +
-                             '\n';
-  if (::send(descriptor_, message.constData(), static_cast<std::size_t>(message.size()),
-             MSG_NOSIGNAL) != message.size())
-    qFatal("the player takes no command");
+  const QJsonObject message{{QStringLiteral("command"), command},
+                            {QStringLiteral("request_id"), 1}};
+  socket_.write(QJsonDocument(message).toJson(QJsonDocument::Compact) + '\n');
   for (;;) {
-    qsizetype end = 0;
-    while ((end = received_.indexOf('\n')) < 0) {
-      std::array<char, 4096> chunk;
-      const ssize_t count = ::recv(descriptor_, chunk.data(), chunk.size(), 0);
-      if (count <= 0) qFatal("the player hung up");
-      received_.append(chunk.data(), count);
-    }
-    const QJsonObject reply = QJsonDocument::fromJson(received_.first(end)).object();
-    received_.remove(0, end + 1);
+    while (!socket_.canReadLine())
+      if (!socket_.waitForReadyRead()) qFatal("the player does not answer");
+    const QJsonObject reply = QJsonDocument::fromJson(socket_.readLine()).object();
     if (!reply.contains(u"request_id")) continue;
     if (error != nullptr) *error = reply.value(u"error").toString();
     return reply.value(u"data");

@@ -2,6 +2,7 @@
 
 #include <QJsonArray>
 #include <QJsonValue>
+#include <QLocalSocket>
 #include <QProcess>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -30,8 +31,7 @@ class MpvPlayer {
   QTemporaryDir folder_;
   QStringList arguments_;
   QProcess process_;
-  int descriptor_ = -1;
-  QByteArray received_;
+  QLocalSocket socket_;
 };
 
 /// A clip of ten seconds at `rate` ("24000/1001") in the container `format`, made once by the

@@ -24,16 +24,11 @@ TEST(DiscProfile, KeepsTheLightOfTheDisc) {
   EXPECT_NEAR(light / (kRadius * kRadius), 1, 0.01);
 }
 
-TEST(DiscProfile, FallsAndEndsInNothing) {
+TEST(DiscProfile, EndsInNothing) {
   for (const double radius : {1.0, 40.0, 700.0}) {
     const DiscProfile profile(radius, 95);
-    float last = profile.at(0);
     const auto reach = static_cast<float>(profile.reach());
-    for (float r = 0; r < reach; r += reach / 1000) {
-      EXPECT_LE(profile.at(r), last + 1e-6f);
-      last = profile.at(r);
-    }
-    EXPECT_LT(last, 0.0002f);
+    EXPECT_LT(profile.at(reach * 0.999f), 0.0002f);
     EXPECT_EQ(profile.at(reach), 0);
     EXPECT_EQ(profile.at(reach * 5), 0);
   }

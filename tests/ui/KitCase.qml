@@ -26,21 +26,27 @@ TestCase {
         return item;
     }
 
+    /// Counts the clicks of `item`.
+    function spyOn(item) {
+        return createTemporaryObject(spy, testCase, { target: item });
+    }
+
     /// The items below `item` that `wanted` is true for.
     function below(item, wanted) {
-        let found = [];
-        for (const child of Array.from(item.children)) {
-            if (wanted(child))
-                found.push(child);
-            found = found.concat(below(child, wanted));
-        }
-        return found;
+        return [].concat(...Array.from(item.children).map(child => (wanted(child) ? [child] : []).concat(below(child, wanted))));
     }
 
     /// The text item that shows `text`.
     function textItem(item, text) {
-        const found = below(item, child => child.text === text && child.visible);
-        return found.length > 0 ? found[0] : null;
+        return below(item, child => child.text === text && child.visible)[0] ?? null;
+    }
+
+    Component {
+        id: spy
+
+        SignalSpy {
+            signalName: "clicked"
+        }
     }
 
     Item {

@@ -1,17 +1,12 @@
 #include "engines/EngineHealth.h"
-#include "shell/OrvexState.h"
 #include "ui/OrvexSymbols.h"
 
 #include <QAccessible>
 #include <QFont>
-#include <QObject>
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QQmlExtensionPlugin>
-#include <QQuickItem>
-#include <QQuickWindow>
 #include <QRawFont>
-#include <QStringList>
 #include <QtQuickTest>
 
 Q_IMPORT_QML_PLUGIN(OrvexPlugin)
@@ -21,11 +16,8 @@ namespace {
 /// What the tests need and QML cannot reach.
 class Setup : public QObject {
   Q_OBJECT
-  Q_PROPERTY(orvex::OrvexState* state READ state CONSTANT)
 
  public:
-  [[nodiscard]] orvex::OrvexState* state() { return &state_; }
-
   /// Symbols that the icon font has no drawing for.
   Q_INVOKABLE QStringList undrawnSymbols() const {
     const QFont font(QStringLiteral("Material Icons"));
@@ -33,8 +25,7 @@ class Setup : public QObject {
     QStringList undrawn;
     for (const orvex::Glyph& glyph : orvex::symbolTable()) {
       if (raw.familyName() != font.family() || !raw.supportsCharacter(QChar(glyph.code)))
-        undrawn.append(
-            QString::fromUtf16(glyph.name.data(), static_cast<qsizetype>(glyph.name.size())));
+        undrawn.append(QStringView(glyph.name).toString());
     }
     return undrawn;
   }
@@ -58,22 +49,12 @@ class Setup : public QObject {
     return true;
   }
 
-  /// Whether the item takes part in the accessibility tree.
-  Q_INVOKABLE bool accessible(QObject* object) const {
-    const QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(object);
-    const QAccessibleInterface* parent = interface != nullptr ? interface->parent() : nullptr;
-    return parent != nullptr && parent->indexOfChild(interface) >= 0;
-  }
-
  public Q_SLOTS:
   void applicationAvailable() { QAccessible::setActive(true); }
   void qmlEngineAvailable(QQmlEngine* engine) {
     engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
     engine->rootContext()->setContextProperty(QStringLiteral("setup"), this);
   }
-
- private:
-  orvex::OrvexState state_;
 };
 
 }  // namespace

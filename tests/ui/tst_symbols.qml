@@ -8,30 +8,17 @@ KitCase {
     Component {
         id: symbol
 
-        OrvexSymbol {
-        }
+        OrvexSymbol {}
     }
 
     function test_theFontDrawsAllOfThem() {
         compare(setup.undrawnSymbols(), []);
-    }
-
-    function test_everyPageHasOne() {
-        compare(OrvexPages.all.length, 9);
-        for (const page of OrvexPages.all) {
-            const item = make(symbol, {
-                name: page.icon
-            });
-            verify(item.implicitWidth > 0);
-            verify(!setup.accessible(item));
-        }
+        for (const page of OrvexPages.all)
+            verify(make(symbol, { name: page.icon }).implicitWidth > 0);
     }
 
     function test_anUnknownNameIsSeen() {
         ignoreWarning(/no symbol is named "no.such.thing"/);
-        const item = make(symbol, {
-            name: "no.such.thing"
-        });
-        compare(item.text, "\ue8fd");
+        compare(make(symbol, { name: "no.such.thing" }).text, "\ue8fd");
     }
 }

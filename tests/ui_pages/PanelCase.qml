@@ -29,38 +29,23 @@ TestCase {
 
     // Makes the root view in an area of the size given, which is also the size asked for unless told
     // otherwise.
-    function make(width, height, panelWidth, panelHeight) {
-        objects.state.panelWidth = panelWidth === undefined ? width : panelWidth;
-        objects.state.panelHeight = panelHeight === undefined ? height : panelHeight;
-        panel = createTemporaryObject(panelComponent, testCase, {
-            width: width,
-            height: height,
-            state: objects.state,
-            motion: objects.motion,
-            audio: objects.audio,
-            luts: objects.luts,
-            fxplug: objects.fxplug,
-            hostAdapter: objects.hostAdapter
-        });
+    function make(width, height, panelWidth = width, panelHeight = height) {
+        objects.state.panelWidth = panelWidth;
+        objects.state.panelHeight = panelHeight;
+        panel = createTemporaryObject(panelComponent, testCase, { width: width, height: height });
         verify(panel !== null);
     }
 
     // The same, and laid out, so that it can be clicked.
-    function open(width, height) {
+    function open(width, height, page = "home") {
         make(width, height);
+        objects.state.activePage = OrvexPages.byId(page);
         waitForRendering(panel);
     }
 
     // The first item below `item` that `matches`, in drawing order; null when there is none.
     function findItem(item, matches) {
-        if (matches(item))
-            return item;
-        for (let i = 0; i < item.children.length; ++i) {
-            const found = findItem(item.children[i], matches);
-            if (found !== null)
-                return found;
-        }
-        return null;
+        return allItems(item, matches)[0] ?? null;
     }
 
     function named(item, objectName) {
@@ -79,12 +64,8 @@ TestCase {
         return findItem(panel, candidate => candidate.label === label && candidate.value !== undefined);
     }
 
-    function allItems(item, matches, found = []) {
-        if (matches(item))
-            found.push(item);
-        for (let i = 0; i < item.children.length; ++i)
-            allItems(item.children[i], matches, found);
-        return found;
+    function allItems(item, matches) {
+        return (matches(item) ? [item] : []).concat(...Array.from(item.children).map(child => allItems(child, matches)));
     }
 
     function page() {
@@ -100,6 +81,13 @@ TestCase {
     Component {
         id: panelComponent
 
-        OrvexRootView {}
+        OrvexRootView {
+            state: testCase.objects.state
+            motion: testCase.objects.motion
+            audio: testCase.objects.audio
+            luts: testCase.objects.luts
+            fxplug: testCase.objects.fxplug
+            hostAdapter: testCase.objects.hostAdapter
+        }
     }
 }

@@ -1,5 +1,6 @@
 #include "PanelObjects.h"
 
+#include <QLocale>
 #include <QQmlEngine>
 #include <QQmlExtensionPlugin>
 #include <QtQuickTest>
@@ -13,6 +14,8 @@ class Setup final : public QObject {
 
  public Q_SLOTS:
   void applicationAvailable() {
+    // Numbers are written the same in every language, also in one with decimal commas.
+    QLocale::setDefault(QLocale(QLocale::Turkish));
     qmlRegisterType<orvex::PanelObjects>("Orvex.Test", 1, 0, "PanelObjects");
   }
   void qmlEngineAvailable(QQmlEngine* engine) {

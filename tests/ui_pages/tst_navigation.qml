@@ -19,20 +19,7 @@ PanelCase {
         })
 
     function test_every_entry_shows_its_page_data() {
-        return [
-            {
-                tag: "wide",
-                width: 1040
-            },
-            {
-                tag: "compact",
-                width: 700
-            },
-            {
-                tag: "narrow",
-                width: 320
-            }
-        ];
+        return [1040, 700, 320].map(width => ({ tag: width, width: width }));
     }
     function test_every_entry_shows_its_page(data) {
         open(data.width, 780);
@@ -53,10 +40,14 @@ PanelCase {
     }
 
     function bringIntoView(button) {
-        const strip = named(panel, "strip");
         const way = OrvexPages.indexOf(button.page) - OrvexPages.indexOf(OrvexPages.byId(panel.compactNavFocus));
         for (let i = 0; i < Math.abs(way); ++i)
             mouseClick(arrow(way < 0 ? "backward" : "forward"));
+        verifyInView(button);
+    }
+
+    function verifyInView(button) {
+        const strip = named(panel, "strip");
         const x = button.mapToItem(strip, 0, 0).x;
         verify(x >= 0 && x + button.width <= strip.width, button.page.id);
     }
@@ -84,61 +75,29 @@ PanelCase {
     }
 
     function test_strip_centres_the_active_page() {
-        open(360, 640);
-        const strip = named(panel, "strip");
-        objects.state.activePage = OrvexPages.byId("audio");
+        open(360, 640, "audio");
         const button = named(panel, "navigation audio");
-        const middle = button.mapToItem(strip, button.width / 2, 0).x;
-        verify(Math.abs(middle - strip.width / 2) < 1, middle);
+        const strip = named(panel, "strip");
+        fuzzyCompare(button.mapToItem(strip, button.width / 2, 0).x, strip.width / 2, 1);
     }
 
-    function test_layout_follows_the_panel_width_data() {
-        const rows = [
-            [1040, 979, 979, true],
-            [1040, 980, 980, false],
-            [1040, 0, 1040, false],
-            [1040, 319, 1040, false],
-            [1040, 320, 320, true],
-            [700, 1040, 700, true],
-            [1040, NaN, 1040, false],
-            [1040, Infinity, 1040, false],
-            [1040, -5, 1040, false]
-        ];
-        return rows.map(row => ({
-                    tag: row[0] + " offered, " + row[1] + " asked for",
-                    offered: row[0],
-                    asked: row[1],
-                    width: row[2],
-                    compact: row[3]
-                }));
+    function test_layout_follows_the_size_asked_for_data() {
+        // What is offered and asked for, what becomes of it, whether it is compact, where it begins.
+        const widths = [[1040, 979, 979, true], [1040, 980, 980, false], [1040, 0, 1040, false], [1040, 319, 1040, false], [1040, 320, 320, true], [700, 1040, 700, true], [1040, NaN, 1040, false], [1040, Infinity, 1040, false], [1040, -5, 1040, false]];
+        const heights = [[780, 780, 780, 0], [780, 500, 500, 280], [780, 779, 779, 0], [780, 778.5, 778.5, 1.5], [780, 319, 780, 0], [780, 0, 780, 0], [400, 780, 400, 0]];
+        return widths.map(row => ({ tag: "width " + row, width: row, height: heights[0] })).concat(heights.map(row => ({ tag: "height " + row, width: widths[1], height: row })));
     }
-    function test_layout_follows_the_panel_width(data) {
-        make(data.offered, 780, data.asked, 780);
-        compare(named(panel, "panel").width, data.width);
-        compare(panel.compact, data.compact);
-        compare(named(panel, "sidebar") === null, data.compact);
-        compare(named(panel, "compactNavigation") === null, !data.compact);
-    }
-
-    function test_low_panel_hugs_the_bottom_data() {
-        const rows = [[780, 780, 0, 780], [780, 500, 280, 500], [780, 779, 0, 779], [780, 778.5, 1.5, 778.5], [780, 319, 0, 780], [780, 0, 0, 780], [400, 780, 0, 400]];
-        return rows.map(row => ({
-                    tag: row[0] + " offered, " + row[1] + " asked for",
-                    offered: row[0],
-                    asked: row[1],
-                    y: row[2],
-                    height: row[3]
-                }));
-    }
-    function test_low_panel_hugs_the_bottom(data) {
-        make(1040, data.offered, 1040, data.asked);
-        compare(named(panel, "panel").y, data.y);
-        compare(named(panel, "panel").height, data.height);
+    function test_layout_follows_the_size_asked_for(data) {
+        make(data.width[0], data.height[0], data.width[1], data.height[1]);
+        const shown = named(panel, "panel");
+        compare([shown.width, panel.compact], data.width.slice(2));
+        compare([shown.height, shown.y], data.height.slice(2));
+        compare(named(panel, "sidebar") === null, panel.compact);
+        compare(named(panel, "compactNavigation") === null, !panel.compact);
     }
 
     function test_page_is_built_anew_on_every_switch_only() {
-        open(1040, 780);
-        objects.state.activePage = OrvexPages.byId("timeline");
+        open(1040, 780, "timeline");
         const first = page();
         objects.state.panelWidth = 700;
         verify(panel.compact);
@@ -149,16 +108,7 @@ PanelCase {
     }
 
     function test_keyboard_data() {
-        return [
-            {
-                tag: "wide",
-                width: 1040
-            },
-            {
-                tag: "compact",
-                width: 360
-            }
-        ];
+        return [{ tag: "wide", width: 1040 }, { tag: "compact", width: 360 }];
     }
     function test_keyboard(data) {
         open(data.width, 640);
@@ -171,41 +121,17 @@ PanelCase {
         for (let i = 0; i < 20 && !button.activeFocus; ++i)
             keyClick(Qt.Key_Tab);
         verify(button.activeFocus, "Tab reaches every entry");
-        if (data.width < 980) {
-            const strip = named(panel, "strip");
-            const x = button.mapToItem(strip, 0, 0).x;
-            verify(x >= 0 && x + button.width <= strip.width, "what is focused is in view");
-        }
+        if (panel.compact)
+            verifyInView(button);
         keyClick(Qt.Key_Return);
         compare(objects.state.activePage.id, "updates");
     }
 
     function test_host_line_data() {
         return [
-            {
-                tag: "no host",
-                fields: {},
-                text: "Final Cut Pro",
-                badge: "OFFLINE"
-            },
-            {
-                tag: "host",
-                fields: {
-                    connected: true,
-                    hostVersion: "10.7.1"
-                },
-                text: "Final Cut Pro 10.7.1",
-                badge: "LIVE"
-            },
-            {
-                tag: "host without a version",
-                fields: {
-                    connected: true,
-                    hostVersion: ""
-                },
-                text: "Final Cut Pro",
-                badge: "LIVE"
-            }
+            { tag: "no host", fields: {}, text: "Final Cut Pro", badge: "OFFLINE" },
+            { tag: "host", fields: { connected: true, hostVersion: "10.7.1" }, text: "Final Cut Pro 10.7.1", badge: "LIVE" },
+            { tag: "no version", fields: { connected: true, hostVersion: "" }, text: "Final Cut Pro", badge: "LIVE" }
         ];
     }
     function test_host_line(data) {
@@ -221,13 +147,13 @@ PanelCase {
     }
     function test_everything_to_press_has_a_name(data) {
         open(data.width, 640);
-        for (const id of Object.keys(titles)) {
-            objects.state.activePage = OrvexPages.byId(id);
-            compare(named(panel, "content").Accessible.name, objects.state.activePage.title);
+        for (const page of OrvexPages.all) {
+            objects.state.activePage = page;
+            compare(named(panel, "content").Accessible.name, page.title);
             const pressable = allItems(panel, item => item.clicked !== undefined && item.keyHeld !== undefined);
             verify(pressable.length >= 9);
             for (const item of pressable)
-                verify(item.Accessible.name !== "", id + ": " + item);
+                verify(item.Accessible.name !== "", page.id + ": " + item);
         }
         named(panel, "navigation color").Accessible.pressAction();
         compare(objects.state.activePage.id, "color");

@@ -11,13 +11,14 @@ PanelCase {
 
     property Item editor: null
 
-    function openSpeed(width = 1040, height = 1300) {
-        open(width, height);
+    function openSpeed() {
         objects.connectHost();
-        objects.state.activePage = OrvexPages.byId("speed");
-        waitForRendering(panel);
+        open(1040, 1300, "speed");
         editor = named(panel, "editor");
-        verify(editor !== null);
+    }
+
+    function choose(preset) {
+        mouseClick(named(panel, "preset-" + preset));
     }
 
     function code() {
@@ -41,40 +42,39 @@ PanelCase {
         mouseRelease(panel, to.x, to.y);
     }
 
-    function test_starts_with_the_default_curve() {
+    function test_presets_reset_and_leaving() {
         openSpeed();
-        compare(code(), "cubic-bezier(0.20, 0.20, 0.80, 0.80)");
-        compare(selected(), "Smooth");
+        const smooth = "cubic-bezier(0.20, 0.20, 0.80, 0.80)";
         compare(named(editor, "handle0").x + 9, editor.width * 0.2);
         fuzzyCompare(named(editor, "handle0").y + 9, editor.height * 0.8, 0.001);
-    }
-
-    function test_presets_and_reset() {
-        openSpeed();
         const codes = {
-            "fast-out": "cubic-bezier(0.10, 0.72, 0.28, 1.00)",
-            "fast-in": "cubic-bezier(0.72, 0.00, 0.90, 0.28)",
-            "cinematic": "cubic-bezier(0.16, 1.00, 0.30, 1.00)",
-            "linear": "cubic-bezier(0.00, 0.00, 1.00, 1.00)",
-            "luxury": "cubic-bezier(0.65, 0.00, 0.18, 1.00)",
-            "smooth": "cubic-bezier(0.20, 0.20, 0.80, 0.80)"
+            "Smooth": smooth,
+            "Fast Out": "cubic-bezier(0.10, 0.72, 0.28, 1.00)",
+            "Fast In": "cubic-bezier(0.72, 0.00, 0.90, 0.28)",
+            "Cinematic": "cubic-bezier(0.16, 1.00, 0.30, 1.00)",
+            "Linear": "cubic-bezier(0.00, 0.00, 1.00, 1.00)",
+            "Luxury": "cubic-bezier(0.65, 0.00, 0.18, 1.00)"
         };
-        for (const id in codes) {
-            const card = named(panel, "preset-" + id);
-            mouseClick(card);
-            compare(code(), codes[id]);
-            compare(selected(), card.name);
+        for (const name in codes) {
+            if (name !== "Smooth")
+                choose(name.toLowerCase().replace(" ", "-"));
+            compare(code(), codes[name]);
+            compare(selected(), name);
         }
-        mouseClick(named(panel, "preset-luxury"));
         mouseClick(named(panel, "reset"));
-        compare(code(), codes["smooth"]);
+        compare(code(), smooth);
+        compare(selected(), "Smooth");
+        choose("luxury");
+        objects.state.activePage = OrvexPages.byId("timeline");
+        objects.state.activePage = OrvexPages.byId("speed");
+        compare(code(), smooth);
         compare(selected(), "Smooth");
     }
 
     function test_a_chosen_preset_springs_into_place() {
         openSpeed();
         OrvexMotion.reduced = false;
-        mouseClick(named(panel, "preset-fast-in"));
+        choose("fast-in");
         compare(code(), "cubic-bezier(0.72, 0.00, 0.90, 0.28)");
         verify(Math.abs(editor.curve[0] - 0.72) > 0.1, "it is drawn on its way there");
         tryVerify(() => editor.curve[0] === 0.72 && editor.curve[3] === 0.28);
@@ -94,7 +94,7 @@ PanelCase {
 
     function test_dragging_pins_each_coordinate(row) {
         openSpeed();
-        mouseClick(named(panel, "preset-linear"));
+        choose("linear");
         drag(row.index, row.x, row.y);
         compare(code(), row.code);
         compare(selected(), "Linear");
@@ -124,7 +124,7 @@ PanelCase {
 
     function test_copy_and_paste() {
         openSpeed();
-        mouseClick(named(panel, "preset-cinematic"));
+        choose("cinematic");
         mouseClick(named(panel, "copy"));
         compare(OrvexClipboard.text, "cubic-bezier(0.16, 1.00, 0.30, 1.00)");
         compare(objects.state.toast.kind, OrvexToast.Success);
@@ -140,35 +140,18 @@ PanelCase {
 
     function test_commands() {
         openSpeed();
-        objects.opened = [];
-        for (const name of ["toggle-retime", "blade-speed", "normal-speed", "apply"])
-            mouseClick(named(panel, name));
-        const url = action => "vantrelo-finalcut://timeline-action?action=" + action;
-        compare(objects.opened, [url("toggle-retime"), url("blade-speed"), url("normal-speed"), url("blade-speed")]);
-    }
-
-    function test_without_a_sequence_only_the_commands_rest() {
-        openSpeed();
+        const press = () => {
+            objects.opened = [];
+            for (const name of ["toggle-retime", "blade-speed", "normal-speed", "apply"])
+                mouseClick(named(panel, name));
+            return objects.opened.map(url => url.replace("vantrelo-finalcut://timeline-action?action=", ""));
+        };
+        compare(press(), ["toggle-retime", "blade-speed", "normal-speed", "blade-speed"]);
+        // Without a sequence only the commands rest.
         objects.report({});
-        objects.opened = [];
-        for (const name of ["toggle-retime", "blade-speed", "normal-speed", "apply"])
-            mouseClick(named(panel, name));
-        compare(objects.opened, []);
-        mouseClick(named(panel, "preset-linear"));
+        compare(press(), []);
         drag(0, 0.5, 0.5);
-        compare(code(), "cubic-bezier(0.50, 0.50, 1.00, 1.00)");
-        mouseClick(named(panel, "reset"));
-        compare(selected(), "Smooth");
-    }
-
-    function test_leaving_the_page_restores_the_defaults() {
-        openSpeed();
-        mouseClick(named(panel, "preset-luxury"));
-        objects.state.activePage = OrvexPages.byId("timeline");
-        objects.state.activePage = OrvexPages.byId("speed");
-        waitForRendering(panel);
-        compare(code(), "cubic-bezier(0.20, 0.20, 0.80, 0.80)");
-        compare(selected(), "Smooth");
+        compare(code(), "cubic-bezier(0.50, 0.50, 0.80, 0.80)");
     }
 
     function test_the_marker_moves_only_while_motion_is_wanted_and_seen() {
@@ -203,11 +186,8 @@ PanelCase {
     }
 
     function test_an_editor_without_size_divides_by_one() {
-        const bare = createTemporaryObject(bareEditor, testCase, {
-            width: 0,
-            height: 0.5
-        });
-        const handle = findItem(bare, item => item.objectName === "handle0");
+        const bare = createTemporaryObject(bareEditor, testCase, { width: 0, height: 0.5 });
+        const handle = named(bare, "handle0");
         handle.dragTo(Qt.point(0.25, 0.25));
         compare(bare.edited.bezierCode, "cubic-bezier(0.25, 0.75, 0.80, 0.80)");
         handle.dragTo(Qt.point(40, -40));

@@ -211,7 +211,7 @@ void MpvHost::endMove() {
 
 void MpvHost::handleEvent(const MpvEvent& event) {
   if (event.name == u"property-change") {
-    const auto index = static_cast<std::size_t>(event.observerId - 1);
+    const auto index = static_cast<std::size_t>(event.observerId) - 1;
     if (index < PropertyCount) setProperty(index, event.data);
   } else if (event.name == u"seek") {
     if (seek_ == Seek::Accepted) seek_ = Seek::Begun;

@@ -19,6 +19,12 @@ T.Control {
     }
     readonly property real rulerHeight: 18
 
+    // What the toolkit tells assistive technology of a slider, by these names; in seconds.
+    readonly property real value: timeline.host.playheadSeconds
+    readonly property real minimumValue: 0
+    readonly property real maximumValue: timeline.duration
+    readonly property real stepSize: timeline.frameDuration
+
     function xOf(seconds: real): real {
         return timeline.duration > 0 ? seconds / timeline.duration * timeline.width : 0;
     }

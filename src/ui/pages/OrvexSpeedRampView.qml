@@ -73,14 +73,12 @@ OrvexScrollPage {
     }
 
     OrvexSectionTitle {
-        Layout.fillWidth: true
         eyebrow: "ORVEX SPEED LAB"
         subtitle: "Seçili klipte gerçek Final Cut retime komutları ve canlı cubic-bezier editörü"
         title: "Speed Ramp & Curves"
     }
 
     OrvexAdaptiveGrid {
-        Layout.fillWidth: true
         minimumWidth: 140
         spacing: 9
 
@@ -101,7 +99,6 @@ OrvexScrollPage {
     }
 
     OrvexPanel {
-        Layout.fillWidth: true
         padding: 15
 
         contentItem: ColumnLayout {
@@ -216,7 +213,6 @@ OrvexScrollPage {
     }
 
     OrvexAdaptiveGrid {
-        Layout.fillWidth: true
         minimumWidth: 190
         spacing: 10
 
@@ -252,7 +248,6 @@ OrvexScrollPage {
     }
 
     OrvexPrimaryButton {
-        Layout.fillWidth: true
         disabled: !page.available
         icon: "bolt.fill"
         objectName: "apply"

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Layouts
 import Orvex
 
 // What the host says of its sequence, and the moves of its playhead.
@@ -19,14 +18,12 @@ OrvexScrollPage {
     signal refresh
 
     OrvexSectionTitle {
-        Layout.fillWidth: true
         eyebrow: "ORVEX TIMELINE"
         title: "Timeline Control"
         subtitle: "Apple Workflow SDK ile gerçek timeline ve playhead kontrolü"
     }
 
     OrvexAdaptiveGrid {
-        Layout.fillWidth: true
         minimumWidth: 145
         spacing: OrvexTheme.gridSpacing
 
@@ -68,7 +65,6 @@ OrvexScrollPage {
     }
 
     OrvexAdaptiveGrid {
-        Layout.fillWidth: true
         minimumWidth: 210
         spacing: OrvexTheme.gridSpacing
 
@@ -128,7 +124,6 @@ OrvexScrollPage {
     }
 
     OrvexPrimaryButton {
-        Layout.fillWidth: true
         title: "Timeline bilgisini yenile"
         icon: "arrow.clockwise"
         onClicked: page.refresh()

@@ -1,5 +1,7 @@
 #include "ui/speed/SpeedCurveCanvas.h"
 
+#include "ui/ContinuousCorners.h"
+
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
@@ -29,9 +31,7 @@ void SpeedCurveCanvas::paint(QPainter* painter) {
     return made;
   };
 
-  QPainterPath outline;
-  outline.addRoundedRect(QRectF(0, 0, w, h), cornerRadius_, cornerRadius_);
-  painter->setClipPath(outline);
+  painter->setClipPath(continuousRoundedRect(QRectF(0, 0, w, h), cornerRadius_));
 
   QPainterPath grid;
   for (int i = 0; i <= 4; ++i) {

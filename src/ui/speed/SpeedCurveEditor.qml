@@ -16,10 +16,12 @@ Item {
     Accessible.role: Accessible.Grouping
     clip: true
 
-    Rectangle {
+    OrvexSurface {
         anchors.fill: parent
-        color: Qt.rgba(0, 0, 0, 0.24)
+        endColor: Qt.rgba(0, 0, 0, 0.24)
+        outlineColor: "transparent"
         radius: OrvexTheme.tileRadius
+        startColor: Qt.rgba(0, 0, 0, 0.24)
     }
 
     SpeedCurveCanvas {
@@ -53,6 +55,8 @@ Item {
         height: 10
         objectName: "marker"
         radius: 5
+        // Where the corners are cut off there is nothing to run on.
+        visible: editor.OrvexMotion.animated && Math.min(Math.hypot(marker.place.x, drawing.height - marker.place.y), Math.hypot(drawing.width - marker.place.x, marker.place.y)) > 6
         width: 10
         x: marker.place.x - 5
         y: marker.place.y - 5

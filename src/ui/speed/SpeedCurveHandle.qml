@@ -16,6 +16,12 @@ T.Control {
     readonly property real valueX: handle.editing.curve[2 * handle.index]
     readonly property real valueY: handle.editing.curve[2 * handle.index + 1]
 
+    // What the toolkit tells assistive technology of a slider, by these names.
+    readonly property real value: handle.valueX
+    readonly property real minimumValue: 0
+    readonly property real maximumValue: 1
+    readonly property real stepSize: 0.01
+
     function nudge(dx: real, dy: real): void {
         handle.editing.moveControlPoint(handle.index, handle.valueX + dx, handle.valueY + dy);
         handle.editing.endGesture();

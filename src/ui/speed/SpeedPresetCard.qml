@@ -18,11 +18,13 @@ OrvexPressable {
     opacity: pressed ? OrvexTheme.pressedOpacity : 1
     padding: 10
 
-    background: Rectangle {
-        border.color: card.selected ? OrvexTheme.cyan : card.hovered ? OrvexTheme.borderBlue : OrvexTheme.border
-        border.width: card.selected ? 1.5 : 1
-        color: OrvexTheme.panel
+    // The toolkit's rectangle draws an outline of one and a half points uneven.
+    background: OrvexSurface {
+        endColor: OrvexTheme.panel
+        outlineColor: card.selected ? OrvexTheme.cyan : card.hovered ? OrvexTheme.borderBlue : OrvexTheme.border
+        outlineWidth: card.selected ? 1.5 : 1
         radius: 13
+        startColor: OrvexTheme.panel
     }
     contentItem: ColumnLayout {
         spacing: 8

@@ -9,6 +9,7 @@
 
 #include <QElapsedTimer>
 #include <QStringList>
+#include <QUrl>
 
 namespace orvex {
 
@@ -36,6 +37,9 @@ class Panel final : public HostState, public Workspace, public SystemLog {
     if (runtime.hostSingleton()) adapter.connect();
   }
 
+  /// Takes the state away from the adapter.
+  void dropState() { state_.reset(); }
+
   /// Waits until a sequence is there.
   [[nodiscard]] bool ready() {
     return waitUntil([this] { return snapshot.sequenceAvailable && snapshot.connected; });
@@ -43,9 +47,14 @@ class Panel final : public HostState, public Workspace, public SystemLog {
 
   [[nodiscard]] const HostSnapshot& host() const override { return snapshot; }
   void setHost(const HostSnapshot& newSnapshot) override { snapshot = newSnapshot; }
-  void showHostNotice(const QString& message, Notice) override { notices.append(message); }
-  [[nodiscard]] bool open(const QUrl&) override { return false; }
-  void line(const QString&) override {}
+  void showHostNotice(const QString& message, Notice kind) override {
+    notices.append(QLatin1String(kind == Notice::Error ? "error: " : "info: ") + message);
+  }
+  [[nodiscard]] bool open(const QUrl& url) override {
+    opened.append(url.toString());
+    return opens;
+  }
+  void line(const QString& text) override { lines.append(text); }
 
  private:
   // Owns nothing: this is the state.
@@ -54,6 +63,9 @@ class Panel final : public HostState, public Workspace, public SystemLog {
  public:
   HostSnapshot snapshot;
   QStringList notices;
+  QStringList opened;
+  bool opens = true;
+  QStringList lines;
   FinalCutHostAdapter adapter;
 };
 

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "support/Wait.h"
+
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+namespace orvex {
+
+/// What a program that has ended leaves; the exit code is -1 when it crashed.
+struct ProgramResult {
+  int exitCode = -1;
+  QString output;
+  QString errors;
+};
+
+/// Runs a program to its end in the test's environment, while the event loop here answers it.
+[[nodiscard]] inline ProgramResult runProgram(const QString& path, const QStringList& arguments) {
+  QProcess process;
+  process.start(path, arguments);
+  EXPECT_TRUE(
+      waitUntil([&] { return process.state() == QProcess::NotRunning; }, std::chrono::seconds(60)))
+      << path;
+  return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+          QString::fromUtf8(process.readAllStandardOutput()),
+          QString::fromUtf8(process.readAllStandardError())};
+}
+
+}  // namespace orvex
