@@ -9,7 +9,7 @@ using namespace orvex;
 namespace {
 
 struct Walked {
-  // With the kind's letter behind each.
+  // With the kind behind each.
   std::vector<QByteArray> paths;
   FileTree::Result result;
 };
@@ -20,14 +20,16 @@ Walked walk(const QByteArray& root) {
       root,
       [&](const FileTreeEntry& entry) {
         using Kind = FileTreeEntry::Kind;
-        const bool isFolder = entry.kind == Kind::Folder;
-        walked.paths.push_back(entry.path + (isFolder                   ? " d"
-                                             : entry.kind == Kind::File ? " f"
-                                             : entry.kind == Kind::Link ? " l"
-                                                                        : " o"));
+        const char* kind = entry.kind == Kind::File    ? " file"
+                           : entry.kind == Kind::Link  ? " link"
+                           : entry.kind == Kind::Other ? " other"
+                           : entry.folder == -1        ? " closed"
+                                                       : " open";
+        walked.paths.push_back(entry.path + kind);
         EXPECT_EQ(::faccessat(entry.parent, entry.name().constData(), F_OK, AT_SYMLINK_NOFOLLOW),
                   0);
-        EXPECT_TRUE(isFolder ? ::faccessat(entry.folder, ".", F_OK, 0) == 0 : entry.folder == -1);
+        EXPECT_TRUE(entry.kind == Kind::Folder || entry.folder == -1);
+        EXPECT_TRUE(entry.path != "a/b" || ::faccessat(entry.folder, "file", F_OK, 0) == 0);
         return entry.path == "skipped" ? FileTree::Next::Skip : FileTree::Next::Descend;
       },
       {});
@@ -46,9 +48,10 @@ TEST(FileTree, MeetsWhatIsThereAndFollowsNoLink) {
   ::chmod(tree.path("locked").constData(), 0111);
   const OrdinaryUser user(tree);
   const Walked walked = walk(tree.root());
-  EXPECT_THAT(walked.paths, testing::UnorderedElementsAre("a d", "a/b d", "a/b/file f", "a/loop l",
-                                                          "a/\xff\xfe f", "dangling l", "fifo o",
-                                                          "outside l", "skipped d", "locked d"));
+  EXPECT_THAT(walked.paths,
+              testing::UnorderedElementsAre("a open", "a/b open", "a/b/file file", "a/loop link",
+                                            "a/\xff\xfe file", "dangling link", "fifo other",
+                                            "outside link", "skipped open", "locked closed"));
   EXPECT_TRUE(walked.result.complete);
   EXPECT_EQ(walked.result.skippedFolders, 1);
 }
@@ -60,7 +63,7 @@ TEST(FileTree, ARootThatIsNoFolderHasNoEntries) {
   tree.link("link", "real");
   EXPECT_EQ(walk(tree.path("file")).result.skippedFolders, 1);
   EXPECT_EQ(walk(tree.path("missing")).result.skippedFolders, 1);
-  EXPECT_THAT(walk(tree.path("link")).paths, testing::ElementsAre("x f"));
+  EXPECT_THAT(walk(tree.path("link")).paths, testing::ElementsAre("x file"));
 }
 
 TEST(FileTree, StopsWhereTheTreeIsTooDeep) {

@@ -139,7 +139,7 @@ TEST(StringsFile, ReadsTablesInEveryForm) {
   for (const auto& row : rows) EXPECT_EQ(StringsFile::parse(row.bytes), row.table);
   // What it cannot make sense of is refused as a whole.
   for (const char* broken :
-       {"\"a\" = \"b", "\"a\" = ;", "a = b", "= b;", "\"a\\", "a \"b\";", "a = b; 's' = 'it';"})
+       {"\"a\" = \"b", "\"a\" = ;", "a = b", "= b;", "\"a\\", "a \"b\";", "'a' = 'it''s';"})
     EXPECT_FALSE(StringsFile::parse(broken)) << broken;
 }
 

@@ -1,30 +1,19 @@
 #include "InventoryCommand.h"
+#include "support/Program.h"
 #include "support/TemporaryTree.h"
-
-#include <QProcess>
 
 using namespace orvex;
 
 namespace {
 
-struct Ended {
-  int code = -1;
-  QString output;
-  QString error;
-};
-
 class InventoryCommandTest : public testing::Test {
  protected:
-  [[nodiscard]] Ended run(const QStringList& arguments) const {
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"XDG_CACHE_HOME"_qs, tree.text("cache"));
-    environment.insert(u"LC_ALL"_qs, u"C.UTF-8"_qs);
-    process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(ORVEX_PROGRAM), arguments);
-    EXPECT_TRUE(process.waitForFinished());
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
+  void SetUp() override {
+    qputenv("XDG_CACHE_HOME", tree.path("cache"));
+    qputenv("LC_ALL", "C.UTF-8");
+  }
+  [[nodiscard]] static ProgramResult run(const QStringList& arguments) {
+    return runProgram(QStringLiteral(ORVEX_PROGRAM), arguments);
   }
 
   TemporaryTree tree;
@@ -58,9 +47,9 @@ TEST_F(InventoryCommandTest, PrintsEveryFieldAsJson) {
       {u"fxplug"_qs, "f/G.fxplug/Contents", "[]"},
   };
   for (const auto& row : rows) {
-    const Ended ended = run({row.command, u"--json"_qs, tree.text(row.folder)});
-    EXPECT_EQ(ended.code, 0);
-    EXPECT_EQ(ended.error, QString());
+    const ProgramResult ended = run({row.command, u"--json"_qs, tree.text(row.folder)});
+    EXPECT_EQ(ended.exitCode, 0);
+    EXPECT_EQ(ended.errors, QString());
     EXPECT_EQ(json(ended.output.toUtf8()), json(QByteArray(row.expected).replace("ROOT", root)))
         << qPrintable(ended.output);
   }
@@ -69,8 +58,8 @@ TEST_F(InventoryCommandTest, PrintsEveryFieldAsJson) {
 TEST_F(InventoryCommandTest, PrintsATableForPeople) {
   tree.file("Gece\x1b[2J.cube", "TITLE \"Film Look\"\nLUT_3D_SIZE 33\n");
   tree.file("A.cube");
-  const Ended ended = run({u"luts"_qs, tree.text(".")});
-  EXPECT_EQ(ended.code, 0);
+  const ProgramResult ended = run({u"luts"_qs, tree.text(".")});
+  EXPECT_EQ(ended.exitCode, 0);
   EXPECT_EQ(ended.output, QStringLiteral("Ad        Boyut  Başlık     Dosya\n"
                                          "A         CUBE   —          A.cube\n"
                                          "Gece\uFFFD[2J  3D 33  Film Look  Gece\uFFFD[2J.cube\n"));
@@ -93,9 +82,9 @@ TEST_F(InventoryCommandTest, SaysWhatIsWrong) {
       {{tree.text("file")}, Failed, u"bir klasör değil"_qs},
   };
   for (const auto& row : rows) {
-    const Ended ended = run(QStringList{u"luts"_qs} + row.arguments);
-    EXPECT_EQ(ended.code, row.code) << qPrintable(row.fragment);
-    EXPECT_TRUE(ended.error.contains(row.fragment)) << qPrintable(ended.error);
+    const ProgramResult ended = run(QStringList{u"luts"_qs} + row.arguments);
+    EXPECT_EQ(ended.exitCode, row.code) << qPrintable(row.fragment);
+    EXPECT_TRUE(ended.errors.contains(row.fragment)) << qPrintable(ended.errors);
     EXPECT_EQ(ended.output, QString());
   }
 }

@@ -23,7 +23,7 @@ class FolderRegistryTest : public testing::Test {
     return QUrl::fromLocalFile(QString::fromUtf8(tree.root()));
   }
   void grant(const QUrl& root, const QString& engine = u"lutFolder"_qs) {
-    settings.setValue(u"vantrelo.orvex.finalcut."_qs + engine + u"Bookmark",
+    settings.setValue(u"vantrelo.orvex.finalcut."_qs + engine + u"Bookmark"_qs,
                       QByteArray("grant:" + root.toEncoded()));
   }
   [[nodiscard]] static bool finish(const FolderRegistry& registry) {
