@@ -120,7 +120,7 @@ TEST_F(LUTScan, ReadsOnlyWhatChanged) {
   ::unlink(tree.path("a.cube").constData());
   for (const char* size : {"22", "33"}) {
     tree.file("a.cube", QByteArray("LUT_3D_SIZE ") + size);
-    EXPECT_EQ(dimension(), u"3D " + QString::fromUtf8(size));
+    EXPECT_EQ(dimension(), u"3D "_qs + QString::fromUtf8(size));
   }
 }
 
