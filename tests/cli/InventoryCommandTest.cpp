@@ -1,34 +1,19 @@
 #include "InventoryCommand.h"
+#include "support/Program.h"
 #include "support/TemporaryTree.h"
-
-#include <QProcess>
 
 using namespace orvex;
 
 namespace {
 
-struct Ended {
-  int code = -1;
-  QString output;
-  QString error;
-};
-
 class InventoryCommandTest : public testing::Test {
  protected:
-  [[nodiscard]] Ended run(const QStringList& arguments) const {
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("XDG_CACHE_HOME"), tree.text("cache"));
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
-    process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(ORVEX_PROGRAM), arguments);
-    EXPECT_TRUE(process.waitForFinished());
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
+  void SetUp() override {
+    qputenv("XDG_CACHE_HOME", tree.path("cache"));
+    qputenv("LC_ALL", "C.UTF-8");
   }
-
-  [[nodiscard]] static QJsonArray items(const Ended& ended) {
-    return QJsonDocument::fromJson(ended.output.toUtf8()).array();
+  [[nodiscard]] static ProgramResult run(const QStringList& arguments) {
+    return runProgram(QStringLiteral(ORVEX_PROGRAM), arguments);
   }
 
   TemporaryTree tree;
@@ -49,23 +34,23 @@ TEST_F(InventoryCommandTest, PrintsEveryFieldAsJson) {
     const char* folder;
     QByteArray expected;
   } rows[]{
-      {QStringLiteral("luts"), "r",
+      {u"luts"_qs, "r",
        R"([{"id": "A.cube", "name": "A", "title": null, "dimension": "CUBE", "path": "ROOT/r/A.cube"},
            {"id": "sub/b.cube", "name": "b", "title": "Film Look", "dimension": "3D 33",
             "path": "ROOT/r/sub/b.cube"}])"},
-      {QStringLiteral("motion"), "r",
+      {u"motion"_qs, "r",
        R"([{"id": "T/C/N/N.moti", "name": "N", "kind": "title", "category": "C",
             "path": "ROOT/r/T/C/N/N.moti", "previewPath": "ROOT/r/T/C/N/small.png"}])"},
-      {QStringLiteral("fxplug"), "f",
+      {u"fxplug"_qs, "f",
        R"([{"id": "com.x", "name": "G", "bundleIdentifier": "com.x", "version": "—",
             "path": "ROOT/f/G.fxplug"}])"},
-      {QStringLiteral("fxplug"), "f/G.fxplug/Contents", "[]"},
+      {u"fxplug"_qs, "f/G.fxplug/Contents", "[]"},
   };
   for (const auto& row : rows) {
-    const Ended ended = run({row.command, QStringLiteral("--json"), tree.text(row.folder)});
-    EXPECT_EQ(ended.code, 0);
-    EXPECT_EQ(ended.error, QString());
-    EXPECT_EQ(items(ended), json(QByteArray(row.expected).replace("ROOT", root)))
+    const ProgramResult ended = run({row.command, u"--json"_qs, tree.text(row.folder)});
+    EXPECT_EQ(ended.exitCode, 0);
+    EXPECT_EQ(ended.errors, QString());
+    EXPECT_EQ(json(ended.output.toUtf8()), json(QByteArray(row.expected).replace("ROOT", root)))
         << qPrintable(ended.output);
   }
 }
@@ -73,13 +58,13 @@ TEST_F(InventoryCommandTest, PrintsEveryFieldAsJson) {
 TEST_F(InventoryCommandTest, PrintsATableForPeople) {
   tree.file("Gece\x1b[2J.cube", "TITLE \"Film Look\"\nLUT_3D_SIZE 33\n");
   tree.file("A.cube");
-  const Ended ended = run({QStringLiteral("luts"), tree.text(".")});
-  EXPECT_EQ(ended.code, 0);
+  const ProgramResult ended = run({u"luts"_qs, tree.text(".")});
+  EXPECT_EQ(ended.exitCode, 0);
   EXPECT_EQ(ended.output, QStringLiteral("Ad        Boyut  Başlık     Dosya\n"
                                          "A         CUBE   —          A.cube\n"
                                          "Gece\uFFFD[2J  3D 33  Film Look  Gece\uFFFD[2J.cube\n"));
-  EXPECT_EQ(run({QStringLiteral("motion"), tree.text(".")}).output,
-            QStringLiteral("Bu klasörde listelenecek bir şey yok.\n"));
+  EXPECT_EQ(run({u"motion"_qs, tree.text(".")}).output,
+            u"Bu klasörde listelenecek bir şey yok.\n"_qs);
 }
 
 TEST_F(InventoryCommandTest, SaysWhatIsWrong) {
@@ -89,19 +74,17 @@ TEST_F(InventoryCommandTest, SaysWhatIsWrong) {
     int code;
     QString fragment;
   } rows[]{
-      {{}, WrongUsage, QStringLiteral("Kullanım: orvex luts DIR [--json]")},
-      {{QString()}, WrongUsage, QStringLiteral("Hangi klasörün")},
-      {{QStringLiteral("a"), QStringLiteral("b")}, WrongUsage, QStringLiteral("\"b\" fazla.")},
-      {{QStringLiteral("--xml"), QStringLiteral("a")},
-       WrongUsage,
-       QStringLiteral("\"--xml\" diye bir seçenek yok.")},
-      {{tree.text("missing")}, Failed, QStringLiteral("klasörü bulunamadı")},
-      {{tree.text("file")}, Failed, QStringLiteral("bir klasör değil")},
+      {{}, WrongUsage, u"Kullanım: orvex luts DIR [--json]"_qs},
+      {{QString()}, WrongUsage, u"Hangi klasörün"_qs},
+      {{u"a"_qs, u"b"_qs}, WrongUsage, u"\"b\" fazla."_qs},
+      {{u"--xml"_qs, u"a"_qs}, WrongUsage, u"\"--xml\" diye bir seçenek yok."_qs},
+      {{tree.text("missing")}, Failed, u"klasörü bulunamadı"_qs},
+      {{tree.text("file")}, Failed, u"bir klasör değil"_qs},
   };
   for (const auto& row : rows) {
-    const Ended ended = run(QStringList{QStringLiteral("luts")} + row.arguments);
-    EXPECT_EQ(ended.code, row.code) << qPrintable(row.fragment);
-    EXPECT_TRUE(ended.error.contains(row.fragment)) << qPrintable(ended.error);
+    const ProgramResult ended = run(QStringList{u"luts"_qs} + row.arguments);
+    EXPECT_EQ(ended.exitCode, row.code) << qPrintable(row.fragment);
+    EXPECT_TRUE(ended.errors.contains(row.fragment)) << qPrintable(ended.errors);
     EXPECT_EQ(ended.output, QString());
   }
 }
@@ -111,12 +94,12 @@ TEST(InventoryRequest, NamesTheFolderAbsolutely) {
   tree.folder("real");
   tree.link("link", "real");
   const auto folderOf = [](const QString& argument) {
-    return InventoryRequest::parse(QStringLiteral("luts"), {argument})->folder;
+    return InventoryRequest::parse(u"luts"_qs, {argument})->folder;
   };
   const QByteArray root = QFileInfo(tree.text(".")).canonicalFilePath().toUtf8();
   EXPECT_EQ(folderOf(tree.text("link/../link/")), root + "/real");
-  EXPECT_EQ(folderOf(QStringLiteral(".")), QDir::currentPath().toUtf8());
-  EXPECT_EQ(folderOf(QStringLiteral("missing")), QDir::currentPath().toUtf8() + "/missing");
+  EXPECT_EQ(folderOf(u"."_qs), QDir::currentPath().toUtf8());
+  EXPECT_EQ(folderOf(u"missing"_qs), QDir::currentPath().toUtf8() + "/missing");
 }
 
 }  // namespace

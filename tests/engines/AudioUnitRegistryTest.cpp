@@ -7,7 +7,6 @@
 #include <semaphore>
 
 using namespace orvex;
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -15,7 +14,7 @@ namespace {
 class Components final : public AudioComponents {
  public:
   QList<AudioComponent> effects(const std::stop_token& stop) override {
-    answers.acquire();
+    answers_.acquire();
     stopped = stop.stop_requested();
     const std::scoped_lock lock(mutex_);
     return effects_;
@@ -25,153 +24,110 @@ class Components final : public AudioComponents {
       const std::scoped_lock lock(mutex_);
       effects_ = effects;
     }
-    answers.release();
+    answers_.release();
   }
 
-  std::counting_semaphore<> answers{0};
   std::atomic<bool> stopped = false;
 
  private:
+  std::counting_semaphore<> answers_{0};
   std::mutex mutex_;
   QList<AudioComponent> effects_;
 };
 
-AudioComponent effect(const QString& manufacturer, const QString& name) {
-  return {name, manufacturer, QStringLiteral("1.0"), QStringLiteral("Effect")};
+// Effects written as "maker name,maker name".
+QList<AudioComponent> effects(const char* text) {
+  QList<AudioComponent> effects;
+  for (const QString& one : QString::fromUtf8(text).split(u',', Qt::SkipEmptyParts))
+    effects.append({one.section(u' ', 1), one.section(u' ', 0, 0), u"1.0"_qs, u"Effect"_qs});
+  return effects;
 }
 
-// "maker name" for each, in order.
-QStringList listed(const QStringList& effects, const QLocale& locale) {
-  Components components;
-  QList<AudioComponent> registered;
-  for (const QString& text : effects)
-    registered.append(effect(text.section(u' ', 0, 0), text.section(u' ', 1)));
-  components.answer(registered);
+QString written(const QList<AudioUnitItem>& items) {
   QStringList names;
-  for (const AudioUnitItem& item : listAudioUnits(components, {}, Collation(locale)))
-    names.append(item.manufacturer + u' ' + item.name);
-  return names;
+  for (const AudioUnitItem& item : items) names.append(item.manufacturer + u' ' + item.name);
+  return names.join(u',');
 }
 
 TEST(AudioUnitList, IsOrderedByManufacturerThenByName) {
-  const QLocale english(QLocale::English);
-  const QLocale turkish(QLocale::Turkish);
   const struct {
-    QLocale locale;
-    const char* effects;
+    QLocale::Language language;
+    const char* listed;
     const char* ordered;
   } rows[] = {
-      {english, "", ""},
-      {english, "b Z,a Y,b a,A x,c B", "a Y,A x,b a,b Z,c B"},
-      {english, "b B,b a,b C,b b", "b a,b B,b b,b C"},
-      // One name in two spellings: neither comes first, so the system's order stands ...
-      {english, "Apple Z,apple A", "Apple Z,apple A"},
-      {english, "apple Z,Apple A", "apple Z,Apple A"},
-      // ... and what stands between two effects of one spelling keeps them apart.
-      {english, "Apple Z,apple M,Apple A", "Apple Z,apple M,Apple A"},
-      {english, "apple M,Apple Z,Apple A", "apple M,Apple A,Apple Z"},
-      {english, "zoo A,Apple Z,ace A,apple M,Apple A", "ace A,Apple Z,apple M,Apple A,zoo A"},
-      // Accents do tell manufacturers apart.
-      {english, "Écho A,Echo B,Echz A", "Echo B,Écho A,Echz A"},
-      {english, "İz A,ız B,iz C,Iz D", "iz C,Iz D,İz A,ız B"},
-      {turkish, "İz A,ız B,iz C,Iz D", "ız B,Iz D,İz A,iz C"},
-      {turkish, "z A,ö A,o A,ş A,s A,ç A,c A", "c A,ç A,o A,ö A,s A,ş A,z A"},
+      {QLocale::English, "b Z,a Y,b a,A x,c B", "a Y,A x,b a,b Z,c B"},
+      {QLocale::English, "b B,b a,b C,b b, z", " z,b a,b B,b b,b C"},
+      // One maker in two spellings: neither comes first, so the system's order stands, and what
+      // stands between two effects of one spelling keeps them apart.
+      {QLocale::English, "Apple Z,apple A", "Apple Z,apple A"},
+      {QLocale::English, "Apple Z,apple M,Apple A", "Apple Z,apple M,Apple A"},
+      {QLocale::English, "apple M,Apple Z,Apple A", "apple M,Apple A,Apple Z"},
+      {QLocale::English, "Écho A,Echo B,Echz A", "Echo B,Écho A,Echz A"},
+      {QLocale::Turkish, "İz A,ız B,iz C,Iz D", "ız B,Iz D,İz A,iz C"},
+      {QLocale::Turkish, "z A,ö A,o A,ş A,s A,ç A,c A", "c A,ç A,o A,ö A,s A,ş A,z A"},
       // No duplicate is removed.
-      {english, "a A,a A", "a A,a A"},
-      {english, " b, a,x y", " a, b,x y"},
+      {QLocale::English, "a A,a A", "a A,a A"},
   };
-  for (const auto& [locale, effects, ordered] : rows) {
-    const auto split = [](const char* text) {
-      return QString::fromUtf8(text).split(u',', Qt::SkipEmptyParts);
-    };
-    EXPECT_EQ(listed(split(effects), locale), split(ordered)) << effects;
+  for (const auto& [language, listed, ordered] : rows) {
+    Components components;
+    components.answer(effects(listed));
+    EXPECT_EQ(written(listAudioUnits(components, {}, Collation(QLocale(language)))),
+              QString::fromUtf8(ordered));
   }
 }
 
 TEST(AudioUnitList, ItemsCarryTheComponentsFields) {
   Components components;
-  components.answer(
-      {{QStringLiteral("Oda"), QStringLiteral("Yapımcı"), QStringLiteral("2.4"),
-        QStringLiteral("Reverb"), true, false, 4294967295U, AudioComponent::kEffectType, 0},
-       {QStringLiteral("x"), QStringLiteral("z"), {}, {}, false, true}});
-  const QList<AudioUnitItem> items = listAudioUnits(components, {});
-  ASSERT_EQ(items.size(), 2);
-  EXPECT_EQ(items[0],
-            (AudioUnitItem{QStringLiteral("4294967295-1635083896-0"), QStringLiteral("Oda"),
-                           QStringLiteral("Yapımcı"), QStringLiteral("2.4"),
-                           QStringLiteral("Reverb"), true, false}));
-  EXPECT_EQ(items[1].id, u"0-1635083896-0");
-  EXPECT_TRUE(items[1].passesAUVal);
+  components.answer({{u"Oda"_qs, u"Yapımcı"_qs, u"2.4"_qs, u"Reverb"_qs, true, false, 4294967295U,
+                      AudioComponent::kEffectType, 0}});
+  EXPECT_THAT(
+      listAudioUnits(components, {}),
+      testing::ElementsAre(AudioUnitItem{u"4294967295-1635083896-0"_qs, u"Oda"_qs, u"Yapımcı"_qs,
+                                         u"2.4"_qs, u"Reverb"_qs, true, false}));
 }
 
-class AudioUnits : public testing::Test {
- protected:
-  [[nodiscard]] bool settled() {
-    return waitUntil([this] { return !registry_->isRefreshing(); });
-  }
-  // Makers and names, in order.
-  [[nodiscard]] QString items() const {
-    QStringList names;
-    for (const AudioUnitItem& item : registry_->items()) names.append(item.name);
-    return names.join(u' ');
-  }
+TEST(AudioUnits, AreRefreshedAtOnceAndTheLatestRefreshCounts) {
+  const auto components = std::make_shared<Components>();
+  auto registry = std::make_unique<AudioUnitRegistry>(components);
+  const auto settled = [&] { return waitUntil([&] { return !registry->isRefreshing(); }); };
+  EXPECT_TRUE(registry->isRefreshing());
+  const EngineSummary empty{EngineHealth::Empty, u"Audio Units"_qs,
+                            u"Kayıtlı AU effect bulunamadı."_qs, 0};
+  EXPECT_EQ(registry->summary(), empty);
+  const QDateTime made = registry->lastRefresh();
 
-  const QDateTime start_ = QDateTime::currentDateTimeUtc();
-  const std::shared_ptr<Components> components_ = std::make_shared<Components>();
-  std::unique_ptr<AudioUnitRegistry> registry_ = std::make_unique<AudioUnitRegistry>(components_);
-};
-
-TEST_F(AudioUnits, AreEmptyAtFirstAndRefreshedAtOnce) {
-  EXPECT_TRUE(registry_->isRefreshing());
-  const EngineSummary empty{EngineHealth::Empty, QStringLiteral("Audio Units"),
-                            QStringLiteral("Kayıtlı AU effect bulunamadı."), 0};
-  EXPECT_EQ(registry_->summary(), empty);
-  const QDateTime made = registry_->lastRefresh();
-  EXPECT_GE(made, start_);
-
-  AudioComponent good = effect(QStringLiteral("Maker"), QStringLiteral("Good"));
-  good.passesValidation = true;
-  AudioComponent confined = effect(QStringLiteral("Other"), QStringLiteral("Confined"));
-  confined.passesValidation = confined.sandboxSafe = true;
-  components_->answer({effect(QStringLiteral("Maker"), QStringLiteral("Plain")), confined, good});
+  QList<AudioComponent> found = effects("Maker Plain,Other Confined,Maker Good");
+  found[1].passesValidation = found[1].sandboxSafe = found[2].passesValidation = true;
   QThread::msleep(2);
+  components->answer(found);
   ASSERT_TRUE(settled());
-  EXPECT_EQ(items(), u"Good Plain Confined");
-  EXPECT_EQ(registry_->validatedCount(), 2);
-  EXPECT_EQ(registry_->sandboxSafeCount(), 1);
-  EXPECT_EQ(
-      registry_->summary(),
-      (EngineSummary{EngineHealth::Ready, QStringLiteral("Audio Units"),
-                     QStringLiteral("macOS tarafından kayıtlı Audio Unit effect envanteri."), 3}));
-  EXPECT_GT(registry_->lastRefresh(), made);
-  EXPECT_EQ(registry_->matching(u" mAKER "), (QList<qsizetype>{0, 1}));
-  EXPECT_EQ(registry_->matching(u"conf"), QList<qsizetype>{2});
-  EXPECT_EQ(registry_->matching(u" \n").size(), 3);
+  EXPECT_EQ(written(registry->items()), u"Maker Good,Maker Plain,Other Confined");
+  EXPECT_EQ(registry->validatedCount(), 2);
+  EXPECT_EQ(registry->sandboxSafeCount(), 1);
+  EXPECT_EQ(registry->summary(),
+            (EngineSummary{EngineHealth::Ready, u"Audio Units"_qs,
+                           u"macOS tarafından kayıtlı Audio Unit effect envanteri."_qs, 3}));
+  EXPECT_GT(registry->lastRefresh(), made);
+  EXPECT_EQ(registry->matching(u" mAKER "), (QList<qsizetype>{0, 1}));
+  EXPECT_EQ(registry->matching(u"conf"), QList<qsizetype>{2});
 
-  registry_->refresh();
-  EXPECT_EQ(items(), u"Good Plain Confined") << "what was listed stays until there is more";
-  components_->answer({});
-  ASSERT_TRUE(settled());
-  EXPECT_EQ(registry_->summary(), empty);
-  EXPECT_EQ(registry_->validatedCount() + registry_->sandboxSafeCount(), 0);
-}
-
-TEST_F(AudioUnits, OfTwoRefreshesTheLaterOneCounts) {
   int published = 0;
-  QObject::connect(registry_.get(), &EngineRegistry::changed, [&] { ++published; });
-  registry_->refresh();
-  components_->answer({effect(QStringLiteral("a"), QStringLiteral("x"))});
-  components_->answer({effect(QStringLiteral("a"), QStringLiteral("x"))});
+  QObject::connect(registry.get(), &EngineRegistry::changed, [&] { ++published; });
+  registry->refresh();
+  registry->refresh();
+  EXPECT_EQ(registry->items().size(), 3) << "what was listed stays until there is more";
+  components->answer({});
+  components->answer({});
   ASSERT_TRUE(settled());
-  EXPECT_FALSE(waitUntil([&] { return published > 1; }, 50ms));
+  EXPECT_FALSE(waitUntil([&] { return published > 1; }, std::chrono::milliseconds(50)));
   EXPECT_EQ(published, 1);
-}
+  EXPECT_EQ(registry->summary(), empty);
 
-TEST_F(AudioUnits, ARegistryThatGoesStopsItsRefresh) {
-  registry_.reset();
-  components_->answer({effect(QStringLiteral("a"), QStringLiteral("x"))});
-  EXPECT_TRUE(waitUntil([this] { return components_.use_count() == 1; }));
-  EXPECT_TRUE(components_->stopped);
+  registry->refresh();
+  registry.reset();
+  components->answer(found);
+  EXPECT_TRUE(waitUntil([&] { return components.use_count() == 1; }));
+  EXPECT_TRUE(components->stopped);
 }
 
 }  // namespace

@@ -5,14 +5,17 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 using namespace orvex;
 
 namespace {
 
-const QString kKey = QStringLiteral("vantrelo.orvex.finalcut.lutFolderBookmark");
-const QUrl kFolder = QUrl::fromLocalFile(QStringLiteral("/a/b"));
+const QString kKey = u"vantrelo.orvex.finalcut.lutFolderBookmark"_qs;
+const QUrl kFolder = QUrl::fromLocalFile(u"/a/b"_qs);
+const QByteArray kGood = "grant:file:///a/b";
+const QByteArray kStale = "stale:file:///a/b";
+const QString kNoGrant = u"[Vantrelo Orvex] bookmark resolve error no grant"_qs;
 
 class BookmarkStore : public testing::Test {
  protected:
@@ -22,56 +25,41 @@ class BookmarkStore : public testing::Test {
     return QSettings(settings.fileName(), QSettings::IniFormat).value(kKey);
   }
 
-  void choose(const std::optional<QUrl>& answer) {
-    chosen.reset();
-    store.chooseDirectory(QStringLiteral("Title"), kKey,
-                          [this](const std::optional<QUrl>& result) { chosen = result; });
-    EXPECT_FALSE(chosen);
-    access.answer(answer);
-  }
-
   QTemporaryDir folder;
-  QSettings settings{folder.filePath(QStringLiteral("settings")), QSettings::IniFormat};
+  QSettings settings{folder.filePath(u"settings"_qs), QSettings::IniFormat};
   ScriptedAccess access;
   RecordedLog log;
   FolderBookmarkStore store{access, settings, log};
-  // What the caller was told, once it was.
-  std::optional<std::optional<QUrl>> chosen;
 };
 
-TEST_F(BookmarkStore, KeepsWhatWasChosenAndFindsItAgain) {
-  choose(kFolder);
-  EXPECT_THAT(access.asked, testing::ElementsAre(QStringLiteral("Title|Seç")));
-  EXPECT_EQ(chosen, std::optional(kFolder));
-  EXPECT_EQ(stored(), QVariant(QByteArray("grant:file:///a/b")));
-  EXPECT_EQ(store.restoreDirectory(kKey), kFolder);
-  EXPECT_THAT(access.used, testing::IsEmpty());
-  EXPECT_THAT(log.lines, testing::IsEmpty());
-}
-
-TEST_F(BookmarkStore, ACancelledChoiceChangesNothing) {
-  settings.setValue(kKey, QByteArray("old"));
-  choose(std::nullopt);
-  ASSERT_TRUE(chosen.has_value());
-  EXPECT_EQ(*chosen, std::nullopt);
-  EXPECT_EQ(stored(), QVariant(QByteArray("old")));
-  EXPECT_THAT(log.lines, testing::IsEmpty());
-}
-
-TEST_F(BookmarkStore, AFolderWithoutAGrantIsHandedOnAllTheSame) {
-  settings.setValue(kKey, QByteArray("old"));
-  access.canGrant = false;
-  choose(kFolder);
-  EXPECT_EQ(chosen, std::optional(kFolder));
-  EXPECT_EQ(stored(), QVariant(QByteArray("old")));
-  EXPECT_THAT(log.lines, testing::ElementsAre(
-                             QStringLiteral("[Vantrelo Orvex] bookmark write error no grant")));
+TEST_F(BookmarkStore, StoresTheGrantOfWhatIsChosen) {
+  const struct {
+    std::optional<QUrl> answer;
+    bool canGrant;
+    QByteArray after;
+    QStringList lines;
+  } rows[]{
+      {kFolder, true, kGood, {}},
+      {{}, true, "old", {}},
+      {kFolder, false, "old", {u"[Vantrelo Orvex] bookmark write error no grant"_qs}},
+  };
+  for (const auto& row : rows) {
+    settings.setValue(kKey, QByteArray("old"));
+    access.canGrant = row.canGrant;
+    std::optional<std::optional<QUrl>> chosen;
+    store.chooseDirectory(u"Title"_qs, kKey, [&](const auto& result) { chosen = result; });
+    EXPECT_FALSE(chosen);
+    access.answer(row.answer);
+    ASSERT_TRUE(chosen.has_value());
+    EXPECT_EQ(*chosen, row.answer);
+    EXPECT_EQ(stored(), QVariant(row.after));
+    EXPECT_EQ(log.lines, row.lines);
+  }
+  EXPECT_EQ(access.asked, QStringList(3, u"Title|Seç"_qs));
 }
 
 TEST_F(BookmarkStore, RestoresByTheStateOfTheGrant) {
-  const QString resolveError = QStringLiteral("[Vantrelo Orvex] bookmark resolve error ");
   const struct {
-    const char* name;
     QVariant entry;
     bool stale;
     bool canGrant;
@@ -79,36 +67,12 @@ TEST_F(BookmarkStore, RestoresByTheStateOfTheGrant) {
     QVariant after;
     QStringList lines;
   } rows[]{
-      {"none", {}, false, true, {}, {}, {}},
-      {"of another type", QStringLiteral("text"), false, true, {}, QStringLiteral("text"), {}},
-      {"corrupt",
-       QByteArray("junk"),
-       false,
-       true,
-       {},
-       QByteArray("junk"),
-       {resolveError + QStringLiteral("no such grant")}},
-      {"good",
-       QByteArray("grant:file:///a/b"),
-       false,
-       false,
-       kFolder,
-       QByteArray("grant:file:///a/b"),
-       {}},
-      {"stale",
-       QByteArray("stale:file:///a/b"),
-       true,
-       true,
-       kFolder,
-       QByteArray("grant:file:///a/b"),
-       {}},
-      {"stale for good",
-       QByteArray("stale:file:///a/b"),
-       true,
-       false,
-       {},
-       QByteArray("stale:file:///a/b"),
-       {resolveError + QStringLiteral("no grant")}},
+      {{}, false, true, {}, {}, {}},
+      {u"text"_qs, false, true, {}, u"text"_qs, {}},
+      {QByteArray("x"), false, true, {}, QByteArray("x"), {kNoGrant.chopped(5) + u"such grant"_qs}},
+      {kGood, false, false, kFolder, kGood, {}},
+      {kStale, true, true, kFolder, kGood, {}},
+      {kStale, true, false, {}, kStale, {kNoGrant}},
   };
   for (const auto& row : rows) {
     settings.setValue(kKey, row.entry);
@@ -116,16 +80,15 @@ TEST_F(BookmarkStore, RestoresByTheStateOfTheGrant) {
     access.stale = row.stale;
     access.canGrant = row.canGrant;
     log.lines.clear();
-    EXPECT_EQ(store.restoreDirectory(kKey), row.restored) << row.name;
-    EXPECT_EQ(stored(), row.after) << row.name;
-    EXPECT_EQ(log.lines, row.lines) << row.name;
+    EXPECT_EQ(store.restoreDirectory(kKey), row.restored) << qPrintable(row.entry.toString());
+    EXPECT_EQ(stored(), row.after);
+    EXPECT_EQ(log.lines, row.lines);
   }
 }
 
 TEST_F(BookmarkStore, AnAnswerAfterItsEndReachesNobody) {
   auto other = std::make_unique<FolderBookmarkStore>(access, settings, log);
-  other->chooseDirectory(QStringLiteral("Title"), kKey,
-                         [](const std::optional<QUrl>&) { FAIL() << "called"; });
+  other->chooseDirectory(u"Title"_qs, kKey, [](const auto&) { FAIL() << "called"; });
   other.reset();
   access.answer(kFolder);
   EXPECT_FALSE(stored().isValid());
@@ -136,8 +99,7 @@ TEST(EngineHealth, ConvertsToItsRawValueAndBack) {
                             EngineHealth::Unavailable, EngineHealth::Error})
     EXPECT_EQ(engineHealthFromRawValue(rawValue(health)), health);
   EXPECT_EQ(rawValue(EngineHealth::NeedsAccess), u"needsAccess");
-  for (const char16_t* unknown : {u"", u"Ready", u"needs access"})
-    EXPECT_EQ(engineHealthFromRawValue(unknown), std::nullopt);
+  EXPECT_EQ(engineHealthFromRawValue(u"Ready"), std::nullopt);
 }
 
 }  // namespace

@@ -41,8 +41,7 @@ class Lv2Bundles {
     return "@prefix lv2: <http://lv2plug.in/ns/lv2core#> .\n"
            "@prefix doap: <http://usefulinc.com/ns/doap#> .\n"
            "@prefix foaf: <http://xmlns.com/foaf/0.1/> .\n"
-           "@prefix rdfs: <http://www.w3.org/2000/01/rdf-schema#> .\n"
-           "@prefix ext: <http://lv2plug.in/ns/ext/> .\n";
+           "@prefix rdfs: <http://www.w3.org/2000/01/rdf-schema#> .\n";
   }
   /// One audio input and one output.
   [[nodiscard]] static QByteArray ports() { return " ; lv2:port " + in() + " , " + out(); }

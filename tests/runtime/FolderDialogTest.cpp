@@ -2,16 +2,15 @@
 #include "runtime/QuickFolderChooser.h"
 #include "support/Wait.h"
 
-#include <QDir>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickStyle>
 #include <QQuickWindow>
-#include <QTemporaryDir>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 using namespace orvex;
 
@@ -40,10 +39,9 @@ class FolderDialogs : public testing::Test {
     window_.show();
   }
   void choose() {
-    chooser_->choose(QStringLiteral("LUT klasörünü seç"), QStringLiteral("Seç"),
-                     [this](const std::optional<QUrl>& url) {
-                       answers_.append(url ? url->toLocalFile() : QStringLiteral("nothing"));
-                     });
+    chooser_->choose(u"LUT klasörünü seç"_qs, u"Seç"_qs, [this](const std::optional<QUrl>& url) {
+      answers_.append(url ? url->toLocalFile() : u"nothing"_qs);
+    });
     EXPECT_TRUE(answers_.isEmpty());
   }
   [[nodiscard]] QQuickItem* button(const QString& text) {
@@ -66,34 +64,25 @@ class FolderDialogs : public testing::Test {
   QStringList answers_;
 };
 
-TEST_F(FolderDialogs, TheAcceptedFolderIsTheAnswer) {
-  const QTemporaryDir folder;
-  ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("LUTs")));
-  const QString before = QDir::currentPath();
-  ASSERT_TRUE(QDir::setCurrent(folder.path()));
+TEST_F(FolderDialogs, AnswerTheAcceptedFolderAndNothingWhenCancelled) {
   choose();
-  ASSERT_TRUE(QDir::setCurrent(before));
-  QQuickItem* accept = button(QStringLiteral("Seç"));
+  QQuickItem* accept = button(u"Seç"_qs);
   ASSERT_TRUE(accept);
   QMetaObject::invokeMethod(accept, "clicked");
   ASSERT_TRUE(answered());
-  EXPECT_TRUE(answers_[0].startsWith(u'/')) << qPrintable(answers_[0]);
-  EXPECT_FALSE(answers_[0].endsWith(u'/')) << qPrintable(answers_[0]);
+  EXPECT_TRUE(QFileInfo(answers_[0]).isDir()) << qPrintable(answers_[0]);
+  EXPECT_FALSE(answers_.takeFirst().endsWith(u'/'));
   EXPECT_TRUE(log_.lines.isEmpty());
-}
 
-TEST_F(FolderDialogs, ADialogThatIsCancelledIsNoFolder) {
   choose();
-  ASSERT_TRUE(button(QStringLiteral("Seç")));
+  ASSERT_TRUE(button(u"Seç"_qs));
   QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
   QCoreApplication::sendEvent(&window_, &escape);
   ASSERT_TRUE(answered());
-  EXPECT_EQ(answers_, QStringList{QStringLiteral("nothing")});
-}
+  EXPECT_EQ(answers_.takeFirst(), u"nothing");
 
-TEST_F(FolderDialogs, NothingIsAnsweredOnceTheChooserIsGone) {
   choose();
-  ASSERT_TRUE(button(QStringLiteral("Seç")));
+  ASSERT_TRUE(button(u"Seç"_qs));
   chooser_.reset();
   EXPECT_FALSE(waitUntil([this] { return !answers_.isEmpty(); }, std::chrono::milliseconds(50)));
 }
@@ -102,7 +91,7 @@ TEST_F(FolderDialogs, NothingIsAnsweredOnceTheChooserIsGone) {
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
-  QQuickStyle::setStyle(QStringLiteral("Basic"));
+  QQuickStyle::setStyle(u"Basic"_qs);
   const QGuiApplication application(argc, argv);
   return RUN_ALL_TESTS();
 }
