@@ -21,7 +21,11 @@ class SchemeHandling : public PrivateSession {
     return platform_->workspace().open(QUrl(QString::fromUtf16(url)));
   }
   [[nodiscard]] std::expected<void, QString> add(const QString& program) {
-    return platform_->schemeHandler().add(u"vantrelo-finalcut"_s, program);
+    const auto added = platform_->schemeHandler().add(u"vantrelo-finalcut"_s, program);
+    // GIO learns of changed desktop entries from a watcher on a thread of its own. Programs that
+    // register and programs that open are different ones; here both are this process.
+    std::ignore = waitUntil([] { return false; }, std::chrono::milliseconds(500));
+    return added;
   }
   [[nodiscard]] std::expected<void, QString> remove() {
     return platform_->schemeHandler().remove(u"vantrelo-finalcut"_s);
@@ -45,7 +49,7 @@ TEST_F(SchemeHandling, AHandlerGetsTheAddressAndTheEnvironmentAndIsNotWaitedFor)
   // Every character that means something in a desktop entry or to a shell.
   const QString program =
       script(u"odd \"$HOME\" `id` 'q' \\ ; = é/Vantrelo Orvex"_s,
-             "sleep 0.3\nprintf '%s|%s|%s' \"$#\" \"$1\" \"$ORVEX_HOST\" > \"$HOME/opened.part\"\n"
+             "sleep 1\nprintf '%s|%s|%s' \"$#\" \"$1\" \"$ORVEX_HOST\" > \"$HOME/opened.part\"\n"
              "mv \"$HOME/opened.part\" \"$HOME/opened\"\n");
   ASSERT_TRUE(add(script(u"former"_s, ""))) << "a moved program replaces the former";
   ASSERT_TRUE(add(program));
@@ -54,7 +58,7 @@ TEST_F(SchemeHandling, AHandlerGetsTheAddressAndTheEnvironmentAndIsNotWaitedFor)
   QElapsedTimer timer;
   timer.start();
   ASSERT_TRUE(open(kUrl));
-  EXPECT_LT(timer.elapsed(), 300);
+  EXPECT_LT(timer.elapsed(), 1000);
   const QString opened = home(u"opened"_s);
   ASSERT_TRUE(waitUntil([&] { return QFile::exists(opened); }));
   EXPECT_EQ(contents(opened).toStdString(),
