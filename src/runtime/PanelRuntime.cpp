@@ -103,12 +103,11 @@ void PanelRuntime::saveScreenshot(std::function<void(bool)> done) {
   const OrvexState& state = controller_->orvexState();
   window_->resize(QSizeF(state.panelWidth(), state.panelHeight()).toSize());
   window_->show();
-  controller_->hostAdapter().connect();
-  connect(hostRuntime_.get(), &HostRuntime::hostSingletonChanged, this,
-          [this] { controller_->hostAdapter().connect(); });
+  // A player needs a moment to report itself; asked before, the page would say that there is none.
+  QTimer::singleShot(500ms, this, [this] { controller_->hostAdapter().connect(); });
   // Pictures are loaded and fonts rasterised behind the first frames; what is on screen after this
   // time is what a person sees.
-  QTimer::singleShot(700ms, this, [this, done = std::move(done)] {
+  QTimer::singleShot(1200ms, this, [this, done = std::move(done)] {
     done(window_->grabWindow().save(options_.screenshot, "PNG"));
   });
 }
