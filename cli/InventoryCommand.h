@@ -64,7 +64,7 @@ void runInventory(const QString& command, const QStringList& arguments, const Fi
     TerminalProgress progress;
     inventory =
         scan(request->folder, {{}, [&progress](Progress latest) { progress.show(latest); }}, {});
-  } catch (const ScanError& error) {
+  } catch (const DescribedError& error) {
     printError(error.description());
     return finish(Failed);
   }

@@ -7,21 +7,6 @@
 #include <QPointer>
 
 namespace orvex {
-namespace {
-
-QString descriptionOf(const std::exception_ptr& failure) {
-  try {
-    std::rethrow_exception(failure);
-  } catch (const ScanError& error) {
-    return error.description();
-  } catch (const std::exception& error) {
-    return QStringLiteral("Klasör taranamadı (%1). Yeniden tara.")
-        .arg(QString::fromUtf8(error.what()));
-  }
-}
-
-}  // namespace
-
 FolderRegistry::FolderRegistry(FolderBookmarkStore& bookmarks, Engine engine, QObject* parent)
     : EngineRegistry(parent), bookmarks_(bookmarks), engine_(std::move(engine)) {}
 

@@ -43,7 +43,7 @@ FolderScan::FolderScan(QByteArray root, const WorkControl& control)
     : root_(std::move(root)), control_(control) {
   while (root_.size() > 1 && root_.endsWith('/')) root_.chop(1);
   struct stat status {};
-  if (::stat(root_.constData(), &status) != 0) throw ScanError(unreachable(root_, errno));
+  if (::stat(root_.constData(), &status) != 0) throw DescribedError(unreachable(root_, errno));
 }
 
 qint64 FolderScan::walk(const FileTree::Visitor& visit) const {
@@ -60,7 +60,7 @@ qint64 FolderScan::walk(const FileTree::Visitor& visit) const {
 }
 
 void FolderScan::throwIfStopped() const {
-  if (control_.stop.stop_requested()) throw ScanStopped();
+  if (control_.stop.stop_requested()) throw Stopped();
 }
 
 QByteArray FolderScan::absolute(QByteArrayView path) const {

@@ -10,12 +10,12 @@ namespace orvex {
 /// What the scans of all inventories share: the root, the walk over it, names made of paths.
 class FolderScan {
  public:
-  /// `root` is the absolute path of the folder. Throws `ScanError` when it cannot be asked for: a
+  /// `root` is the absolute path of the folder. Throws `DescribedError` when it cannot be asked for: a
   /// root that is there and cannot be read, or is no folder, has no entries.
   FolderScan(QByteArray root, const WorkControl& control);
 
   /// Calls `visit` for every entry below the root and reports how many it was. Returns how many
-  /// folders had to be passed over. Throws `ScanStopped`.
+  /// folders had to be passed over. Throws `Stopped`.
   qint64 walk(const FileTree::Visitor& visit) const;
 
   void throwIfStopped() const;

@@ -22,7 +22,7 @@ struct FxPlugItem {
 
 /// Lists every bundle below `root` (absolute, raw bytes) by name; any folder counts as a bundle,
 /// and what lies in a package is left alone. Of bundles with the same identifier the one with the
-/// last path counts. Blocking; throws `ScanError`, `ScanStopped`.
+/// last path counts. Blocking; throws `DescribedError`, `Stopped`.
 [[nodiscard]] Inventory<FxPlugItem> scanFxPlugs(const QByteArray& root, const WorkControl& control,
                                                 const ScanOptions& options = {});
 

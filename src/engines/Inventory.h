@@ -1,13 +1,13 @@
 #pragma once
 
 #include "base/Background.h"
+#include "base/DescribedError.h"
 #include "base/SearchIndex.h"
 
 #include <QByteArray>
 #include <QList>
 #include <QString>
 
-#include <exception>
 
 namespace orvex {
 
@@ -30,25 +30,6 @@ struct ScanOptions {
   QString cacheFolder = userCacheFolder();
 
   [[nodiscard]] static QString userCacheFolder();
-};
-
-/// A scan could not be made.
-class ScanError final : public std::exception {
- public:
-  /// `description` says in Turkish what failed and what to do.
-  explicit ScanError(QString description) : description_(std::move(description)) {}
-
-  [[nodiscard]] const QString& description() const noexcept { return description_; }
-  [[nodiscard]] const char* what() const noexcept override { return "scan failed"; }
-
- private:
-  QString description_;
-};
-
-/// A scan was asked to stop before it had ended.
-class ScanStopped final : public std::exception {
- public:
-  [[nodiscard]] const char* what() const noexcept override { return "scan stopped"; }
 };
 
 }  // namespace orvex

@@ -32,7 +32,7 @@ struct MotionTemplateItem {
 };
 
 /// Lists every template below `root` (absolute, raw bytes) by kind, then by name. Blocking; throws
-/// `ScanError`, `ScanStopped`.
+/// `DescribedError`, `Stopped`.
 [[nodiscard]] Inventory<MotionTemplateItem> scanMotionTemplates(const QByteArray& root,
                                                                 const WorkControl& control,
                                                                 const ScanOptions& options = {});

@@ -91,7 +91,7 @@ TEST_F(LUTScan, FailsOnlyWhenTheRootCannotBeAskedFor) {
   tree.file("locked/a.cube");
   ::chmod(tree.path("locked").constData(), 0);
   for (const char* path : {"missing", "file/below"})
-    EXPECT_THROW(std::ignore = scan(tree.path(path)), ScanError);
+    EXPECT_THROW(std::ignore = scan(tree.path(path)), DescribedError);
   const OrdinaryUser user(tree);
   for (const char* path : {"file", "locked"}) {
     const auto found = scan(tree.path(path));
@@ -149,7 +149,7 @@ TEST_F(LUTScan, ReportsStopsAndSurvivesInAHundredThousandEntries) {
   // While the tree is walked; reading so few files may be over before it is reported.
   std::stop_source stop;
   const auto stopThere = [&](Progress) { stop.request_stop(); };
-  EXPECT_THROW(std::ignore = scan(large.root(), {stop.get_token(), stopThere}), ScanStopped);
+  EXPECT_THROW(std::ignore = scan(large.root(), {stop.get_token(), stopThere}), Stopped);
   std::atomic<bool> removed = false;
   const auto found =
       scan(large.root(), {{}, [&](Progress progress) {

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "base/Collation.h"
+#include "services/UniversalPack.h"
+
+namespace orvex {
+
+/// The vendor's catalog of content packs, for all hosts.
+struct UniversalPackCatalog {
+  std::int64_t schemaVersion = 0;
+  QString revision;
+  std::optional<QString> previousRevisionSHA256;
+  QList<UniversalPack> packs;
+
+  /// Reads the JSON document. Throws `JsonError`.
+  [[nodiscard]] static UniversalPackCatalog decode(const QByteArray& json);
+  [[nodiscard]] QByteArray encode() const;
+
+  friend bool operator==(const UniversalPackCatalog&, const UniversalPackCatalog&) = default;
+};
+
+/// This panel's packs of the catalog, by name in the order of `collation`.
+[[nodiscard]] QList<UniversalPack> finalCutPacks(const UniversalPackCatalog& catalog,
+                                                 const Collation& collation = Collation());
+/// The files of the pack for this panel: the shared ones, then those of its variant.
+[[nodiscard]] QList<UniversalPackAsset> finalCutAssets(const UniversalPack& pack);
+
+}  // namespace orvex
