@@ -30,7 +30,7 @@ std::optional<Kind> failureOf(Work work) {
     EXPECT_TRUE(error.description().contains(u"localhost")) << error.description();
     kind = error.kind();
   }
-  EXPECT_LT(std::chrono::steady_clock::now() - start, 5s);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 15s);
   return kind;
 }
 
@@ -267,7 +267,7 @@ TEST(HttpClient, Stops) {
     EXPECT_THROW(std::ignore = client.download(
                      server.url(path), [](auto) {}, stop.get_token()),
                  Stopped);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, 5s);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 15s);
     EXPECT_THROW(std::ignore = fetch(client, server.url(path), stop.get_token()), Stopped);
   }
 }
