@@ -25,5 +25,10 @@ int main(int argc, char** argv) {
         stderr);
     return 2;
   }
-  return check->second(most) ? 0 : 1;
+  try {
+    return check->second(most) ? 0 : 1;
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "%s: %s\n", argv[1], error.what());
+    return 1;
+  }
 }
