@@ -22,7 +22,7 @@ struct TestPack {
       pack.sharedAssets.append({.file = file.key(),
                                 .sha256 = QString::fromLatin1(Sha256::of(*file).toHex()),
                                 .bytes = file->size(),
-                                .url = QStringLiteral("https://localhost/") + file.key()});
+                                .url = QStringLiteral("https://localhost/file")});
   }
 
   /// Brings the files in pieces.
