@@ -22,6 +22,8 @@ OrvexState::OrvexState(const OrvexServices& services, QObject* parent)
   });
   connect(&releaseCheck_, &ReleaseCheck::changed, this, &OrvexState::releaseChanged);
   connect(&releaseCheck_, &ReleaseCheck::toast, this, &OrvexState::showToast);
+  connect(&packOperations_, &PackOperations::refreshingChanged, this,
+          &OrvexState::packsRefreshingChanged);
   connect(&packOperations_, &PackOperations::packsChanged, this, &OrvexState::packsChanged);
   connect(&packOperations_, &PackOperations::installedChanged, this,
           &OrvexState::installedPacksChanged);

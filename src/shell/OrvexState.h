@@ -28,6 +28,7 @@ class OrvexState : public QObject, public HostState {
   Q_PROPERTY(orvex::OrvexToast toast READ toastOrLast NOTIFY toastChanged FINAL)
   Q_PROPERTY(bool requestSending READ requestSending WRITE setRequestSending NOTIFY
                  requestSendingChanged FINAL)
+  Q_PROPERTY(bool packsRefreshing READ packsRefreshing NOTIFY packsRefreshingChanged FINAL)
   Q_PROPERTY(QString packLastError READ packLastErrorOrEmpty NOTIFY packLastErrorChanged FINAL)
   Q_PROPERTY(orvex::RequestSubmission* request READ request CONSTANT FINAL)
   Q_PROPERTY(QString panelVersion READ panelVersion CONSTANT FINAL)
@@ -88,6 +89,8 @@ class OrvexState : public QObject, public HostState {
   [[nodiscard]] const std::optional<QString>& packLastError() const noexcept {
     return packOperations_.lastError();
   }
+  /// The catalog is being read.
+  [[nodiscard]] bool packsRefreshing() const noexcept { return packOperations_.isRefreshing(); }
   /// See `PackOperations`.
   Q_INVOKABLE void refreshPacks(bool silent) { packOperations_.refresh(silent); }
   Q_INVOKABLE void refreshInstalledPacks() { packOperations_.refreshInstalled(); }
@@ -113,6 +116,7 @@ class OrvexState : public QObject, public HostState {
   void requestSendingChanged();
   void panelWidthChanged();
   void panelHeightChanged();
+  void packsRefreshingChanged();
   void packsChanged();
   void installedPacksChanged();
   void packBusyIDsChanged(const QString& packID);

@@ -76,6 +76,7 @@ void PackOperations::refresh(bool silent) {
       },
       [this](const std::expected<Found, std::exception_ptr>& found) {
         const bool tell = std::exchange(toastOwed_, false);
+        Q_EMIT refreshingChanged();
         if (!found) {
           const QString description = descriptionOf(found.error());
           setLastError(description);
@@ -94,6 +95,7 @@ void PackOperations::refresh(bool silent) {
           Q_EMIT toast(QStringLiteral("%1 Universal Pack bulundu.").arg(found->packs.size()),
                        OrvexToast::Kind::success, kBrief);
       });
+  Q_EMIT refreshingChanged();
 }
 
 void PackOperations::refreshInstalled() {

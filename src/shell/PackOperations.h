@@ -48,6 +48,8 @@ class PackOperations final : public QObject {
   [[nodiscard]] std::optional<PackActivity> activity(const QString& packID) const;
   [[nodiscard]] const std::optional<QString>& lastError() const noexcept { return lastError_; }
 
+  [[nodiscard]] bool isRefreshing() const noexcept { return refresh_.isRunning(); }
+
   /// Reads catalog and installed packs. Of two at once the later one counts; it speaks for the
   /// earlier one too where that was not to be silent.
   void refresh(bool silent);
@@ -60,6 +62,7 @@ class PackOperations final : public QObject {
   void cancelInstall(const QString& packID);
 
  Q_SIGNALS:
+  void refreshingChanged();
   void packsChanged();
   void installedChanged();
   /// An operation on the pack began or ended.
