@@ -14,6 +14,8 @@ struct ReleaseState {
   Q_PROPERTY(bool checking MEMBER checking)
   Q_PROPERTY(QString latestVersion MEMBER latestVersion)
   Q_PROPERTY(bool updateAvailable MEMBER updateAvailable)
+  Q_PROPERTY(bool hasDownload READ hasDownload)
+  Q_PROPERTY(bool hasNotes READ hasNotes)
   Q_PROPERTY(QUrl downloadURL READ downloadPage)
   Q_PROPERTY(QUrl notesURL READ notesPage)
   Q_PROPERTY(QString publishedAt READ publishedText)
@@ -43,6 +45,8 @@ struct ReleaseState {
   [[nodiscard]] static QUrl webPage(const std::optional<QUrl>& url) {
     return url && url->scheme() == u"https" && !url->host().isEmpty() ? *url : QUrl();
   }
+  [[nodiscard]] bool hasDownload() const { return !downloadPage().isEmpty(); }
+  [[nodiscard]] bool hasNotes() const { return !notesPage().isEmpty(); }
   [[nodiscard]] QString publishedText() const { return publishedAt.value_or(QString()); }
   [[nodiscard]] QString lastErrorText() const { return lastError.value_or(QString()); }
 };
