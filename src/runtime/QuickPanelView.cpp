@@ -6,6 +6,7 @@
 #include "engines/MotionTemplateRegistry.h"
 #include "host/FinalCutHostAdapter.h"
 #include "runtime/PanelWindow.h"
+#include "shell/OrvexDesktop.h"
 #include "shell/OrvexState.h"
 
 #include <QColor>
@@ -66,7 +67,8 @@ std::unique_ptr<PanelViewHost::HostedView> QuickPanelView::hostRootView(
                      {QStringLiteral("audio"), QVariant::fromValue(&objects.audio)},
                      {QStringLiteral("luts"), QVariant::fromValue(&objects.luts)},
                      {QStringLiteral("fxplug"), QVariant::fromValue(&objects.fxplug)},
-                     {QStringLiteral("hostAdapter"), QVariant::fromValue(&objects.hostAdapter)}});
+                     {QStringLiteral("hostAdapter"), QVariant::fromValue(&objects.hostAdapter)},
+                     {QStringLiteral("desktop"), QVariant::fromValue(&objects.desktop)}});
   return std::make_unique<HostedRootView>(std::move(root), window_.panelArea());
 }
 

@@ -13,6 +13,7 @@ Item {
     required property LUTRegistry luts
     required property FxPlugRegistry fxplug
     required property FinalCutHostAdapter hostAdapter
+    required property OrvexDesktop desktop
 
     readonly property bool compact: panel.width < OrvexPanelMetrics.wideWidth
     // The page that the compact strip is centred on: the active one, until the strip's arrows move it
@@ -77,6 +78,7 @@ Item {
             luts: root.luts
             fxplug: root.fxplug
             hostAdapter: root.hostAdapter
+            desktop: root.desktop
         }
 
         OrvexToastOverlay {
