@@ -28,12 +28,12 @@ struct ReleaseState {
   /// The version of the last manifest fetched, at first the panel's own.
   QString latestVersion;
   bool updateAvailable = false;
-  std::optional<QUrl> downloadURL;
-  std::optional<QUrl> notesURL;
+  std::optional<QUrl> downloadURL{};
+  std::optional<QUrl> notesURL{};
   /// As the manifest has it; never read as a date.
-  std::optional<QString> publishedAt;
+  std::optional<QString> publishedAt{};
   bool mandatory = false;
-  std::optional<QString> lastError;
+  std::optional<QString> lastError{};
 
   /// What a browser may be asked to open: the address where it is one of https, else nothing.
   [[nodiscard]] QUrl downloadPage() const { return webPage(downloadURL); }
