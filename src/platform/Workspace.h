@@ -1,17 +1,29 @@
 #pragma once
 
+#include <QString>
+
+#include <expected>
+#include <functional>
+
 class QUrl;
 
 namespace orvex {
 
-/// What the desktop does for the panel.
+/// What the desktop does for the panel. Main thread only.
 class Workspace {
  public:
+  /// The error, in Turkish, says why the file could not be shown.
+  using Revealed = std::function<void(const std::expected<void, QString>&)>;
+
   virtual ~Workspace() = default;
 
   /// Hands `url` to the application registered for its scheme. Returns whether the hand-over
   /// worked, not what came of it; does not wait for the application.
   [[nodiscard]] virtual bool open(const QUrl& url) = 0;
+
+  /// Shows the file or folder `file`, a local file URL, selected in the file manager. Returns at
+  /// once; `revealed` is called once, later, on the main thread, but not after this object is gone.
+  virtual void reveal(const QUrl& file, Revealed revealed) = 0;
 };
 
 }  // namespace orvex

@@ -6,6 +6,7 @@
 #include "engines/MotionTemplateRegistry.h"
 #include "host/FinalCutHostAdapter.h"
 #include "runtime/PanelWindow.h"
+#include "shell/OrvexDesktop.h"
 #include "shell/OrvexState.h"
 
 #include <QColor>
@@ -67,6 +68,7 @@ std::unique_ptr<PanelViewHost::HostedView> QuickPanelView::hostRootView(
                      {QStringLiteral("luts"), QVariant::fromValue(&objects.luts)},
                      {QStringLiteral("fxplug"), QVariant::fromValue(&objects.fxplug)},
                      {QStringLiteral("hostAdapter"), QVariant::fromValue(&objects.hostAdapter)},
+                     {QStringLiteral("desktop"), QVariant::fromValue(&objects.desktop)},
                      {QStringLiteral("pageWanted"), false}});
   // The frame around the page is on screen sooner when the page is made behind it.
   QObject::connect(

@@ -13,6 +13,7 @@ Item {
     required property LUTRegistry luts
     required property FxPlugRegistry fxplug
     required property FinalCutHostAdapter hostAdapter
+    required property OrvexDesktop desktop
     required property bool active
     required property real contentTopPadding
 
@@ -148,6 +149,7 @@ Item {
 
         OrvexUpdateCenterView {
             state: view.state
+            onOpenPage: url => view.desktop.openPage(url)
         }
     }
 

@@ -13,6 +13,7 @@ Item {
     required property LUTRegistry luts
     required property FxPlugRegistry fxplug
     required property FinalCutHostAdapter hostAdapter
+    required property OrvexDesktop desktop
 
     // Whether the page is made; who shows the view can hold it back until the frame around it is seen.
     property bool pageWanted: true
@@ -80,6 +81,7 @@ Item {
             luts: root.luts
             fxplug: root.fxplug
             hostAdapter: root.hostAdapter
+            desktop: root.desktop
         }
 
         OrvexToastOverlay {
