@@ -154,6 +154,7 @@ Item {
 
         OrvexUpdateCenterView {
             state: view.state
+            onOpenPage: url => view.desktop.openPage(url)
         }
     }
 
