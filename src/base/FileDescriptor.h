@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cerrno>
 #include <unistd.h>
 #include <utility>
 
@@ -23,6 +24,9 @@ class FileDescriptor {
 
   [[nodiscard]] explicit operator bool() const noexcept { return fd_ >= 0; }
   [[nodiscard]] int get() const noexcept { return fd_; }
+  /// Closes it now and returns what the system says to that: 0, or an errno value. Never tried
+  /// again: the descriptor is gone either way.
+  [[nodiscard]] int close() noexcept { return ::close(std::exchange(fd_, -1)) == 0 ? 0 : errno; }
   /// Gives the descriptor away.
   [[nodiscard]] int release() noexcept { return std::exchange(fd_, -1); }
 

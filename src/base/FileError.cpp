@@ -26,6 +26,10 @@ QString reason(int code) {
     case ENOTDIR:
     case ELOOP:
       return QStringLiteral("yolda klasör yerine bir bağlantı ya da dosya var; onu kaldır");
+    case EEXIST:
+      return QStringLiteral("bu adda bir dosya ya da klasör zaten var; onu kaldır");
+    case EINVAL:
+      return QStringLiteral("bu türden bir dosyayla yapılamaz");
     case ENAMETOOLONG:
       return QStringLiteral("ad çok uzun");
     case EMFILE:

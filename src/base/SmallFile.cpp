@@ -1,7 +1,5 @@
 #include "base/SmallFile.h"
 
-#include "base/FileDescriptor.h"
-
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -9,8 +7,12 @@
 namespace orvex {
 
 std::optional<QByteArray> readSmallFile(int folder, const QByteArray& path, qsizetype maximum) {
-  const FileDescriptor file(
-      ::openat(folder, path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+  return readSmallFile(FileDescriptor(::openat(folder, path.constData(),
+                                               O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)),
+                       maximum);
+}
+
+std::optional<QByteArray> readSmallFile(const FileDescriptor& file, qsizetype maximum) {
   struct stat status {};
   if (!file || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode) ||
       status.st_size > maximum)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/FileDescriptor.h"
+
 #include <QByteArray>
 
 #include <optional>
@@ -10,6 +12,9 @@ namespace orvex {
 /// directory, AT_FDCWD). Nothing when it is missing, no regular file (a FIFO or device is not
 /// waited for), larger than `maximum` bytes or cannot be read.
 [[nodiscard]] std::optional<QByteArray> readSmallFile(int folder, const QByteArray& path,
+                                                      qsizetype maximum);
+/// The same of an open file.
+[[nodiscard]] std::optional<QByteArray> readSmallFile(const FileDescriptor& file,
                                                       qsizetype maximum);
 
 }  // namespace orvex

@@ -1,9 +1,9 @@
 #include "engines/LUTHeaderCache.h"
 
+#include "base/NewFile.h"
+#include "base/Sha256.h"
 #include "base/SmallFile.h"
-#include "base/WriteFile.h"
 
-#include <QCryptographicHash>
 #include <QDataStream>
 #include <QFile>
 
@@ -25,10 +25,6 @@ constexpr qint64 kTrustedAge = 2'000'000'000;
 
 qint64 nanoseconds(const timespec& time) noexcept {
   return qint64{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
-}
-
-QByteArray digest(QByteArrayView bytes) {
-  return QCryptographicHash::hash(bytes.toByteArray(), QCryptographicHash::Sha256);
 }
 
 }  // namespace
@@ -60,7 +56,7 @@ void LUTHeaderCache::add(const FileIdentity& file, const LUTHeader& header) {
 }
 
 void LUTHeaderCache::save() const {
-  if (changed_) std::ignore = replaceFile(path_, written());
+  if (changed_) std::ignore = replaceFile(QFile::encodeName(path_), written());
 }
 
 QByteArray LUTHeaderCache::written() const {
@@ -78,13 +74,13 @@ QByteArray LUTHeaderCache::written() const {
            << header.title.has_value() << header.title.value_or(QString()).toUtf8()
            << header.dimension.toUtf8();
   }
-  return bytes + digest(bytes);
+  return bytes + Sha256::of(bytes);
 }
 
 bool LUTHeaderCache::read(const QByteArray& bytes) {
   if (bytes.size() < kDigestSize) return false;
   const QByteArrayView body = QByteArrayView(bytes).chopped(kDigestSize);
-  if (digest(body) != bytes.last(kDigestSize)) return false;
+  if (Sha256::of(body) != bytes.last(kDigestSize)) return false;
   QDataStream stream(QByteArray::fromRawData(body.data(), body.size()));
   quint64 magic = 0;
   quint32 count = 0;

@@ -130,4 +130,9 @@ bool PanelRuntime::performOnBuiltInHost(const QString& action) {
   return host != nullptr && host->performTimelineAction(action);
 }
 
+QString PanelRuntime::applyLUTOnBuiltInHost(const QString& name) {
+  BuiltInHost* host = builtInHost();
+  return host != nullptr ? host->applyLUT(name) : QString();
+}
+
 }  // namespace orvex

@@ -41,6 +41,7 @@ class PanelRuntime final : public QObject, private PanelEndpoint {
   bool focusPanel() override;
   [[nodiscard]] QString hostInUse() override;
   bool performOnBuiltInHost(const QString& action) override;
+  QString applyLUTOnBuiltInHost(const QString& name) override;
 
   void followSizes();
   [[nodiscard]] BuiltInHost* builtInHost() const;

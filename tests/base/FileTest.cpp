@@ -1,9 +1,13 @@
+#include "base/FileError.h"
 #include "base/FileUrl.h"
+#include "base/NewFile.h"
+#include "base/Sha256.h"
 #include "base/SmallFile.h"
-#include "base/WriteFile.h"
 #include "support/TemporaryTree.h"
 
 #include <QDir>
+
+#include <gmock/gmock.h>
 
 using namespace orvex;
 
@@ -35,21 +39,63 @@ TEST(SmallFile, ReadsRegularFilesUpToTheLimitOnly) {
   EXPECT_EQ(readSmallFile(AT_FDCWD, "/dev/zero", 5), std::nullopt);
 }
 
-TEST(WriteFile, ReplacesTheFileAndNotWhatALinkLeadsTo) {
+TEST(NewFile, ReplacesTheFileAndNotWhatALinkLeadsTo) {
   const TemporaryTree tree;
   tree.file("target", "kept");
   tree.link("cache/file", "../target");
-  EXPECT_TRUE(replaceFile(tree.text("cache/file"), "new"));
+  EXPECT_TRUE(replaceFile(tree.path("cache/file"), "new"));
   EXPECT_EQ(readSmallFile(AT_FDCWD, tree.path("target"), 10), QByteArray("kept"));
   EXPECT_EQ(readSmallFile(AT_FDCWD, tree.path("cache/file"), 10), QByteArray("new"));
-  EXPECT_TRUE(replaceFile(tree.text("new/folders/file"), "x"));
+  EXPECT_TRUE(replaceFile(tree.path("new/folders/file"), "x"));
   // Nothing is left behind where it cannot be written.
   tree.folder("taken/x");
-  EXPECT_FALSE(replaceFile(tree.text("taken"), "x"));
-  EXPECT_FALSE(replaceFile(tree.text("target/below"), "x"));
-  EXPECT_EQ(QDir(tree.text(".")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+  EXPECT_FALSE(replaceFile(tree.path("taken"), "x"));
+  EXPECT_FALSE(replaceFile(tree.path("target/below"), "x"));
+  EXPECT_EQ(QDir(tree.text(".")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
             (QStringList{QStringLiteral("cache"), QStringLiteral("new"), QStringLiteral("taken"),
                          QStringLiteral("target")}));
+}
+
+TEST(Directory, FollowsNoLinkAndWaitsForNothing) {
+  const TemporaryTree tree;
+  tree.file("outside/kept");
+  tree.link("root/link", "../outside");
+  tree.link("root/file", "../outside/kept");
+  tree.fifo("root/fifo");
+  const auto root = Directory::open(tree.path("root"));
+  for (const char* name : {"link", "fifo", "file", "missing"}) {
+    EXPECT_THROW(std::ignore = root.folder(name), FileError) << name;
+    EXPECT_THROW(std::ignore = root.file(name), FileError) << name;
+  }
+  for (const char* name : {"link", "file", "fifo"})
+    EXPECT_THROW(std::ignore = root.makeFile(name), FileError) << name;
+  EXPECT_THAT(root.names(), testing::UnorderedElementsAre("link", "file", "fifo"));
+}
+
+TEST(Directory, RemovesAllBelowAndNothingBehindLinks) {
+  const TemporaryTree tree;
+  tree.file("outside/kept");
+  tree.file("root/pack/a/b/\xff\xfe");
+  tree.folder("root/pack/empty");
+  tree.fifo("root/pack/fifo");
+  tree.link("root/pack/a/link", tree.path("outside"));
+  tree.link("root/link", "../outside");
+  const auto root = Directory::open(tree.path("root"));
+  QByteArray deep = "root/deep";
+  for (int i = 0; i < 300; ++i) deep += "/d";
+  tree.file(deep + "/x");
+  for (const char* name : {"pack", "link", "deep", "missing"}) root.remove(name);
+  EXPECT_TRUE(root.names().isEmpty());
+  EXPECT_TRUE(QFile::exists(tree.text("outside/kept")));
+}
+
+TEST(Sha256, IsTheDigestOfAllPieces) {
+  Sha256 digest;
+  digest.add("a");
+  digest.add({});
+  digest.add("bc");
+  EXPECT_EQ(digest.finish().toHex(),
+            "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
 }
 
 }  // namespace

@@ -33,6 +33,10 @@ class CompanionProcess : public PrivateSession, protected PanelEndpoint {
     calls_.append(action);
     return hasBuiltInHost_;
   }
+  QString applyLUTOnBuiltInHost(const QString& name) override {
+    calls_.append(name);
+    return hasBuiltInHost_ ? u"Açılış"_s : QString();
+  }
 
   // Runs the companion while the event loop here answers for the panel.
   [[nodiscard]] static ProgramResult run(const QStringList& arguments) {

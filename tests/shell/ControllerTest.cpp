@@ -45,6 +45,7 @@ class World final : public HostRuntime,
     opened.append(url.toString());
     return false;
   }
+  void launch(const QUrl&, Launched) override {}
 
   class Subscription final : public Token {
    public:

@@ -1,10 +1,39 @@
 #include "platform/linux/GioWorkspace.h"
 
+#include "base/Bundle.h"
+#include "base/FileUrl.h"
 #include "platform/linux/GlibPointers.h"
 
+#include <QCoreApplication>
+#include <QFile>
+#include <QProcess>
 #include <QUrl>
 
 namespace orvex {
+namespace {
+
+std::expected<void, QString> start(const QUrl& application) {
+  const QString folder = QFile::decodeName(filePath(application));
+  const QVariant name = Bundle(folder).infoValue(QStringLiteral("CFBundleExecutable"));
+  // The list could name a program elsewhere.
+  if (folder.isEmpty() || name.typeId() != QMetaType::QString || name.toString().isEmpty() ||
+      name.toString().contains(u'/'))
+    return std::unexpected(QStringLiteral("%1 bir uygulama değil. Uygulamayı yeniden kur.")
+                               .arg(application.toDisplayString(QUrl::PreferLocalFile)));
+  // Started by a process of its own that is gone at once, so that nothing is left to be waited for.
+  // Whoever reads what this program prints is not to hear the application.
+  QProcess process;
+  process.setProgram(folder + QStringLiteral("/Contents/MacOS/") + name.toString());
+  process.setStandardInputFile(QProcess::nullDevice());
+  process.setStandardOutputFile(QProcess::nullDevice());
+  process.setStandardErrorFile(QProcess::nullDevice());
+  if (process.startDetached()) return {};
+  return std::unexpected(
+      QStringLiteral("%1 başlatılamadı. Dosyanın var ve çalıştırılabilir olduğunu denetle.")
+          .arg(process.program()));
+}
+
+}  // namespace
 
 bool GioWorkspace::open(const QUrl& url) {
   if (!url.isValid() || url.scheme().isEmpty()) return false;
@@ -20,6 +49,13 @@ bool GioWorkspace::open(const QUrl& url) {
   // GLib starts the program through a process of its own that is gone at once, so that nothing is
   // left to be waited for; the program inherits the environment.
   return g_app_info_launch_uris(application.get(), &list, nullptr, nullptr) != FALSE;
+}
+
+void GioWorkspace::launch(const QUrl& application, Launched launched) {
+  QMetaObject::invokeMethod(
+      QCoreApplication::instance(),
+      [result = start(application), launched = std::move(launched)] { launched(result); },
+      Qt::QueuedConnection);
 }
 
 }  // namespace orvex

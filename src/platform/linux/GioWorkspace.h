@@ -8,6 +8,7 @@ namespace orvex {
 class GioWorkspace final : public Workspace {
  public:
   [[nodiscard]] bool open(const QUrl& url) override;
+  void launch(const QUrl& application, Launched launched) override;
 };
 
 }  // namespace orvex

@@ -1,0 +1,106 @@
+#include "platform/hosts/MpvLUT.h"
+
+#include "platform/hosts/MpvTask.h"
+
+#include <QJsonObject>
+
+#include <chrono>
+
+namespace orvex {
+namespace {
+
+constexpr auto kLabel = "orvex-lut";
+// A file that was just opened shows its first frame sooner; one without a picture never does.
+constexpr std::chrono::milliseconds kPictureLimit{800};
+
+QString label() {
+  return QString::fromLatin1(kLabel);
+}
+
+class LUTTask final : public MpvTask {
+ public:
+  LUTTask(std::unique_ptr<MpvConnection> connection, QString path, QString name, Done done,
+          QObject* parent)
+      : MpvTask(std::move(connection), std::move(done), parent),
+        path_(std::move(path)),
+        name_(std::move(name)) {
+    ask(u"path", [this](const QJsonValue& file) {
+      if (!file.isString())
+        return fail(
+            QStringLiteral("%1 LUT'u uygulanamadı: mpv'de açık video yok. Önce bir video aç.")
+                .arg(name_));
+      awaitPicture();
+    });
+  }
+
+ private:
+  // A filter that is added before there is a picture is not tried, and a bad one would then take
+  // the picture away.
+  void awaitPicture() {
+    QTimer::singleShot(kPictureLimit, this, [this] {
+      if (!begun_)
+        fail(
+            QStringLiteral("%1 LUT'u uygulanamadı: mpv bir görüntü göstermiyor. Görüntüsü olan bir "
+                           "dosya aç, sonra yeniden dene.")
+                .arg(name_));
+    });
+    QObject::connect(&connection(), &MpvConnection::eventReceived, this,
+                     [this](const MpvEvent& event) {
+                       if (event.name != u"property-change" || !event.data.isObject() || begun_)
+                         return;
+                       begun_ = true;
+                       add();
+                     });
+    run({QStringLiteral("observe_property"), 1, QStringLiteral("video-params")},
+        [](const QJsonValue&) {});
+  }
+
+  void add() {
+    // The count of bytes before the path keeps every character of it from being understood.
+    const QString filter =
+        QStringLiteral("@%1:lut3d=file=%%2%%3").arg(label()).arg(path_.toUtf8().size()).arg(path_);
+    run({QStringLiteral("vf"), QStringLiteral("add"), filter}, [this](const QJsonValue&) {
+      ask(u"vf", [this](const QJsonValue& chain) { check(chain); });
+    });
+  }
+
+  void check(const QJsonValue& chain) {
+    bool there = false;
+    for (const QJsonValue filter : chain.toArray())
+      there = there || (filter[u"label"] == label() && filter[u"name"].toString() == u"lut3d" &&
+                        filter[u"enabled"] == true && filter[u"params"][u"file"] == path_);
+    if (!there) return failToShow();
+    // Only a filter that works on the picture has this.
+    connection().send({QStringLiteral("get_property"), QStringLiteral("vf-metadata/") + label()},
+                      [this](const MpvReply& reply) {
+                        if (!reply.succeeded()) return failToShow();
+                        ask(u"media-title", [this](const QJsonValue& title) { succeed(title); });
+                      });
+  }
+
+  void failToShow() {
+    fail(QStringLiteral("%1 LUT'u uygulanamadı: mpv filtreyi aldı ama kullanmıyor.").arg(name_));
+  }
+
+  void succeed(const QJsonValue& title) {
+    finish(QStringLiteral("%1 LUT'u %2 kaydına uygulandı. mpv'de seçim yoktur, LUT tüm kaydı "
+                          "etkiler.")
+               .arg(name_, title.toString()));
+  }
+
+  const QString path_;
+  const QString name_;
+  bool begun_ = false;
+};
+
+}  // namespace
+
+MpvLUT::MpvLUT(const QString& socketPath) : socketPath_(socketPath) {}
+
+void MpvLUT::apply(const QString& path, const QString& name, Done done) {
+  auto connection = MpvConnection::open(socketPath_);
+  if (!connection) return done(std::unexpected(connection.error()));
+  new LUTTask(std::move(*connection), path, name, std::move(done), this);
+}
+
+}  // namespace orvex
