@@ -6,8 +6,8 @@
 
 namespace orvex {
 
-/// The size of every preview, in pixels: a card's picture at twice its size on most screens.
-inline constexpr QSize kPreviewSize{320, 180};
+/// The size of every preview, in pixels: a card's picture at about twice its points.
+inline constexpr QSize kPreviewSize{384, 216};
 
 /// `picture` brought to `kPreviewSize`, opaque: what sticks out of that shape is cut evenly. Null
 /// for an empty picture.
