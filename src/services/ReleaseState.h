@@ -14,7 +14,11 @@ struct ReleaseState {
   Q_PROPERTY(bool checking MEMBER checking)
   Q_PROPERTY(QString latestVersion MEMBER latestVersion)
   Q_PROPERTY(bool updateAvailable MEMBER updateAvailable)
+  Q_PROPERTY(QUrl downloadURL READ downloadPage)
+  Q_PROPERTY(QUrl notesURL READ notesPage)
+  Q_PROPERTY(QString publishedAt READ publishedText)
   Q_PROPERTY(bool mandatory MEMBER mandatory)
+  Q_PROPERTY(QString lastError READ lastErrorText)
 
  public:
   /// A check is running.
@@ -29,7 +33,18 @@ struct ReleaseState {
   bool mandatory = false;
   std::optional<QString> lastError;
 
+  /// What a browser may be asked to open: the address where it is one of https, else nothing.
+  [[nodiscard]] QUrl downloadPage() const { return webPage(downloadURL); }
+  [[nodiscard]] QUrl notesPage() const { return webPage(notesURL); }
+
   friend bool operator==(const ReleaseState&, const ReleaseState&) = default;
+
+ private:
+  [[nodiscard]] static QUrl webPage(const std::optional<QUrl>& url) {
+    return url && url->scheme() == u"https" && !url->host().isEmpty() ? *url : QUrl();
+  }
+  [[nodiscard]] QString publishedText() const { return publishedAt.value_or(QString()); }
+  [[nodiscard]] QString lastErrorText() const { return lastError.value_or(QString()); }
 };
 
 }  // namespace orvex

@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QList>
+#include <QObject>
 #include <QString>
 
 #include <cstdint>
@@ -32,6 +33,9 @@ struct UniversalPackRollback {
 
 /// One content pack of the catalog.
 struct UniversalPack {
+  Q_GADGET
+
+ public:
   std::int64_t schemaVersion = 0;
   QString id;
   QString name;

@@ -1,6 +1,7 @@
 #include "shell/OrvexConfig.h"
 
 #include "base/Bundle.h"
+#include "services/OrvexServices.h"
 
 namespace orvex {
 namespace {
@@ -48,6 +49,13 @@ QUrl OrvexConfig::updateManifestURL() {
 }
 QUrl OrvexConfig::packsManifestURL() {
   return endpoint(QLatin1String("/downloads/orvex/packs/manifest.json"));
+}
+
+OrvexServices OrvexConfig::services() {
+  const HttpOptions http{.caFile = qEnvironmentVariable("ORVEX_CA_FILE")};
+  return {ReleaseCenterClient(updateManifestURL(), http),
+          UniversalPackClient(packsManifestURL(), UniversalPackClient::userRoot(), http),
+          RequestCenterClient(requestCenterURL(), http)};
 }
 
 QString OrvexConfig::version() {

@@ -8,6 +8,7 @@
 namespace orvex {
 
 class Bundle;
+struct OrvexServices;
 
 /// Where the vendor's services are and which version this is.
 namespace OrvexConfig {
@@ -24,6 +25,10 @@ namespace OrvexConfig {
 [[nodiscard]] QUrl updateManifestURL();
 /// The content-pack catalog.
 [[nodiscard]] QUrl packsManifestURL();
+
+/// The clients of the three endpoints, with the packs below the user's own folder. What the
+/// variable ORVEX_CA_FILE names is trusted beside the system's certificates.
+[[nodiscard]] OrvexServices services();
 
 /// The version in the running bundle's information list, or the version of this build where that
 /// has none or it is no text.

@@ -7,14 +7,34 @@
 
 namespace orvex {
 
-OrvexState::OrvexState(QObject* parent) : QObject(parent) {
-  release_.latestVersion = OrvexConfig::version();
+OrvexState::OrvexState() : OrvexState(OrvexConfig::services()) {}
+
+OrvexState::OrvexState(const OrvexServices& services, QObject* parent)
+    : QObject(parent),
+      releaseCheck_(services.releases),
+      packOperations_(services.packs),
+      request_(services.requests) {
   toastTask_.setSingleShot(true);
   toastTask_.setTimerType(Qt::PreciseTimer);
   connect(&toastTask_, &QTimer::timeout, this, [this] {
     toast_.reset();
     Q_EMIT toastChanged();
   });
+  connect(&releaseCheck_, &ReleaseCheck::changed, this, &OrvexState::releaseChanged);
+  connect(&releaseCheck_, &ReleaseCheck::toast, this, &OrvexState::showToast);
+  connect(&packOperations_, &PackOperations::refreshingChanged, this,
+          &OrvexState::packsRefreshingChanged);
+  connect(&packOperations_, &PackOperations::packsChanged, this, &OrvexState::packsChanged);
+  connect(&packOperations_, &PackOperations::installedChanged, this,
+          &OrvexState::installedPacksChanged);
+  connect(&packOperations_, &PackOperations::busyChanged, this, &OrvexState::packBusyIDsChanged);
+  connect(&packOperations_, &PackOperations::progressChanged, this,
+          &OrvexState::packProgressChanged);
+  connect(&packOperations_, &PackOperations::lastErrorChanged, this,
+          &OrvexState::packLastErrorChanged);
+  connect(&packOperations_, &PackOperations::toast, this, &OrvexState::showToast);
+  connect(&request_, &RequestSubmission::sendingChanged, this, &OrvexState::setRequestSending);
+  connect(&request_, &RequestSubmission::toast, this, &OrvexState::showToast);
 }
 
 void OrvexState::setActivePage(OrvexPage page) {
@@ -62,16 +82,14 @@ void OrvexState::setPanelHeight(double height) {
   Q_EMIT panelHeightChanged();
 }
 
-void OrvexState::setInstalledPacks(const QList<UniversalInstalledPack>& packs) {
-  if (installedPacks_ == packs) return;
-  installedPacks_ = packs;
-  Q_EMIT installedPacksChanged();
+std::optional<QString> OrvexState::installedVersion(const UniversalPack& pack) const {
+  const auto found = std::ranges::find(installedPacks(), pack.id, &UniversalInstalledPack::id);
+  if (found == installedPacks().end()) return std::nullopt;
+  return found->version;
 }
 
-std::optional<QString> OrvexState::installedVersion(const UniversalPack& pack) const {
-  const auto found = std::ranges::find(installedPacks_, pack.id, &UniversalInstalledPack::id);
-  if (found == installedPacks_.end()) return std::nullopt;
-  return found->version;
+QString OrvexState::panelVersion() {
+  return OrvexConfig::version();
 }
 
 }  // namespace orvex

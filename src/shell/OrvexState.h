@@ -2,14 +2,14 @@
 
 #include "host/HostSnapshot.h"
 #include "host/HostState.h"
-#include "services/ReleaseState.h"
-#include "services/UniversalInstalledPack.h"
-#include "services/UniversalPack.h"
+#include "services/OrvexServices.h"
 #include "shell/OrvexPage.h"
 #include "shell/OrvexToast.h"
+#include "shell/PackOperations.h"
+#include "shell/ReleaseCheck.h"
+#include "shell/RequestSubmission.h"
 
 #include <QObject>
-#include <QSet>
 #include <QTimer>
 
 #include <optional>
@@ -28,12 +28,18 @@ class OrvexState : public QObject, public HostState {
   Q_PROPERTY(orvex::OrvexToast toast READ toastOrLast NOTIFY toastChanged FINAL)
   Q_PROPERTY(bool requestSending READ requestSending WRITE setRequestSending NOTIFY
                  requestSendingChanged FINAL)
+  Q_PROPERTY(bool packsRefreshing READ packsRefreshing NOTIFY packsRefreshingChanged FINAL)
+  Q_PROPERTY(QString packLastError READ packLastErrorOrEmpty NOTIFY packLastErrorChanged FINAL)
+  Q_PROPERTY(orvex::RequestSubmission* request READ request CONSTANT FINAL)
+  Q_PROPERTY(QString panelVersion READ panelVersion CONSTANT FINAL)
   Q_PROPERTY(double panelWidth READ panelWidth WRITE setPanelWidth NOTIFY panelWidthChanged FINAL)
   Q_PROPERTY(
       double panelHeight READ panelHeight WRITE setPanelHeight NOTIFY panelHeightChanged FINAL)
 
  public:
-  explicit OrvexState(QObject* parent = nullptr);
+  /// With the services of the configuration.
+  OrvexState();
+  explicit OrvexState(const OrvexServices& services, QObject* parent = nullptr);
 
   [[nodiscard]] OrvexPage activePage() const noexcept { return activePage_; }
   void setActivePage(OrvexPage page);
@@ -43,7 +49,9 @@ class OrvexState : public QObject, public HostState {
   /// Shows the notice as a toast of 3.2 seconds.
   void showHostNotice(const QString& message, Notice notice) override;
 
-  [[nodiscard]] const ReleaseState& release() const noexcept { return release_; }
+  [[nodiscard]] const ReleaseState& release() const noexcept { return releaseCheck_.state(); }
+  /// See `ReleaseCheck::start`.
+  Q_INVOKABLE void checkForUpdates(bool silent) { releaseCheck_.start(silent); }
 
   /// The message on screen, if any.
   [[nodiscard]] const std::optional<OrvexToast>& toast() const noexcept { return toast_; }
@@ -63,18 +71,42 @@ class OrvexState : public QObject, public HostState {
   void setPanelHeight(double height);
 
   /// The packs of the last catalog read.
-  [[nodiscard]] const QList<UniversalPack>& packs() const noexcept { return packs_; }
-  [[nodiscard]] const QList<UniversalInstalledPack>& installedPacks() const noexcept {
-    return installedPacks_;
+  [[nodiscard]] const QList<UniversalPack>& packs() const noexcept {
+    return packOperations_.packs();
   }
-  void setInstalledPacks(const QList<UniversalInstalledPack>& packs);
+  [[nodiscard]] const QList<UniversalInstalledPack>& installedPacks() const noexcept {
+    return packOperations_.installed();
+  }
+  void setInstalledPacks(const QList<UniversalInstalledPack>& packs) {
+    packOperations_.setInstalled(packs);
+  }
   /// Identifiers of the packs that are being installed or removed.
-  [[nodiscard]] const QSet<QString>& packBusyIDs() const noexcept { return packBusyIDs_; }
+  [[nodiscard]] QSet<QString> packBusyIDs() const { return packOperations_.busyIDs(); }
+  /// How far the install or removal of the pack is, if one is under way.
+  [[nodiscard]] std::optional<PackActivity> packActivity(const QString& packID) const {
+    return packOperations_.activity(packID);
+  }
   [[nodiscard]] const std::optional<QString>& packLastError() const noexcept {
-    return packLastError_;
+    return packOperations_.lastError();
+  }
+  /// The catalog is being read.
+  [[nodiscard]] bool packsRefreshing() const noexcept { return packOperations_.isRefreshing(); }
+  /// See `PackOperations`.
+  Q_INVOKABLE void refreshPacks(bool silent) { packOperations_.refresh(silent); }
+  Q_INVOKABLE void refreshInstalledPacks() { packOperations_.refreshInstalled(); }
+  Q_INVOKABLE void installPack(const orvex::UniversalPack& pack) { packOperations_.install(pack); }
+  Q_INVOKABLE void uninstallPack(const orvex::UniversalPack& pack) {
+    packOperations_.uninstall(pack);
+  }
+  Q_INVOKABLE void cancelInstall(const orvex::UniversalPack& pack) {
+    packOperations_.cancelInstall(pack.id);
   }
   /// The installed version of `pack`, or nothing when it is not installed.
   [[nodiscard]] std::optional<QString> installedVersion(const UniversalPack& pack) const;
+
+  /// What the request page sends with.
+  [[nodiscard]] RequestSubmission* request() noexcept { return &request_; }
+  [[nodiscard]] static QString panelVersion();
 
  Q_SIGNALS:
   void activePageChanged();
@@ -84,25 +116,29 @@ class OrvexState : public QObject, public HostState {
   void requestSendingChanged();
   void panelWidthChanged();
   void panelHeightChanged();
+  void packsRefreshingChanged();
+  void packsChanged();
   void installedPacksChanged();
+  void packBusyIDsChanged(const QString& packID);
+  void packProgressChanged(const QString& packID);
+  void packLastErrorChanged();
 
  private:
   // What leaves the screen keeps its text while it fades.
   [[nodiscard]] OrvexToast toastOrLast() const { return lastToast_; }
+  [[nodiscard]] QString packLastErrorOrEmpty() const { return packLastError().value_or(QString()); }
 
   OrvexPage activePage_ = OrvexPage::home;
   HostSnapshot host_;
-  ReleaseState release_;
   std::optional<OrvexToast> toast_;
   OrvexToast lastToast_;
   QTimer toastTask_;
   bool requestSending_ = false;
   double panelWidth_ = 1040;
   double panelHeight_ = 780;
-  QList<UniversalPack> packs_;
-  QList<UniversalInstalledPack> installedPacks_;
-  QSet<QString> packBusyIDs_;
-  std::optional<QString> packLastError_;
+  ReleaseCheck releaseCheck_;
+  PackOperations packOperations_;
+  RequestSubmission request_;
 };
 
 }  // namespace orvex

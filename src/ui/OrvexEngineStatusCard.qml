@@ -2,15 +2,23 @@ import QtQuick
 import QtQuick.Layouts
 import Orvex
 
-/// What an engine reports of itself, with one thing to do about it when `actionTitle` is given.
+/// What an engine reports of itself, with one thing to do about it when `actionTitle` is given. While
+/// it is `busy` the card says so, with `done` of `total` as far as they are known.
 Item {
     id: card
 
     required property engineSummary summary
     property string actionTitle
+    /// What the engine failed with; empty when it did not.
+    property string error
+    property bool busy: false
+    property real done: 0
+    property real total: 0
 
     readonly property string count: OrvexFormat.count(summary)
     readonly property string healthWord: {
+        if (card.busy)
+            return "SCANNING";
         switch (summary.health) {
         case EngineHealth.Ready:
             return "READY";
@@ -25,6 +33,8 @@ Item {
         }
     }
     readonly property color healthColor: {
+        if (card.busy)
+            return OrvexTheme.cyan;
         switch (summary.health) {
         case EngineHealth.Ready:
             return OrvexTheme.success;
@@ -39,7 +49,7 @@ Item {
 
     signal clicked
 
-    Accessible.description: summary.detail
+    Accessible.description: error.length > 0 ? error : summary.detail
     Accessible.name: summary.title + ": " + healthWord + ", " + count
     Accessible.role: Accessible.Grouping
     implicitHeight: lift.implicitHeight
@@ -117,6 +127,28 @@ Item {
                     }
                 }
 
+                OrvexText {
+                    id: failure
+
+                    Accessible.ignored: true
+                    Layout.fillWidth: true
+                    Layout.topMargin: 8
+                    color: OrvexTheme.danger
+                    maximumLineCount: 3
+                    size: 9
+                    text: card.error
+                    visible: text.length > 0 && !card.busy
+                    wrapMode: Text.Wrap
+                }
+
+                OrvexProgressBar {
+                    Layout.fillWidth: true
+                    Layout.topMargin: 10
+                    done: card.done
+                    total: card.total
+                    visible: card.busy
+                }
+
                 // Keeps the actions of a row of cards in line.
                 Item {
                     Layout.fillHeight: true
@@ -138,7 +170,7 @@ Item {
     }
 
     OrvexToolTip {
-        text: card.summary.detail
-        visible: hover.hovered && detail.truncated
+        text: failure.truncated ? card.error : card.summary.detail
+        visible: hover.hovered && (failure.truncated || detail.truncated)
     }
 }

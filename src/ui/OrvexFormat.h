@@ -24,6 +24,10 @@ class OrvexFormat : public QObject {
   /// Frames per second with two decimals, or an em dash when they are unknown: not finite, or not
   /// above 0.
   Q_INVOKABLE [[nodiscard]] static QString rate(double fps);
+  /// Frames per second with two decimals, or an em dash when not finite.
+  Q_INVOKABLE [[nodiscard]] static QString finiteRate(double fps);
+  /// "812 B", "12.4 KB", "1.2 GB": thousands, not 1024s.
+  Q_INVOKABLE [[nodiscard]] static QString bytes(double count);
   /// How many items an engine holds, as a whole number.
   Q_INVOKABLE [[nodiscard]] static QString count(const orvex::EngineSummary& summary);
 };

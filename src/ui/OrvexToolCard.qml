@@ -54,24 +54,11 @@ OrvexPressable {
                             weight: Font.Bold
                         }
 
-                        Rectangle {
-                            Layout.preferredHeight: badgeText.implicitHeight + 6
-                            Layout.preferredWidth: badgeText.implicitWidth + 12
-                            color: OrvexTheme.fade(OrvexTheme.blue, 0.11)
-                            radius: OrvexTheme.chipRadius
-                            visible: card.badge.length > 0
-
-                            OrvexText {
-                                id: badgeText
-
-                                Accessible.ignored: true
-                                anchors.centerIn: parent
-                                color: OrvexTheme.cyan
-                                size: 7
-                                text: card.badge
-                                tracking: 0.7
-                                weight: Font.Black
-                            }
+                        OrvexBadge {
+                            Accessible.ignored: true
+                            fill: OrvexTheme.fade(OrvexTheme.blue, 0.11)
+                            text: card.badge
+                            visible: text.length > 0
                         }
                     }
 

@@ -10,9 +10,11 @@
 #include "host/FinalCutHostAdapter.h"
 #include "host/HostSnapshot.h"
 #include "services/ReleaseState.h"
+#include "services/UniversalPack.h"
 #include "shell/OrvexPage.h"
 #include "shell/OrvexState.h"
 #include "shell/OrvexToast.h"
+#include "shell/RequestSubmission.h"
 
 #include <QtQml/qqml.h>
 
@@ -86,6 +88,25 @@ struct ReleaseStateForeign {
   Q_GADGET
   QML_FOREIGN(orvex::ReleaseState)
   QML_VALUE_TYPE(releaseState)
+};
+
+struct UniversalPackForeign {
+  Q_GADGET
+  QML_FOREIGN(orvex::UniversalPack)
+  QML_VALUE_TYPE(universalPack)
+};
+
+struct RequestSubmissionForeign {
+  Q_GADGET
+  QML_FOREIGN(orvex::RequestSubmission)
+  QML_NAMED_ELEMENT(RequestSubmission)
+  QML_UNCREATABLE("The state owns it.")
+};
+
+struct RequestDraftForeign {
+  Q_GADGET
+  QML_FOREIGN(orvex::RequestDraft)
+  QML_VALUE_TYPE(requestDraft)
 };
 
 struct EngineSummaryForeign {

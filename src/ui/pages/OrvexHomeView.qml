@@ -1,6 +1,9 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import Orvex
+import Orvex.Pages
 
 // What the panel controls at a glance.
 OrvexScrollPage {
@@ -14,10 +17,98 @@ OrvexScrollPage {
 
     signal refreshHost
 
+    // An inventory of a folder, with the choice of it.
+    component FolderEngineCard: OrvexEngineStatusCard {
+        id: card
+
+        required property FolderRegistry registry
+        required property string chooseTitle
+        readonly property bool chosen: card.registry.rootURL.toString().length > 0
+
+        summary: card.registry.summary
+        actionTitle: card.chosen ? "Yenile" : card.chooseTitle
+        error: card.registry.lastError
+        busy: card.registry.scanning
+        done: card.registry.scanDone
+        total: card.registry.scanTotal
+
+        onClicked: {
+            if (card.chosen)
+                card.registry.scan();
+            else
+                card.registry.chooseFolder();
+        }
+    }
+
+    OrvexAppearance {
+        onAppeared: {
+            page.state.checkForUpdates(true);
+            page.state.refreshPacks(false);
+        }
+    }
+
     OrvexSectionTitle {
-        Layout.fillWidth: true
         eyebrow: "FINAL CUT CONTROL"
         title: "Orvex Host Center"
         subtitle: "Host + gerçek engine registry + Release Center"
+    }
+
+    OrvexHostPanel {
+        state: page.state
+    }
+
+    OrvexSectionTitle {
+        eyebrow: "REAL ENGINE HUB"
+        title: "Engine Status"
+        subtitle: "Motion, Audio Unit, LUT ve FxPlug envanteri"
+    }
+
+    OrvexAdaptiveGrid {
+        minimumWidth: 230
+        spacing: OrvexTheme.gridSpacing
+
+        FolderEngineCard {
+            registry: page.motion
+            chooseTitle: "Motion Templates klasörünü seç"
+        }
+
+        OrvexEngineStatusCard {
+            summary: page.audio.summary
+            actionTitle: "Audio Units yenile"
+            busy: page.audio.refreshing
+
+            onClicked: page.audio.refresh()
+        }
+
+        FolderEngineCard {
+            registry: page.luts
+            chooseTitle: "LUT klasörünü seç"
+        }
+
+        FolderEngineCard {
+            registry: page.fxplug
+            chooseTitle: "FxPlug klasörünü seç"
+        }
+    }
+
+    OrvexAdaptiveGrid {
+        minimumWidth: 230
+        spacing: OrvexTheme.gridSpacing
+
+        OrvexToolCard {
+            icon: "arrow.triangle.2.circlepath"
+            title: "Final Cut bağlantısını yenile"
+            subtitle: "Host ve timeline bilgisini yeniden oku"
+
+            onClicked: page.refreshHost()
+        }
+
+        OrvexToolCard {
+            icon: "arrow.clockwise"
+            title: page.state.release.checking ? "Kontrol ediliyor" : "Güncelleme kontrolü"
+            subtitle: page.state.release.updateAvailable ? "Yeni sürüm hazır • " + page.state.release.latestVersion : "Kurulu sürüm • " + page.state.panelVersion
+
+            onClicked: page.state.checkForUpdates(false)
+        }
     }
 }

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "base/Background.h"
+#include "host/HostSnapshot.h"
+#include "services/RequestCenterClient.h"
+#include "shell/OrvexToast.h"
+
+#include <QObject>
+
+namespace orvex {
+
+/// What was written into the request page.
+struct RequestDraft {
+  Q_GADGET
+  Q_PROPERTY(QString title MEMBER title)
+  Q_PROPERTY(QString detail MEMBER detail)
+  Q_PROPERTY(QString module MEMBER module)
+
+ public:
+  QString title;
+  QString detail;
+  QString module;
+
+  friend bool operator==(const RequestDraft&, const RequestDraft&) = default;
+};
+
+/// Sends a user's request, and goes on when its page is left. Keeps what the page had not sent, so
+/// that the user can take it up again. Main thread only.
+class RequestSubmission final : public QObject {
+  Q_OBJECT
+  Q_PROPERTY(bool hasDraft READ hasDraft NOTIFY draftChanged FINAL)
+  Q_PROPERTY(orvex::RequestDraft draft READ draft NOTIFY draftChanged FINAL)
+
+ public:
+  explicit RequestSubmission(RequestCenterClient client);
+
+  /// Does nothing while a request is on its way.
+  Q_INVOKABLE void send(const QString& title, const QString& detail, const QString& module,
+                        const orvex::HostSnapshot& host);
+
+  [[nodiscard]] bool hasDraft() const {
+    return !draft_.title.isEmpty() || !draft_.detail.isEmpty();
+  }
+  [[nodiscard]] const RequestDraft& draft() const noexcept { return draft_; }
+  /// Blank texts leave what was kept before.
+  Q_INVOKABLE void keepDraft(const QString& title, const QString& detail, const QString& module);
+  Q_INVOKABLE void dropDraft();
+
+ Q_SIGNALS:
+  void sendingChanged(bool sending);
+  /// The service took the request.
+  void sent();
+  void toast(const QString& message, orvex::OrvexToast::Kind kind, double duration);
+  void draftChanged();
+
+ private:
+  const RequestCenterClient client_;
+  RequestDraft draft_;
+  Background background_;
+};
+
+}  // namespace orvex

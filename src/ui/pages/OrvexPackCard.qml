@@ -1,0 +1,235 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Orvex
+
+// A content pack, with what can be done with it. Its fields are the roles of the list of packs.
+FocusScope {
+    id: card
+
+    required property OrvexState state
+    required property int index
+    required property universalPack pack
+    required property string name
+    required property string version
+    required property bool listed
+    required property int fileCount
+    required property real totalBytes
+    required property bool installed
+    required property string installedVersion
+    required property bool needsUpdate
+    required property bool busy
+    required property bool installing
+    required property bool cancelling
+    required property real progressDone
+    required property real progressTotal
+
+    // The card that the keyboard reaches.
+    property bool current: false
+
+    readonly property bool upToDate: card.listed && card.installed && !card.needsUpdate && !card.busy
+    readonly property string fileLine: card.listed ? card.fileCount + " dosya • FINAL CUT" : card.fileCount + " dosya • Katalogda yok"
+    readonly property string progressLine: {
+        if (card.cancelling)
+            return "İptal ediliyor…";
+        if (!card.installing)
+            return "Kaldırılıyor…";
+        if (card.progressTotal <= 0)
+            return "Hazırlanıyor…";
+        return OrvexFormat.bytes(card.progressDone) + " / " + OrvexFormat.bytes(card.progressTotal);
+    }
+
+    signal touched
+
+    function takeFocus(): void {
+        const control = [install, cancel, uninstall].find(candidate => candidate.visible && candidate.enabled);
+        if (control)
+            control.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    Accessible.name: card.name
+    Accessible.role: Accessible.Grouping
+    // What had the focus can be gone now.
+    onBusyChanged: if (card.activeFocus)
+        Qt.callLater(card.takeFocus)
+    onActiveFocusChanged: {
+        if (!card.activeFocus)
+            return;
+        card.touched();
+        if (card.Window.activeFocusItem === card)
+            card.takeFocus();
+    }
+
+    HoverHandler {
+        id: hover
+    }
+
+    OrvexHoverLift {
+        anchors.fill: parent
+        hovering: hover.hovered
+
+        OrvexPanel {
+            anchors.fill: parent
+            glow: card.needsUpdate
+            padding: 14
+
+            contentItem: ColumnLayout {
+                spacing: 0
+
+                RowLayout {
+                    spacing: 12
+
+                    Rectangle {
+                        Layout.preferredHeight: 42
+                        Layout.preferredWidth: 42
+                        color: OrvexTheme.fade(OrvexTheme.blue, 0.13)
+                        radius: OrvexTheme.tileRadius
+
+                        OrvexSymbol {
+                            anchors.centerIn: parent
+                            name: "shippingbox.fill"
+                            size: 20
+                        }
+                    }
+
+                    ColumnLayout {
+                        spacing: 4
+
+                        RowLayout {
+                            spacing: 6
+
+                            OrvexText {
+                                id: nameText
+
+                                Accessible.ignored: true
+                                Layout.fillWidth: true
+                                size: 12
+                                text: card.name
+                                weight: Font.Bold
+                            }
+
+                            OrvexBadge {
+                                ink: card.needsUpdate ? OrvexTheme.warning : OrvexTheme.success
+                                text: "INSTALLED"
+                                visible: card.installed
+                            }
+                        }
+
+                        OrvexText {
+                            Layout.fillWidth: true
+                            color: OrvexTheme.muted
+                            size: 9
+                            text: card.fileLine
+                        }
+                    }
+                }
+
+                Item {
+                    Layout.fillHeight: true
+                }
+
+                RowLayout {
+                    spacing: 10
+
+                    OrvexText {
+                        Layout.fillWidth: !card.installed
+                        color: OrvexTheme.muted
+                        size: 10
+                        text: "v" + card.version + " • " + OrvexFormat.bytes(card.totalBytes)
+                        visible: card.listed
+                    }
+
+                    OrvexText {
+                        Layout.fillWidth: true
+                        color: card.needsUpdate ? OrvexTheme.warning : OrvexTheme.success
+                        horizontalAlignment: card.listed ? Text.AlignRight : Text.AlignLeft
+                        size: 10
+                        text: "Kurulu: v" + card.installedVersion
+                        visible: card.installed
+                    }
+                }
+
+                OrvexProgressBar {
+                    objectName: "progress"
+                    Layout.fillWidth: true
+                    Layout.topMargin: 9
+                    done: card.installing ? card.progressDone : 0
+                    opacity: card.busy ? 1 : 0
+                    total: card.installing && !card.cancelling ? card.progressTotal : 0
+                    visible: card.busy || !card.upToDate
+                }
+
+                RowLayout {
+                    Layout.preferredHeight: 30
+                    Layout.topMargin: 9
+                    spacing: 8
+
+                    OrvexButton {
+                        id: install
+
+                        enabled: !card.busy
+                        focusPolicy: card.current ? Qt.StrongFocus : Qt.ClickFocus
+                        icon: card.busy ? "" : "icloud.and.arrow.down"
+                        title: card.busy ? "İşleniyor…" : card.needsUpdate ? "Güncelle" : "Yükle"
+                        visible: card.busy || card.listed && (!card.installed || card.needsUpdate)
+
+                        onClicked: card.state.installPack(card.pack)
+                    }
+
+                    OrvexSymbol {
+                        color: OrvexTheme.success
+                        name: "checkmark.circle.fill"
+                        size: 14
+                        visible: card.upToDate
+                    }
+
+                    OrvexText {
+                        color: OrvexTheme.success
+                        size: 10
+                        text: "Güncel"
+                        visible: card.upToDate
+                        weight: Font.Bold
+                    }
+
+                    OrvexText {
+                        Layout.fillWidth: true
+                        color: OrvexTheme.muted
+                        size: 9
+                        text: card.busy ? card.progressLine : ""
+                    }
+
+                    OrvexButton {
+                        id: cancel
+
+                        enabled: !card.cancelling
+                        focusPolicy: card.current ? Qt.StrongFocus : Qt.ClickFocus
+                        ink: OrvexTheme.warning
+                        name: card.name + " kurulumunu iptal et"
+                        title: "İptal"
+                        visible: card.busy && card.installing
+
+                        onClicked: card.state.cancelInstall(card.pack)
+                    }
+
+                    OrvexButton {
+                        id: uninstall
+
+                        focusPolicy: card.current ? Qt.StrongFocus : Qt.ClickFocus
+                        icon: "trash"
+                        ink: OrvexTheme.danger
+                        title: "Kaldır"
+                        visible: card.installed && !card.busy
+
+                        onClicked: card.state.uninstallPack(card.pack)
+                    }
+                }
+            }
+        }
+    }
+
+    OrvexToolTip {
+        text: card.name
+        visible: hover.hovered && nameText.truncated
+    }
+}
