@@ -24,6 +24,8 @@ class Directory {
   /// All names but "." and "..", hidden ones too, in the order of the file system.
   [[nodiscard]] QList<QByteArray> names() const;
   [[nodiscard]] Directory folder(const QByteArray& name) const;
+  /// The same; made where it is missing, durably.
+  [[nodiscard]] Directory folderOrNew(const QByteArray& name) const;
   /// A folder that was not there before.
   [[nodiscard]] Directory makeFolder(const QByteArray& name) const;
   /// A regular file, for reading; anything else is refused without waiting for it.
