@@ -42,11 +42,11 @@ bool ManagedLibrary::isRequestName(QByteArrayView name) {
 }
 
 QByteArray ManagedLibrary::newRequestName() {
-  return kRequest + newUuid() + '.' + kExtension;
+  return kRequest.toByteArray() + newUuid() + ".plist";
 }
 
 QByteArray ManagedLibrary::newReplyName() {
-  return kReply + newUuid() + '.' + kExtension;
+  return kReply.toByteArray() + newUuid() + ".plist";
 }
 
 bool ManagedLibrary::isReplyName(QByteArrayView name) {
