@@ -1,13 +1,13 @@
 #pragma once
 
 #include "base/Background.h"
-#include "base/DescribedError.h"
-#include "platform/Workspace.h"
+#include "lut/BridgeExchange.h"
 
 #include <QObject>
 #include <QUrl>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -15,6 +15,7 @@ namespace orvex {
 
 class FolderAccess;
 class SystemLog;
+class Workspace;
 
 /// Hands a LUT to the helper application and waits for its answer: it prepares the managed copy,
 /// leaves a request beside it, launches the helper and looks for the reply. One exchange at a time.
@@ -28,17 +29,7 @@ class LUTApplyBridge final : public QObject {
   Q_PROPERTY(bool lastSucceeded READ lastSucceeded NOTIFY lastSucceededChanged FINAL)
 
  public:
-  class BridgeError final : public DescribedError {
-   public:
-    enum class Kind { HelperMissing, InvalidResponse, RequestWriteFailed };
-
-    explicit BridgeError(Kind kind);
-
-    [[nodiscard]] Kind kind() const noexcept { return kind_; }
-
-   private:
-    Kind kind_;
-  };
+  using BridgeError = orvex::BridgeError;
 
   /// Calls `then` on the main thread when the time has passed.
   using Sleep = std::function<void(std::chrono::milliseconds, std::function<void()> then)>;
@@ -82,15 +73,13 @@ class LUTApplyBridge final : public QObject {
   void failed(const QString& description);
 
  private:
-  struct Request;
-
   static void sleepByTimer(std::chrono::milliseconds time, std::function<void()> then);
 
-  void launchHelper(const Request& request);
-  void poll(const QString& replyPath, int pollsLeft);
-  void complete(bool succeeded, const QString& message);
+  void launch(const QUrl& helper, const QByteArray& replyPath);
+  void poll(const QByteArray& replyPath, int pollsLeft);
+  void look(const QByteArray& replyPath, int pollsLeft);
+  void complete(const BridgeReply& reply);
   void fail(const QString& description);
-  void end();
   [[nodiscard]] QString activePathOrEmpty() const { return activePath_.value_or(QString()); }
   [[nodiscard]] QString lastResultOrEmpty() const { return lastResult_.value_or(QString()); }
 
