@@ -7,6 +7,7 @@
 #include "host/FinalCutHostAdapter.h"
 #include "runtime/PanelWindow.h"
 #include "shell/OrvexState.h"
+#include "ui/color/ColorServices.h"
 
 #include <QColor>
 #include <QQmlComponent>
@@ -42,8 +43,9 @@ std::unique_ptr<QQuickItem> makeQuickItem(QQmlEngine& engine, const QString& url
   return std::unique_ptr<QQuickItem>(item);
 }
 
-QuickPanelView::QuickPanelView(QQmlEngine& engine, PanelWindow& window)
-    : engine_(engine), window_(window) {}
+QuickPanelView::QuickPanelView(QQmlEngine& engine, PanelWindow& window,
+                               ColorServices& colorServices)
+    : engine_(engine), window_(window), colorServices_(colorServices) {}
 
 void QuickPanelView::createView(QSizeF size, const ViewColor& background) {
   window_.setColor(
@@ -66,7 +68,8 @@ std::unique_ptr<PanelViewHost::HostedView> QuickPanelView::hostRootView(
                      {QStringLiteral("audio"), QVariant::fromValue(&objects.audio)},
                      {QStringLiteral("luts"), QVariant::fromValue(&objects.luts)},
                      {QStringLiteral("fxplug"), QVariant::fromValue(&objects.fxplug)},
-                     {QStringLiteral("hostAdapter"), QVariant::fromValue(&objects.hostAdapter)}});
+                     {QStringLiteral("hostAdapter"), QVariant::fromValue(&objects.hostAdapter)},
+                     {QStringLiteral("colorServices"), QVariant::fromValue(&colorServices_)}});
   return std::make_unique<HostedRootView>(std::move(root), window_.panelArea());
 }
 

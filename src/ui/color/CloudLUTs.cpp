@@ -27,7 +27,8 @@ QString CloudLUTs::displayName(const QString& fileName) {
   while (end < name.size() && isDigit(name[end])) ++end;
   if (end == begin || name.first(begin).toLower() != kNumberedPrefix) return name;
   while (begin < end && name[begin] == u'0') ++begin;
-  return QStringLiteral("LUT Pack ") + name.sliced(begin, end - begin).rightJustified(2, u'0') + name.sliced(end);
+  return QStringLiteral("LUT Pack ") + name.sliced(begin, end - begin).rightJustified(2, u'0') +
+         name.sliced(end);
 }
 
 void CloudLUTs::setState(OrvexState* state) {

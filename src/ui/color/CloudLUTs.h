@@ -20,7 +20,7 @@ class CloudLUTs : public orvex::LUTCatalog {
 
   [[nodiscard]] OrvexState* state() const noexcept { return state_; }
   void setState(OrvexState* state);
-  [[nodiscard]] qsizetype total() const override { return entries_.size(); }
+  [[nodiscard]] int total() const override { return static_cast<int>(entries_.size()); }
 
   /// What a file is called on its card: its name without the extension; one that begins with
   /// "lutpack" and a number, in letters of any case, as "LUT Pack" and the number of two digits at

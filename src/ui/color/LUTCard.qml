@@ -36,7 +36,7 @@ FocusScope {
     signal touched
 
     function takeFocus() {
-        (apply.visible && apply.enabled ? apply : reveal).forceActiveFocus(Qt.TabFocusReason);
+        (usable && apply.enabled ? apply : reveal).forceActiveFocus(Qt.TabFocusReason);
     }
 
     Accessible.description: error.length > 0 ? caption + ". " + error : caption
@@ -61,7 +61,7 @@ FocusScope {
     }
     // What had the focus can be gone now.
     onUsableChanged: if (activeFocus)
-        Qt.callLater(takeFocus)
+        takeFocus()
 
     HoverHandler {
         id: hover

@@ -38,7 +38,7 @@ void LUTCatalog::show(const QList<qsizetype>& positions) {
 }
 
 int LUTCatalog::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(positions_.size());
+  return parent.isValid() ? 0 : count();
 }
 
 QVariant LUTCatalog::data(const QModelIndex& index, int role) const {

@@ -15,9 +15,9 @@ class LUTCatalog : public QAbstractListModel {
   QML_ANONYMOUS
   Q_PROPERTY(QString search READ search WRITE setSearch NOTIFY searchChanged FINAL)
   /// Of the rows.
-  Q_PROPERTY(qsizetype count READ count NOTIFY countChanged FINAL)
+  Q_PROPERTY(int count READ count NOTIFY countChanged FINAL)
   /// Of all LUTs, whatever is searched.
-  Q_PROPERTY(qsizetype total READ total NOTIFY totalChanged FINAL)
+  Q_PROPERTY(int total READ total NOTIFY totalChanged FINAL)
 
  public:
   enum Role {
@@ -41,8 +41,8 @@ class LUTCatalog : public QAbstractListModel {
 
   [[nodiscard]] const QString& search() const noexcept { return search_; }
   void setSearch(const QString& search);
-  [[nodiscard]] qsizetype count() const noexcept { return positions_.size(); }
-  [[nodiscard]] virtual qsizetype total() const = 0;
+  [[nodiscard]] int count() const noexcept { return static_cast<int>(positions_.size()); }
+  [[nodiscard]] virtual int total() const = 0;
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;

@@ -11,8 +11,8 @@ void LocalLUTs::setRegistry(LUTRegistry* registry) {
   refresh();
 }
 
-qsizetype LocalLUTs::total() const {
-  return registry_ ? registry_->items().size() : 0;
+int LocalLUTs::total() const {
+  return registry_ ? static_cast<int>(registry_->items().size()) : 0;
 }
 
 QList<qsizetype> LocalLUTs::find(QStringView query) const {

@@ -19,7 +19,7 @@ class LocalLUTs : public orvex::LUTCatalog {
 
   [[nodiscard]] LUTRegistry* registry() const noexcept { return registry_; }
   void setRegistry(LUTRegistry* registry);
-  [[nodiscard]] qsizetype total() const override;
+  [[nodiscard]] int total() const override;
 
  Q_SIGNALS:
   void registryChanged();

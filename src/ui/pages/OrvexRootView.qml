@@ -1,5 +1,6 @@
 import QtQuick
 import Orvex
+import Orvex.Color
 import Orvex.Pages
 
 // The panel's one top-level view: fits itself to the size that the host granted, lays out either
@@ -13,6 +14,7 @@ Item {
     required property LUTRegistry luts
     required property FxPlugRegistry fxplug
     required property FinalCutHostAdapter hostAdapter
+    required property ColorServices colorServices
 
     readonly property bool compact: panel.width < OrvexPanelMetrics.wideWidth
     // The page that the compact strip is centred on: the active one, until the strip's arrows move it
@@ -77,6 +79,7 @@ Item {
             luts: root.luts
             fxplug: root.fxplug
             hostAdapter: root.hostAdapter
+            colorServices: root.colorServices
         }
 
         OrvexToastOverlay {
