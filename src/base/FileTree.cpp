@@ -2,6 +2,7 @@
 
 #include "base/FileDescriptor.h"
 
+#include <cerrno>
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
@@ -69,8 +70,11 @@ FileTree::Result FileTree::walk(const QByteArray& root, const Visitor& visit,
     if (stop.stop_requested()) return result;
     DIR* folder = levels.back().folder.get();
     const qsizetype prefix = levels.back().prefix;
+    errno = 0;
     const dirent* found = ::readdir(folder);
     if (found == nullptr) {
+      // A folder that could be read in part only.
+      if (errno != 0) ++result.skippedFolders;
       levels.pop_back();
       continue;
     }

@@ -132,9 +132,11 @@ class Reader {
   qsizetype at_ = 0;
 };
 
-// UTF-16 is told by its mark, or by the two bytes that a quotation mark at the beginning has.
+// UTF-16 is told by its mark, or by the zero byte of its first character: a table begins with
+// ASCII.
 QString decoded(const QByteArray& bytes) {
-  const auto encoding = QStringConverter::encodingForData(bytes, u'"');
+  const auto first = static_cast<uchar>(bytes.startsWith('\0') ? bytes.at(1) : bytes.at(0));
+  const auto encoding = QStringConverter::encodingForData(bytes, char16_t{first});
   QStringDecoder decoder(encoding.value_or(QStringConverter::Utf8));
   return decoder(bytes);
 }
@@ -151,6 +153,7 @@ std::expected<QMap<QString, QString>, QString> StringsFile::parse(const QByteArr
       if (value->typeId() == QMetaType::QString) texts.insert(value.key(), value->toString());
     return texts;
   }
+  if (bytes.size() < 2) return texts;
   const QString text = decoded(bytes);
   Reader reader(text);
   while (!reader.atEnd()) {

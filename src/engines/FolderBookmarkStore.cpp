@@ -17,15 +17,16 @@ void FolderBookmarkStore::chooseDirectory(const QString& title, const QString& k
       title, QStringLiteral("Seç"),
       [self = QPointer(this), key, chosen = std::move(chosen)](const std::optional<QUrl>& folder) {
         if (!self) return;
-        if (folder) {
-          if (const auto grant = self->access_.makeGrant(*folder))
-            self->settings_.setValue(key, *grant);
-          else
-            self->log_.line(QStringLiteral("[Vantrelo Orvex] bookmark write error ") +
-                            grant.error());
-        }
+        if (folder) self->keepDirectory(*folder, key);
         chosen(folder);
       });
+}
+
+void FolderBookmarkStore::keepDirectory(const QUrl& folder, const QString& key) {
+  if (const auto grant = access_.makeGrant(folder))
+    settings_.setValue(key, *grant);
+  else
+    log_.line(QStringLiteral("[Vantrelo Orvex] bookmark write error ") + grant.error());
 }
 
 std::optional<QUrl> FolderBookmarkStore::restoreDirectory(const QString& key) {

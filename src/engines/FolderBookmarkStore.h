@@ -30,6 +30,11 @@ class FolderBookmarkStore final : public QObject {
   void chooseDirectory(const QString& title, const QString& key,
                        std::function<void(std::optional<QUrl>)> chosen);
 
+  /// Stores the grant of a folder that the user pointed at in another way than by being asked,
+  /// under `key`. One that cannot be stored is logged and, as above, usable as long as the panel
+  /// lives.
+  void keepDirectory(const QUrl& folder, const QString& key);
+
   /// The folder whose grant is stored under `key`, with the grant renewed if it is stale. Nothing
   /// when there is none that can be used.
   [[nodiscard]] std::optional<QUrl> restoreDirectory(const QString& key);

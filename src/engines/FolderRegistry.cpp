@@ -6,7 +6,19 @@
 
 #include <QPointer>
 
+#include <sys/stat.h>
+
 namespace orvex {
+namespace {
+
+// Names need not be text.
+bool isFolder(const QByteArray& path) {
+  struct stat status {};
+  return ::stat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+}  // namespace
+
 FolderRegistry::FolderRegistry(FolderBookmarkStore& bookmarks, Engine engine, QObject* parent)
     : EngineRegistry(parent), bookmarks_(bookmarks), engine_(std::move(engine)) {}
 
@@ -21,11 +33,26 @@ void FolderRegistry::chooseFolder() {
                              [self = QPointer(this)](const std::optional<QUrl>& folder) {
                                if (!self) return;
                                self->choosing_ = false;
-                               if (!folder) return;
-                               self->rootURL_ = folder;
-                               Q_EMIT self->changed();
-                               self->scan();
+                               if (folder) self->setRoot(*folder);
                              });
+}
+
+QString FolderRegistry::useFolder(const QUrl& folder) {
+  QByteArray path = filePath(folder);
+  while (path.size() > 1 && path.endsWith('/')) path.chop(1);
+  if (path.isEmpty() || !isFolder(path))
+    return QStringLiteral("%1 bir klasör değil. Bir klasör bırak.")
+        .arg(path.isEmpty() ? folder.toDisplayString() : fileText(folder));
+  const QUrl url = fileUrl(path);
+  bookmarks_.keepDirectory(url, engine_.bookmarkKey);
+  setRoot(url);
+  return {};
+}
+
+void FolderRegistry::setRoot(const QUrl& folder) {
+  rootURL_ = folder;
+  Q_EMIT changed();
+  scan();
 }
 
 void FolderRegistry::scan() {

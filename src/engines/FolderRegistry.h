@@ -21,6 +21,7 @@ class FolderRegistry : public EngineRegistry {
   Q_PROPERTY(orvex::EngineHealth health READ health NOTIFY changed FINAL)
   Q_PROPERTY(QUrl rootURL READ rootUrlOrEmpty NOTIFY changed FINAL)
   Q_PROPERTY(QString lastError READ lastErrorOrEmpty NOTIFY changed FINAL)
+  Q_PROPERTY(qint64 skippedFolders READ skippedFolders NOTIFY changed FINAL)
   Q_PROPERTY(bool scanning READ isScanning NOTIFY scanningChanged FINAL)
   Q_PROPERTY(qint64 scanDone READ scanDone NOTIFY scanProgressChanged FINAL)
   Q_PROPERTY(qint64 scanTotal READ scanTotal NOTIFY scanProgressChanged FINAL)
@@ -29,6 +30,9 @@ class FolderRegistry : public EngineRegistry {
   /// Asks the user for a folder, without waiting. When one is chosen it becomes the root and is
   /// scanned; otherwise nothing changes. A further call while the user is being asked does nothing.
   Q_INVOKABLE void chooseFolder();
+  /// Takes the folder that the user dropped: as good as one chosen. Without waiting for the scan.
+  /// Returns why it is refused, in Turkish, in which case nothing changes; empty when it is taken.
+  Q_INVOKABLE QString useFolder(const QUrl& folder);
   /// Scans the root anew, without waiting. Until the scan has ended, what the one before it found
   /// stays published. Without a root there are no items at once.
   Q_INVOKABLE void scan();
@@ -39,6 +43,9 @@ class FolderRegistry : public EngineRegistry {
   /// What the last scan failed with, in Turkish; nothing after one that worked.
   [[nodiscard]] const std::optional<QString>& lastError() const noexcept { return lastError_; }
   [[nodiscard]] const QString& bookmarkKey() const noexcept { return engine_.bookmarkKey; }
+
+  /// Folders that the last scan could not read.
+  [[nodiscard]] virtual qint64 skippedFolders() const noexcept = 0;
 
   [[nodiscard]] bool isScanning() const noexcept { return background_.isRunning(); }
   /// How far the scan is: entries met while the total is 0, then files read of so many.
@@ -85,6 +92,7 @@ class FolderRegistry : public EngineRegistry {
   [[nodiscard]] virtual qint64 itemCount() const = 0;
 
  private:
+  void setRoot(const QUrl& folder);
   // Uses the root from now until the last copy of what is returned is gone.
   [[nodiscard]] std::shared_ptr<void> openAccess() const;
   void succeed();
@@ -115,8 +123,7 @@ class InventoryRegistry : public FolderRegistry {
   [[nodiscard]] QList<qsizetype> matching(QStringView query) const {
     return inventory_.search.find(query);
   }
-  /// Folders that the last scan could not read.
-  [[nodiscard]] qint64 skippedFolders() const noexcept { return inventory_.skippedFolders; }
+  [[nodiscard]] qint64 skippedFolders() const noexcept final { return inventory_.skippedFolders; }
 
  protected:
   using Scan = Inventory<Item> (*)(const QByteArray& root, const WorkControl& control,

@@ -11,8 +11,8 @@ namespace orvex {
 /// What the scans of all inventories share: the root, the walk over it, names made of paths.
 class FolderScan {
  public:
-  /// `root` is the absolute path of the folder. Throws `DescribedError` when it cannot be asked for: a
-  /// root that is there and cannot be read, or is no folder, has no entries.
+  /// `root` is the absolute path of the folder. Throws `DescribedError` when it cannot be asked
+  /// for: a root that is there and cannot be read, or is no folder, has no entries.
   FolderScan(QByteArray root, const WorkControl& control);
 
   /// Calls `visit` for every entry below the root and reports how many it was. Returns how many

@@ -8,7 +8,6 @@
 #include <QList>
 #include <QString>
 
-
 namespace orvex {
 
 /// What a scan of a folder found.

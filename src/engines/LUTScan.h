@@ -24,7 +24,8 @@ struct LUTItem {
 
 /// Lists every `.cube` file below `root` (absolute, raw bytes) with what its header says, by name.
 /// A file that cannot be read as text is listed all the same. Files that did not change since a
-/// scan with the same cache folder are not read again. Blocking; throws `DescribedError`, `Stopped`.
+/// scan with the same cache folder are not read again. Blocking; throws `DescribedError`,
+/// `Stopped`.
 [[nodiscard]] Inventory<LUTItem> scanLUTs(const QByteArray& root, const WorkControl& control,
                                           const ScanOptions& options = {});
 

@@ -14,6 +14,8 @@ class Workspace {
  public:
   /// The error, in Turkish, says why the application was not started.
   using Launched = std::function<void(const std::expected<void, QString>&)>;
+  /// The error, in Turkish, says why the file could not be shown.
+  using Revealed = std::function<void(const std::expected<void, QString>&)>;
 
   virtual ~Workspace() = default;
 
@@ -26,6 +28,10 @@ class Workspace {
   /// `launched` is called once, later, on the main thread: when the program has begun to run or
   /// could not be started.
   virtual void launch(const QUrl& application, Launched launched) = 0;
+
+  /// Shows the file or folder `file`, a local file URL, selected in the file manager. Returns at
+  /// once; `revealed` is called once, later, on the main thread, but not after this object is gone.
+  virtual void reveal(const QUrl& file, Revealed revealed) = 0;
 };
 
 }  // namespace orvex

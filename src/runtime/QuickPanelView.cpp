@@ -6,6 +6,7 @@
 #include "engines/MotionTemplateRegistry.h"
 #include "host/FinalCutHostAdapter.h"
 #include "runtime/PanelWindow.h"
+#include "shell/OrvexDesktop.h"
 #include "shell/OrvexState.h"
 #include "ui/color/ColorServices.h"
 
@@ -69,7 +70,8 @@ std::unique_ptr<PanelViewHost::HostedView> QuickPanelView::hostRootView(
                      {QStringLiteral("luts"), QVariant::fromValue(&objects.luts)},
                      {QStringLiteral("fxplug"), QVariant::fromValue(&objects.fxplug)},
                      {QStringLiteral("hostAdapter"), QVariant::fromValue(&objects.hostAdapter)},
-                     {QStringLiteral("colorServices"), QVariant::fromValue(&colorServices_)}});
+                     {QStringLiteral("colorServices"), QVariant::fromValue(&colorServices_)},
+                     {QStringLiteral("desktop"), QVariant::fromValue(&objects.desktop)}});
   return std::make_unique<HostedRootView>(std::move(root), window_.panelArea());
 }
 

@@ -12,6 +12,7 @@ class FinalCutHostAdapter;
 class FxPlugRegistry;
 class LUTRegistry;
 class MotionTemplateRegistry;
+class OrvexDesktop;
 class OrvexState;
 
 /// The objects that the root view shows and drives. They outlive it.
@@ -22,6 +23,7 @@ struct RootViewObjects {
   LUTRegistry& luts;
   FxPlugRegistry& fxplug;
   FinalCutHostAdapter& hostAdapter;
+  OrvexDesktop& desktop;
 };
 
 /// A colour of calibrated red, green, blue and opacity, each 0 to 1.

@@ -43,6 +43,7 @@ VantreloOrvexFinalCutExtensionViewController::VantreloOrvexFinalCutExtensionView
     const Environment& environment)
     : environment_(environment),
       orvexState_(std::make_shared<OrvexState>()),
+      desktop_(*orvexState_, environment.workspace),
       motionRegistry_(std::make_unique<MotionTemplateRegistry>(environment.bookmarks)),
       audioRegistry_(std::make_unique<AudioUnitRegistry>(environment.audioComponents)),
       lutRegistry_(std::make_unique<LUTRegistry>(environment.bookmarks)),
@@ -76,7 +77,7 @@ void VantreloOrvexFinalCutExtensionViewController::loadView() {
 void VantreloOrvexFinalCutExtensionViewController::viewDidLoad() {
   hostingController_ =
       environment_.view.hostRootView({*orvexState_, *motionRegistry_, *audioRegistry_,
-                                      *lutRegistry_, *fxPlugRegistry_, hostAdapter()});
+                                      *lutRegistry_, *fxPlugRegistry_, hostAdapter(), desktop_});
   panelSizeObserver_ = environment_.notifications.subscribe(
       QStringLiteral("com.vantrelo.orvex.finalcut.panel-size"),
       [this](const QVariantMap& userInfo) { panelSizeRequested(userInfo); });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/DistributedNotifications.h"
+#include "shell/OrvexDesktop.h"
 #include "shell/PanelViewHost.h"
 
 #include <QObject>
@@ -53,6 +54,7 @@ class VantreloOrvexFinalCutExtensionViewController final : public QObject {
 
   Environment environment_;
   std::shared_ptr<OrvexState> orvexState_;
+  OrvexDesktop desktop_;
   std::unique_ptr<MotionTemplateRegistry> motionRegistry_;
   std::unique_ptr<AudioUnitRegistry> audioRegistry_;
   std::unique_ptr<LUTRegistry> lutRegistry_;

@@ -11,6 +11,7 @@
 #include "host/HostSnapshot.h"
 #include "services/ReleaseState.h"
 #include "services/UniversalPack.h"
+#include "shell/OrvexDesktop.h"
 #include "shell/OrvexPage.h"
 #include "shell/OrvexState.h"
 #include "shell/OrvexToast.h"
@@ -34,6 +35,13 @@ struct FinalCutHostAdapterForeign {
   QML_FOREIGN(orvex::FinalCutHostAdapter)
   QML_NAMED_ELEMENT(FinalCutHostAdapter)
   QML_UNCREATABLE("The controller owns the host adapter.")
+};
+
+struct OrvexDesktopForeign {
+  Q_GADGET
+  QML_FOREIGN(orvex::OrvexDesktop)
+  QML_NAMED_ELEMENT(OrvexDesktop)
+  QML_UNCREATABLE("The controller owns the desktop.")
 };
 
 struct EngineRegistryForeign {

@@ -46,6 +46,7 @@ class World final : public HostRuntime,
     return false;
   }
   void launch(const QUrl&, Launched) override {}
+  void reveal(const QUrl&, Revealed) override {}
 
   class Subscription final : public Token {
    public:

@@ -55,6 +55,7 @@ class Panel final : public HostState, public Workspace, public SystemLog {
     return opens;
   }
   void launch(const QUrl&, Launched) override {}
+  void reveal(const QUrl&, Revealed) override {}
   void line(const QString& text) override { lines.append(text); }
 
  private:

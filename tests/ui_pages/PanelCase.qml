@@ -88,6 +88,7 @@ TestCase {
             luts: testCase.objects.luts
             fxplug: testCase.objects.fxplug
             hostAdapter: testCase.objects.hostAdapter
+            desktop: testCase.objects.desktop
         }
     }
 }

@@ -9,6 +9,7 @@
 #include "platform/SystemLog.h"
 #include "platform/Workspace.h"
 #include "platform/hosts/BuiltInHost.h"
+#include "shell/OrvexDesktop.h"
 #include "shell/OrvexState.h"
 #include "support/NoSystem.h"
 
@@ -27,9 +28,12 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
   Q_PROPERTY(orvex::LUTRegistry* luts READ luts CONSTANT)
   Q_PROPERTY(orvex::FxPlugRegistry* fxplug READ fxplug CONSTANT)
   Q_PROPERTY(orvex::FinalCutHostAdapter* hostAdapter READ hostAdapter CONSTANT)
+  Q_PROPERTY(orvex::OrvexDesktop* desktop READ desktop CONSTANT)
   Q_PROPERTY(orvex::BuiltInHost* host READ host CONSTANT)
   /// The addresses that the desktop was asked to open.
   Q_PROPERTY(QStringList opened MEMBER opened_)
+  /// The files that the file manager was asked to show, which it cannot.
+  Q_PROPERTY(QList<QUrl> revealed MEMBER revealed_)
   /// The reasons of the host refreshes, oldest first.
   Q_PROPERTY(QStringList refreshes MEMBER refreshes_)
 
@@ -40,6 +44,7 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
   [[nodiscard]] LUTRegistry* luts() { return &luts_; }
   [[nodiscard]] FxPlugRegistry* fxplug() { return &fxplug_; }
   [[nodiscard]] FinalCutHostAdapter* hostAdapter() { return &adapter_; }
+  [[nodiscard]] OrvexDesktop* desktop() { return &desktop_; }
   [[nodiscard]] BuiltInHost* host() { return runtime_.host_.get(); }
 
   Q_INVOKABLE void connectHost() { adapter_.connect(); }
@@ -68,6 +73,10 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
     opened_.append(url.toString());
     return true;
   }
+  void reveal(const QUrl& file, Revealed revealed) override {
+    revealed_.append(file);
+    revealed(std::unexpected(QStringLiteral("gösterilemedi")));
+  }
   void line(const QString& text) override {
     const QString prefix = QStringLiteral("[Vantrelo Orvex] host refresh ");
     if (text.startsWith(prefix)) refreshes_.append(text.mid(prefix.size()).section(u' ', 0, 0));
@@ -81,7 +90,9 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
   FxPlugRegistry fxplug_{folders_.bookmarks()};
   BuiltInRuntime runtime_;
   FinalCutHostAdapter adapter_{state_, runtime_, *this, *this};
+  OrvexDesktop desktop_{*state_, *this};
   QStringList opened_;
+  QList<QUrl> revealed_;
   QStringList refreshes_;
 };
 

@@ -3,6 +3,7 @@
 #include "base/Bundle.h"
 #include "base/FileUrl.h"
 #include "platform/linux/GlibPointers.h"
+#include "platform/linux/RevealRequest.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -33,13 +34,8 @@ std::expected<void, QString> start(const QUrl& application) {
           .arg(process.program()));
 }
 
-}  // namespace
-
-bool GioWorkspace::open(const QUrl& url) {
-  if (!url.isValid() || url.scheme().isEmpty()) return false;
-  const GlibPointer<GAppInfo> application(
-      g_app_info_get_default_for_uri_scheme(url.scheme().toUtf8().constData()));
-  if (!application) return false;
+bool launch(GAppInfo* application, const QUrl& url) {
+  if (application == nullptr) return false;
   // GIO announces a launch over a connection of its own that, left as it is, ends the whole process
   // with the bus.
   const GlibPointer<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
@@ -48,7 +44,26 @@ bool GioWorkspace::open(const QUrl& url) {
   GList list{encoded.data(), nullptr, nullptr};
   // GLib starts the program through a process of its own that is gone at once, so that nothing is
   // left to be waited for; the program inherits the environment.
-  return g_app_info_launch_uris(application.get(), &list, nullptr, nullptr) != FALSE;
+  return g_app_info_launch_uris(application, &list, nullptr, nullptr) != FALSE;
+}
+
+bool openFolder(const QUrl& folder) {
+  const GlibPointer<GAppInfo> application(
+      g_app_info_get_default_for_type("inode/directory", FALSE));
+  return launch(application.get(), folder);
+}
+
+}  // namespace
+
+bool GioWorkspace::open(const QUrl& url) {
+  if (!url.isValid() || url.scheme().isEmpty()) return false;
+  const GlibPointer<GAppInfo> application(
+      g_app_info_get_default_for_uri_scheme(url.scheme().toUtf8().constData()));
+  return launch(application.get(), url);
+}
+
+void GioWorkspace::reveal(const QUrl& file, Revealed revealed) {
+  new RevealRequest(bus_, file, openFolder, std::move(revealed), &requests_);
 }
 
 void GioWorkspace::launch(const QUrl& application, Launched launched) {

@@ -42,7 +42,7 @@ class LinuxPlatform final : public Platform {
  private:
   const std::shared_ptr<CategoryLog> log_ = std::make_shared<CategoryLog>();
   SessionBus bus_;
-  GioWorkspace workspace_;
+  GioWorkspace workspace_{bus_};
   GioSchemeHandler schemeHandler_;
   BusNotifications notifications_{bus_, *log_};
   LinuxFolderAccess folderAccess_{bus_, *log_};

@@ -15,6 +15,7 @@ Item {
     required property FxPlugRegistry fxplug
     required property FinalCutHostAdapter hostAdapter
     required property ColorServices colorServices
+    required property OrvexDesktop desktop
     required property bool active
     required property real contentTopPadding
 
@@ -135,6 +136,7 @@ Item {
             state: view.state
             registry: view.luts
             color: view.colorServices
+            onReveal: file => view.desktop.reveal(file)
         }
     }
 

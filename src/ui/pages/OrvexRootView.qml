@@ -15,6 +15,7 @@ Item {
     required property FxPlugRegistry fxplug
     required property FinalCutHostAdapter hostAdapter
     required property ColorServices colorServices
+    required property OrvexDesktop desktop
 
     readonly property bool compact: panel.width < OrvexPanelMetrics.wideWidth
     // The page that the compact strip is centred on: the active one, until the strip's arrows move it
@@ -80,6 +81,7 @@ Item {
             fxplug: root.fxplug
             hostAdapter: root.hostAdapter
             colorServices: root.colorServices
+            desktop: root.desktop
         }
 
         OrvexToastOverlay {
