@@ -34,7 +34,7 @@ std::expected<void, QString> start(const QUrl& application) {
           .arg(process.program()));
 }
 
-bool launch(GAppInfo* application, const QUrl& url) {
+bool openWith(GAppInfo* application, const QUrl& url) {
   if (application == nullptr) return false;
   // GIO announces a launch over a connection of its own that, left as it is, ends the whole process
   // with the bus.
@@ -50,7 +50,7 @@ bool launch(GAppInfo* application, const QUrl& url) {
 bool openFolder(const QUrl& folder) {
   const GlibPointer<GAppInfo> application(
       g_app_info_get_default_for_type("inode/directory", FALSE));
-  return launch(application.get(), folder);
+  return openWith(application.get(), folder);
 }
 
 }  // namespace
@@ -59,7 +59,7 @@ bool GioWorkspace::open(const QUrl& url) {
   if (!url.isValid() || url.scheme().isEmpty()) return false;
   const GlibPointer<GAppInfo> application(
       g_app_info_get_default_for_uri_scheme(url.scheme().toUtf8().constData()));
-  return launch(application.get(), url);
+  return openWith(application.get(), url);
 }
 
 void GioWorkspace::reveal(const QUrl& file, Revealed revealed) {

@@ -43,6 +43,7 @@ OrvexPanel {
                 spacing: 28
 
                 ColorCount {
+                    Layout.fillWidth: false
                     count: summary.cloudCount
                     label: "Vantrelo Cloud"
                     objectName: "cloudCount"
