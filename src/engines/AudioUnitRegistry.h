@@ -14,7 +14,7 @@ namespace orvex {
 class AudioComponents;
 
 /// The inventory of the audio effects that the system has registered. Main thread only.
-class AudioUnitRegistry : public EngineRegistry {
+class AudioUnitRegistry : public orvex::EngineRegistry {
   Q_OBJECT
   Q_PROPERTY(orvex::EngineHealth health READ health NOTIFY changed FINAL)
   Q_PROPERTY(QDateTime lastRefresh READ lastRefresh NOTIFY changed FINAL)

@@ -14,6 +14,8 @@ struct ReleaseState {
   Q_PROPERTY(bool checking MEMBER checking)
   Q_PROPERTY(QString latestVersion MEMBER latestVersion)
   Q_PROPERTY(bool updateAvailable MEMBER updateAvailable)
+  Q_PROPERTY(bool hasDownload READ hasDownload)
+  Q_PROPERTY(bool hasNotes READ hasNotes)
   Q_PROPERTY(QUrl downloadURL READ downloadPage)
   Q_PROPERTY(QUrl notesURL READ notesPage)
   Q_PROPERTY(QString publishedAt READ publishedText)
@@ -26,12 +28,12 @@ struct ReleaseState {
   /// The version of the last manifest fetched, at first the panel's own.
   QString latestVersion;
   bool updateAvailable = false;
-  std::optional<QUrl> downloadURL;
-  std::optional<QUrl> notesURL;
+  std::optional<QUrl> downloadURL{};
+  std::optional<QUrl> notesURL{};
   /// As the manifest has it; never read as a date.
-  std::optional<QString> publishedAt;
+  std::optional<QString> publishedAt{};
   bool mandatory = false;
-  std::optional<QString> lastError;
+  std::optional<QString> lastError{};
 
   /// What a browser may be asked to open: the address where it is one of https, else nothing.
   [[nodiscard]] QUrl downloadPage() const { return webPage(downloadURL); }
@@ -43,6 +45,8 @@ struct ReleaseState {
   [[nodiscard]] static QUrl webPage(const std::optional<QUrl>& url) {
     return url && url->scheme() == u"https" && !url->host().isEmpty() ? *url : QUrl();
   }
+  [[nodiscard]] bool hasDownload() const { return !downloadPage().isEmpty(); }
+  [[nodiscard]] bool hasNotes() const { return !notesPage().isEmpty(); }
   [[nodiscard]] QString publishedText() const { return publishedAt.value_or(QString()); }
   [[nodiscard]] QString lastErrorText() const { return lastError.value_or(QString()); }
 };

@@ -13,4 +13,12 @@ void OrvexDesktop::reveal(const QUrl& file) {
   });
 }
 
+void OrvexDesktop::openPage(const QUrl& page) {
+  if (page.scheme() != u"https" || page.host().isEmpty()) return;
+  if (!workspace_.open(page))
+    state_.showToast(
+        QStringLiteral("%1 tarayıcıda açılamadı. Adresi bir tarayıcıya yaz.").arg(page.toString()),
+        OrvexToast::Kind::error, 5.0);
+}
+
 }  // namespace orvex

@@ -18,6 +18,8 @@ class OrvexDesktop : public QObject {
 
   /// Shows a local file or folder in the file manager.
   Q_INVOKABLE void reveal(const QUrl& file);
+  /// Opens an address of https in the browser; any other does nothing.
+  Q_INVOKABLE void openPage(const QUrl& page);
 
  private:
   OrvexState& state_;

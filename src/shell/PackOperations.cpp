@@ -162,8 +162,8 @@ void PackOperations::uninstall(const UniversalPack& pack) {
   Operation* operation = begin(pack.id, false);
   if (operation == nullptr) return;
   operation->background.run(
-      [client = client_, counter = listings_, id = pack.id](const WorkControl&) {
-        client.uninstall(id);
+      [client = client_, counter = listings_, id = pack.id](const WorkControl& control) {
+        client.uninstall(id, control.stop);
         return list(client, counter);
       },
       [this, id = pack.id,

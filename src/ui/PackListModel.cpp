@@ -42,11 +42,11 @@ void PackListModel::setState(OrvexState* state) {
 void PackListModel::reload() {
   QList<Row> rows;
   installedVersions_.clear();
-  const qsizetype before = catalogCount_;
+  const int before = catalogCount_;
   catalogCount_ = 0;
   if (state_) {
     QSet<QString> listed;
-    catalogCount_ = state_->packs().size();
+    catalogCount_ = static_cast<int>(state_->packs().size());
     rows.reserve(catalogCount_);
     for (const UniversalPack& pack : state_->packs()) {
       const QList<UniversalPackAsset> variant = pack.variants.value(kTarget);

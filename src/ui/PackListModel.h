@@ -18,7 +18,7 @@ class PackListModel : public QAbstractListModel {
   QML_ELEMENT
   Q_PROPERTY(orvex::OrvexState* state READ state WRITE setState NOTIFY stateChanged FINAL)
   /// How many packs the catalog has.
-  Q_PROPERTY(qsizetype catalogCount READ catalogCount NOTIFY catalogCountChanged FINAL)
+  Q_PROPERTY(int catalogCount READ catalogCount NOTIFY catalogCountChanged FINAL)
 
  public:
   enum Role {
@@ -44,7 +44,7 @@ class PackListModel : public QAbstractListModel {
 
   [[nodiscard]] OrvexState* state() const noexcept { return state_; }
   void setState(OrvexState* state);
-  [[nodiscard]] qsizetype catalogCount() const noexcept { return catalogCount_; }
+  [[nodiscard]] int catalogCount() const noexcept { return catalogCount_; }
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
@@ -69,7 +69,7 @@ class PackListModel : public QAbstractListModel {
 
   QPointer<OrvexState> state_;
   QList<Row> rows_;
-  qsizetype catalogCount_ = 0;
+  int catalogCount_ = 0;
   QHash<QString, QString> installedVersions_;
 };
 

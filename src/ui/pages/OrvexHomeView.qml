@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Layouts
 import Orvex
 import Orvex.Pages
 
@@ -21,7 +20,8 @@ OrvexScrollPage {
     component FolderEngineCard: OrvexEngineStatusCard {
         id: card
 
-        required property FolderRegistry registry
+        // A FolderRegistry; the linter cannot follow the registries to what they have in common.
+        required property var registry
         required property string chooseTitle
         readonly property bool chosen: card.registry.rootURL.toString().length > 0
 

@@ -43,22 +43,30 @@ FocusScope {
     signal touched
 
     function takeFocus(): void {
-        const control = [install, cancel, uninstall].find(candidate => candidate.visible && candidate.enabled);
-        if (control)
-            control.forceActiveFocus(Qt.TabFocusReason);
+        for (const control of [install, cancel, uninstall])
+            if (control.visible && control.enabled) {
+                control.forceActiveFocus(Qt.TabFocusReason);
+                return;
+            }
     }
 
     Accessible.name: card.name
     Accessible.role: Accessible.Grouping
-    // What had the focus can be gone now.
-    onBusyChanged: if (card.activeFocus)
-        Qt.callLater(card.takeFocus)
+    onBusyChanged: refocus.running = card.activeFocus
     onActiveFocusChanged: {
         if (!card.activeFocus)
             return;
         card.touched();
         if (card.Window.activeFocusItem === card)
             card.takeFocus();
+    }
+
+    // When the buttons are what they will be: the one that had the focus can be gone.
+    Timer {
+        id: refocus
+
+        interval: 0
+        onTriggered: card.takeFocus()
     }
 
     HoverHandler {

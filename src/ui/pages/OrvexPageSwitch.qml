@@ -118,6 +118,8 @@ Item {
 
         OrvexMotionView {
             registry: view.motion
+            onRefused: reason => view.state.showToast(reason, OrvexToast.Error, 5.0)
+            onReveal: file => view.desktop.reveal(file)
         }
     }
 
@@ -126,6 +128,7 @@ Item {
 
         OrvexAudioView {
             registry: view.audio
+            onCopied: view.state.showToast("Audio Unit bilgileri kopyalandı.", OrvexToast.Success, 3.2)
         }
     }
 
@@ -145,6 +148,8 @@ Item {
 
         OrvexFxPlugView {
             registry: view.fxplug
+            onRefused: reason => view.state.showToast(reason, OrvexToast.Error, 5.0)
+            onReveal: file => view.desktop.reveal(file)
         }
     }
 
@@ -153,6 +158,7 @@ Item {
 
         OrvexUpdateCenterView {
             state: view.state
+            onOpenPage: url => view.desktop.openPage(url)
         }
     }
 

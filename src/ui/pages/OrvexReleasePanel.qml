@@ -70,7 +70,7 @@ OrvexPanel {
 
                 icon: "icloud.and.arrow.down"
                 title: "Tarayıcıda indir"
-                visible: panel.state.release.downloadURL.toString().length > 0
+                visible: panel.state.release.hasDownload
 
                 onClicked: panel.openPage(panel.state.release.downloadURL)
             }
@@ -80,7 +80,7 @@ OrvexPanel {
 
                 icon: "info.circle.fill"
                 title: "Sürüm notları"
-                visible: panel.state.release.notesURL.toString().length > 0
+                visible: panel.state.release.hasNotes
 
                 onClicked: panel.openPage(panel.state.release.notesURL)
             }
