@@ -12,6 +12,8 @@ namespace {
 constexpr auto kLabel = "orvex-lut";
 // A file that was just opened shows its first frame sooner; one without a picture never does.
 constexpr std::chrono::milliseconds kPictureLimit{800};
+// The player reads a LUT of 64 MB in about a second.
+constexpr std::chrono::seconds kLimit{5};
 
 QString label() {
   return QString::fromLatin1(kLabel);
@@ -21,7 +23,7 @@ class LUTTask final : public MpvTask {
  public:
   LUTTask(std::unique_ptr<MpvConnection> connection, QString path, QString name, Done done,
           QObject* parent)
-      : MpvTask(std::move(connection), std::move(done), parent),
+      : MpvTask(std::move(connection), std::move(done), parent, kLimit),
         path_(std::move(path)),
         name_(std::move(name)) {
     ask(u"path", [this](const QJsonValue& file) {
