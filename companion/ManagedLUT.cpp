@@ -15,15 +15,14 @@ constexpr qsizetype kMaximumSize = qsizetype{64} * 1024 * 1024;
 
 std::expected<ManagedLUT, QString> ManagedLUT::read(const Directory& library,
                                                     const QByteArray& path) {
-  const QByteArray name = path.sliced(path.lastIndexOf('/') + 1);
-  const QByteArray folder = path.chopped(name.size() + 1);
-  const QByteArray digest = folder.sliced(folder.lastIndexOf('/') + 1);
+  const QList<QByteArray> components = path.split('/');
+  const QByteArray& name = components.last();
+  const QByteArray digest = components.value(components.size() - 2);
   const QString title = QString::fromUtf8(FileName(name).stem.toByteArray());
   const auto refused = [&title](const QString& reason) {
     return std::unexpected(QStringLiteral("%1 LUT'u uygulanamadı: %2").arg(title, reason));
   };
-  if (path != library.path(digest) + '/' + name || name.isEmpty() || digest.isEmpty() ||
-      digest.startsWith('.'))
+  if (path != library.path(digest + '/' + name) || name.isEmpty() || digest.startsWith('.'))
     return refused(QStringLiteral("dosya yönetilen LUT kitaplığında değil."));
   std::optional<QByteArray> bytes;
   try {
