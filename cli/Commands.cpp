@@ -3,14 +3,15 @@
 #include "AudioCommand.h"
 #include "FxPlugCommand.h"
 #include "HostCommand.h"
+#include "LutCommand.h"
 #include "LutsCommand.h"
 #include "MotionCommand.h"
 
 namespace orvex {
 
 const QList<Command>& allCommands() {
-  static const QList<Command> commands{lutsCommand(), motionCommand(), fxPlugCommand(),
-                                       audioCommand(), hostCommand()};
+  static const QList<Command> commands{lutsCommand(),  motionCommand(), fxPlugCommand(),
+                                       audioCommand(), lutCommand(),    hostCommand()};
   return commands;
 }
 

@@ -199,7 +199,8 @@ QUrl CloudLUTPreparation::prepare(const QUrl& source, const QUrl& packRoot, cons
   const QByteArray digest = Sha256::of(bytes).toHex();
   if (stop.stop_requested()) throw Stopped();
 
-  const Directory folder = Directory::make(filePath(library)).folderOrNew(digest);
+  const QUrl::FormattingOptions plain = QUrl::NormalizePathSegments | QUrl::StripTrailingSlash;
+  const Directory folder = Directory::make(filePath(library.adjusted(plain))).folderOrNew(digest);
   if (!holds(folder, name, bytes)) {
     replaceDurably(folder, name, bytes);
     require(holds(folder, name, bytes), Kind::CopyFailed);

@@ -57,7 +57,6 @@ TEST_F(CompanionProcess, AnswersAboutItselfAndRefusesWrongUsageAndAddresses) {
   EXPECT_TRUE(help.output.contains(u"--register"));
 
   const std::pair<QStringList, QString> rows[] = {
-      {{}, u"kullanım"_s},
       {{QString()}, u"kullanım"_s},
       {{u"--registers"_s}, u"kullanım"_s},
       {{u"--register"_s, kFocus}, u"kullanım"_s},

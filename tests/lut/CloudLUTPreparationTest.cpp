@@ -25,7 +25,7 @@ class Preparation : public testing::Test {
   QByteArray prepare(const QByteArray& source, const QByteArray& root = "Pack") {
     try {
       const QUrl copy = CloudLUTPreparation::prepare(
-          fileUrl(tree.path(source)), fileUrl(tree.path(root)), fileUrl(tree.path("library")));
+          fileUrl(tree.path(source)), fileUrl(tree.path(root)), fileUrl(tree.path("./library/")));
       return filePath(copy).replace(tree.path("library/"), "");
     } catch (const PreparationError& error) {
       const char* names[] = {"invalidSource", "unsupportedLUT", "copyFailed"};

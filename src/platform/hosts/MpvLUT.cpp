@@ -12,6 +12,10 @@ namespace {
 constexpr auto kLabel = "orvex-lut";
 // A file that was just opened shows its first frame sooner; one without a picture never does.
 constexpr std::chrono::milliseconds kPictureLimit{800};
+// The player reads a LUT of 64 MB in about a second.
+constexpr std::chrono::seconds kLimit{5};
+constexpr std::chrono::milliseconds kLookInterval{20};
+constexpr int kLooks = 100;
 
 QString label() {
   return QString::fromLatin1(kLabel);
@@ -21,41 +25,35 @@ class LUTTask final : public MpvTask {
  public:
   LUTTask(std::unique_ptr<MpvConnection> connection, QString path, QString name, Done done,
           QObject* parent)
-      : MpvTask(std::move(connection), std::move(done), parent),
+      : MpvTask(std::move(connection), std::move(done), parent, kLimit),
         path_(std::move(path)),
         name_(std::move(name)) {
-    ask(u"path", [this](const QJsonValue& file) {
-      if (!file.isString())
-        return fail(
-            QStringLiteral("%1 LUT'u uygulanamadı: mpv'de açık video yok. Önce bir video aç.")
-                .arg(name_));
-      awaitPicture();
-    });
-  }
-
- private:
-  // A filter that is added before there is a picture is not tried, and a bad one would then take
-  // the picture away.
-  void awaitPicture() {
+    // A filter that is added before there is a picture is not tried, and a bad one would then take
+    // the picture away.
     QTimer::singleShot(kPictureLimit, this, [this] {
       if (!begun_)
-        fail(
-            QStringLiteral("%1 LUT'u uygulanamadı: mpv bir görüntü göstermiyor. Görüntüsü olan bir "
-                           "dosya aç, sonra yeniden dene.")
-                .arg(name_));
+        ask(u"idle-active", [this](const QJsonValue& idle) { failWithoutPicture(idle); });
     });
-    QObject::connect(&connection(), &MpvConnection::eventReceived, this,
+    QObject::connect(&this->connection(), &MpvConnection::eventReceived, this,
                      [this](const MpvEvent& event) {
-                       if (event.name != u"property-change" || !event.data.isObject() || begun_)
-                         return;
-                       begun_ = true;
-                       add();
+                       if (event.name == u"property-change" && event.data.isObject() && !begun_)
+                         add();
                      });
     run({QStringLiteral("observe_property"), 1, QStringLiteral("video-params")},
         [](const QJsonValue&) {});
   }
 
+ private:
+  void failWithoutPicture(const QJsonValue& idle) {
+    if (begun_) return;
+    const QString reason =
+        idle.toBool() ? QStringLiteral("mpv'de açık video yok. Önce bir video aç.")
+                      : QStringLiteral("mpv bir görüntü göstermiyor. Görüntüsü olan bir dosya aç.");
+    fail(QStringLiteral("%1 LUT'u uygulanamadı: %2").arg(name_, reason));
+  }
+
   void add() {
+    begun_ = true;
     // The count of bytes before the path keeps every character of it from being understood.
     const QString filter =
         QStringLiteral("@%1:lut3d=file=%%2%%3").arg(label()).arg(path_.toUtf8().size()).arg(path_);
@@ -70,11 +68,20 @@ class LUTTask final : public MpvTask {
       there = there || (filter[u"label"] == label() && filter[u"name"].toString() == u"lut3d" &&
                         filter[u"enabled"] == true && filter[u"params"][u"file"] == path_);
     if (!there) return failToShow();
-    // Only a filter that works on the picture has this.
+    awaitUse(kLooks);
+  }
+
+  // Only a filter that works on the picture has data of its own; the player builds it when it draws
+  // the next picture.
+  void awaitUse(int looksLeft) {
+    if (looksLeft == 0) return failToShow();
     connection().send({QStringLiteral("get_property"), QStringLiteral("vf-metadata/") + label()},
-                      [this](const MpvReply& reply) {
-                        if (!reply.succeeded()) return failToShow();
-                        ask(u"media-title", [this](const QJsonValue& title) { succeed(title); });
+                      [this, looksLeft](const MpvReply& reply) {
+                        if (reply.succeeded())
+                          ask(u"media-title", [this](const QJsonValue& title) { succeed(title); });
+                        else
+                          QTimer::singleShot(kLookInterval, this,
+                                             [this, looksLeft] { awaitUse(looksLeft - 1); });
                       });
   }
 

@@ -20,7 +20,7 @@ class MpvLUT final : public QObject {
 
   /// Puts the LUT of the `.cube` file at `path` over the whole stream, in place of the one before,
   /// and makes sure that the player uses it; `name` is what people know it by. The player reads the
-  /// file again whenever it rebuilds its filters, so it has to stay. Calls `done` once, within two
+  /// file again whenever it rebuilds its filters, so it has to stay. Calls `done` once, within five
   /// seconds, possibly before this returns; not at all if this object is destroyed first.
   void apply(const QString& path, const QString& name, Done done);
 

@@ -1,22 +1,16 @@
 #include "platform/hosts/MpvTask.h"
 
-#include <chrono>
-
 namespace orvex {
-namespace {
 
-constexpr std::chrono::seconds kDeadline{2};
-
-}  // namespace
-
-MpvTask::MpvTask(std::unique_ptr<MpvConnection> connection, Done done, QObject* parent)
+MpvTask::MpvTask(std::unique_ptr<MpvConnection> connection, Done done, QObject* parent,
+                 std::chrono::milliseconds limit)
     : QObject(parent), connection_(std::move(connection)), done_(std::move(done)) {
   connect(connection_.get(), &MpvConnection::closed, this,
           [this] { fail(QStringLiteral("mpv bağlantıyı kapattı; komut tamamlanmadı.")); });
   deadline_.setSingleShot(true);
   connect(&deadline_, &QTimer::timeout, this,
           [this] { fail(QStringLiteral("mpv süresi içinde yanıt vermedi.")); });
-  deadline_.start(kDeadline);
+  deadline_.start(limit);
 }
 
 void MpvTask::ask(QStringView property, Then then) {

@@ -5,14 +5,15 @@
 #include <QObject>
 #include <QTimer>
 
+#include <chrono>
 #include <expected>
 #include <functional>
 #include <memory>
 
 namespace orvex {
 
-/// A few commands to a running mpv that together do one thing, on a connection of their own and
-/// within two seconds. Deletes itself when it is done. Main thread only.
+/// A few commands to a running mpv that together do one thing, on a connection of their own and in
+/// limited time. Deletes itself when it is done. Main thread only.
 class MpvTask : public QObject {
   Q_OBJECT
 
@@ -21,7 +22,8 @@ class MpvTask : public QObject {
   /// destroyed first.
   using Done = std::function<void(std::expected<QString, QString>)>;
 
-  MpvTask(std::unique_ptr<MpvConnection> connection, Done done, QObject* parent);
+  MpvTask(std::unique_ptr<MpvConnection> connection, Done done, QObject* parent,
+          std::chrono::milliseconds limit = std::chrono::seconds(2));
 
  protected:
   using Then = std::function<void(const QJsonValue&)>;
