@@ -3,6 +3,7 @@
 #include "AudioCommand.h"
 #include "FxPlugCommand.h"
 #include "HostCommand.h"
+#include "LutCommand.h"
 #include "LutsCommand.h"
 #include "MotionCommand.h"
 #include "PacksCommand.h"
@@ -12,9 +13,9 @@
 namespace orvex {
 
 const QList<Command>& allCommands() {
-  static const QList<Command> commands{lutsCommand(),    motionCommand(),  fxPlugCommand(),
-                                       audioCommand(),   releaseCommand(), packsCommand(),
-                                       requestCommand(), hostCommand()};
+  static const QList<Command> commands{
+      lutsCommand(),    motionCommand(), fxPlugCommand(),  audioCommand(), lutCommand(),
+      releaseCommand(), packsCommand(),  requestCommand(), hostCommand()};
   return commands;
 }
 

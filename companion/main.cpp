@@ -1,5 +1,8 @@
+#include "base/DescribedError.h"
 #include "companion/Companion.h"
 #include "companion/CompanionRequest.h"
+#include "companion/LUTRequests.h"
+#include "lut/ManagedLibrary.h"
 #include "platform/Platform.h"
 #include "platform/SchemeHandler.h"
 #include "platform/SystemLog.h"
@@ -16,8 +19,9 @@ using namespace orvex;
 enum ExitCode { kDone = 0, kFailed = 1, kRefused = 2 };
 
 constexpr auto kUsage =
-    "kullanım: orvex-companion ADRES | --register | --unregister | --help | --version\n"
+    "kullanım: orvex-companion [ADRES | --register | --unregister | --help | --version]\n"
     "\n"
+    "  (hiçbiri)     panelin bıraktığı LUT isteklerini yerine getirir ve çıkar\n"
     "  ADRES         isteği yerine getirir:\n"
     "                  vantrelo-finalcut://focus-panel\n"
     "                  vantrelo-finalcut://timeline-action?action=KOMUT\n"
@@ -51,23 +55,90 @@ std::expected<QString, QString> setRegistered(SchemeHandler& handler, bool regis
       .arg(scheme());
 }
 
+std::expected<std::optional<HostChoice>, QString> chosenHost() {
+  const QString variable = qEnvironmentVariable("ORVEX_HOST");
+  if (variable.isEmpty()) return std::nullopt;
+  const auto choice = HostChoice::parse(variable);
+  if (!choice) return std::unexpected(choice.error());
+  return *choice;
+}
+
 int open(Platform& platform, const QString& url) {
   // All that is asked for is decided on before anything is done.
   const auto request = CompanionRequest::parse(url.toUtf8());
   if (!request) return finish(platform.log(), std::unexpected(request.error()), kRefused);
-  std::optional<HostChoice> host;
-  if (const QString variable = qEnvironmentVariable("ORVEX_HOST"); !variable.isEmpty()) {
-    const auto choice = HostChoice::parse(variable);
-    if (!choice) return finish(platform.log(), std::unexpected(choice.error()), kRefused);
-    host = *choice;
-  }
-  Companion companion(platform.remotePanel(), host);
+  const auto host = chosenHost();
+  if (!host) return finish(platform.log(), std::unexpected(host.error()), kRefused);
+  Companion companion(platform.remotePanel(), *host);
   QTimer::singleShot(0, qApp, [&] {
     companion.perform(*request, [&platform](const std::expected<QString, QString>& result) {
       QCoreApplication::exit(finish(platform.log(), result, kFailed));
     });
   });
   return QCoreApplication::exec();
+}
+
+// Each in its turn, until none is left. A panel launches a companion for every request, after it
+// has left it, so that there is nothing to wait for.
+class Serving {
+ public:
+  Serving(Platform& platform, const std::expected<std::optional<HostChoice>, QString>& host)
+      : log_(platform.log()),
+        host_(host),
+        companion_(platform.remotePanel(), host.value_or(std::nullopt)) {}
+
+  void next() {
+    try {
+      while (const auto taken = requests_.take()) {
+        if (*taken) return serve(**taken);
+        log(taken->error());
+      }
+      QCoreApplication::exit(kDone);
+    } catch (const DescribedError& error) {
+      log(error.description());
+      QCoreApplication::exit(kFailed);
+    }
+  }
+
+ private:
+  void serve(const LUTRequest& request) {
+    const auto done = [this, request](const std::expected<QString, QString>& outcome) {
+      log(outcome ? *outcome : outcome.error());
+      try {
+        requests_.reply(request, outcome);
+      } catch (const DescribedError& error) {
+        log(error.description());
+      }
+      // From the loop: what was done may still be on the stack.
+      QTimer::singleShot(0, qApp, [this] { next(); });
+    };
+    if (!host_) return done(std::unexpected(host_.error()));
+    try {
+      companion_.applyLUT(library_, request.path, done);
+    } catch (const DescribedError& error) {
+      done(std::unexpected(error.description()));
+    }
+  }
+
+  void log(const QString& sentence) {
+    log_.line(QStringLiteral("[Vantrelo Orvex] companion: %1").arg(sentence));
+  }
+
+  SystemLog& log_;
+  const std::expected<std::optional<HostChoice>, QString> host_;
+  Companion companion_;
+  const Directory library_ = Directory::make(ManagedLibrary::userPath());
+  const LUTRequests requests_{library_};
+};
+
+int serveRequests(Platform& platform) {
+  try {
+    Serving serving(platform, chosenHost());
+    QTimer::singleShot(0, qApp, [&serving] { serving.next(); });
+    return QCoreApplication::exec();
+  } catch (const DescribedError& error) {
+    return finish(platform.log(), std::unexpected(error.description()), kFailed);
+  }
 }
 
 }  // namespace
@@ -85,12 +156,13 @@ int main(int argc, char** argv) {
     return kDone;
   }
   const bool isRegistration = argument == u"--register" || argument == u"--unregister";
-  if (arguments.size() != 1 || argument.isEmpty() ||
+  if (arguments.size() > 1 || (!arguments.isEmpty() && argument.isEmpty()) ||
       (argument.startsWith(u'-') && !isRegistration)) {
     std::fputs(kUsage, stderr);
     return kRefused;
   }
   const auto platform = makePlatform();
+  if (arguments.isEmpty()) return serveRequests(*platform);
   if (isRegistration)
     return finish(platform->log(),
                   setRegistered(platform->schemeHandler(), argument == u"--register"), kFailed);

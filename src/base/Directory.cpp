@@ -86,6 +86,14 @@ Directory Directory::folder(const QByteArray& name) const {
   return {std::move(folder), path(name)};
 }
 
+Directory Directory::folderOrNew(const QByteArray& name) const {
+  if (::mkdirat(folder_.get(), name.constData(), 0777) == 0)
+    sync();
+  else if (errno != EEXIST)
+    throw failure(QStringLiteral("oluşturulamadı"), path(name));
+  return folder(name);
+}
+
 Directory Directory::makeFolder(const QByteArray& name) const {
   if (::mkdirat(folder_.get(), name.constData(), 0777) != 0)
     throw failure(QStringLiteral("oluşturulamadı"), path(name));

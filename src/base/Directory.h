@@ -29,6 +29,8 @@ class Directory {
   /// Whether `name` is the name of the folder `entry`.
   [[nodiscard]] bool has(const QByteArray& name, const Directory& entry) const;
   [[nodiscard]] Directory folder(const QByteArray& name) const;
+  /// The same; made where it is missing, durably.
+  [[nodiscard]] Directory folderOrNew(const QByteArray& name) const;
   /// A folder that was not there before.
   [[nodiscard]] Directory makeFolder(const QByteArray& name) const;
   /// A regular file, for reading; anything else is refused without waiting for it.

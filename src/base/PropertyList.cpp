@@ -126,4 +126,26 @@ std::expected<QVariant, QString> PropertyList::parse(const QByteArray& bytes) {
   return convert(root);
 }
 
+std::expected<QByteArray, QString> PropertyList::binary(const QVariantMap& dictionary) {
+  const std::unique_ptr<void, NodeDeleter> root(plist_new_dict());
+  for (const auto& [key, value] : dictionary.asKeyValueRange()) {
+    plist_t node = nullptr;
+    if (value.typeId() == QMetaType::Bool) node = plist_new_bool(value.toBool() ? 1 : 0);
+    if (value.typeId() == QMetaType::QString)
+      node = plist_new_string(value.toString().toUtf8().constData());
+    if (node == nullptr) return std::unexpected(QStringLiteral("neither a Boolean nor a text"));
+    plist_dict_set_item(root.get(), key.toUtf8().constData(), node);
+  }
+  char* rawBytes = nullptr;
+  uint32_t size = 0;
+  plist_to_bin(root.get(), &rawBytes, &size);
+  const std::unique_ptr<char, decltype(&free)> owner(rawBytes, &free);
+  const QByteArray bytes(rawBytes, size);
+  // The library cuts a text at a zero character and takes half a surrogate pair for a question
+  // mark.
+  if (parse(bytes) != QVariant(dictionary))
+    return std::unexpected(QStringLiteral("not to be written as a property list"));
+  return bytes;
+}
+
 }  // namespace orvex

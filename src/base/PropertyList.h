@@ -8,10 +8,10 @@
 
 namespace orvex {
 
-/// Reading of property lists, in the XML and in the binary form.
+/// Property lists: reading them in the XML and in the binary form, writing small ones.
 ///
-/// The result keeps the types of the file apart: a Boolean is a `bool`, an integer a `qlonglong`, a
-/// real a `double`, text a `QString`, data a `QByteArray`, an array a `QVariantList` and a
+/// What is read keeps the types of the file apart: a Boolean is a `bool`, an integer a `qlonglong`,
+/// a real a `double`, text a `QString`, data a `QByteArray`, an array a `QVariantList` and a
 /// dictionary a `QVariantMap`. Callers that want a type must compare `typeId()`, never convert.
 namespace PropertyList {
 
@@ -24,6 +24,11 @@ inline constexpr int kMaximumDepth = 64;
 /// too deep, a date (which nothing here uses and the parser below handles unsafely), a document
 /// type with declarations of its own, or malformed.
 [[nodiscard]] std::expected<QVariant, QString> parse(const QByteArray& bytes);
+
+/// `dictionary`, whose values are Booleans and texts, in the binary form: bytes from which `parse`
+/// gives it back. The error is one sentence for a log: a value of another type, a text that no
+/// property list can hold, or too large.
+[[nodiscard]] std::expected<QByteArray, QString> binary(const QVariantMap& dictionary);
 
 }  // namespace PropertyList
 }  // namespace orvex

@@ -75,11 +75,4 @@ QString FolderScan::identifier(QByteArray file) const {
   return QString::fromUtf8(file.replace(root_ + '/', ""));
 }
 
-FileName::FileName(QByteArrayView name) : stem(name) {
-  const qsizetype dot = name.lastIndexOf('.');
-  if (dot <= 0) return;
-  stem = name.first(dot);
-  extension = name.sliced(dot + 1);
-}
-
 }  // namespace orvex

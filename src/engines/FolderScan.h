@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/FileName.h"
 #include "base/FileTree.h"
 #include "engines/Inventory.h"
 
@@ -28,19 +29,6 @@ class FolderScan {
  private:
   QByteArray root_;
   const WorkControl& control_;
-};
-
-/// A file name without its extension, and the extension without its dot.
-struct FileName {
-  explicit FileName(QByteArrayView name);
-
-  /// In small or capital ASCII letters, or both.
-  [[nodiscard]] bool hasExtension(QByteArrayView wanted) const {
-    return extension.compare(wanted, Qt::CaseInsensitive) == 0;
-  }
-
-  QByteArrayView stem;
-  QByteArrayView extension;
 };
 
 /// Puts items in the localized order of their names. `rank` comes before the name; what is the same

@@ -21,9 +21,9 @@ struct CubeLattice {
   Rgb domainMin{0, 0, 0};
   Rgb domainMax{1, 1, 1};
   /// `size` cubed points, red changing fastest.
-  std::vector<Rgb> points;
+  std::vector<Rgb> points{};
   /// The curves applied before the lattice; empty when there are none.
-  std::vector<Rgb> shaper;
+  std::vector<Rgb> shaper{};
   Rgb shaperMin{0, 0, 0};
   Rgb shaperMax{1, 1, 1};
 

@@ -17,6 +17,9 @@ class PanelEndpoint {
   /// Performs a timeline action on the panel's own built-in host. False when it has none, does not
   /// know the action, or no panel runs.
   virtual bool performOnBuiltInHost(const QString& action) = 0;
+  /// Puts the LUT called `name` on the clip under the playhead of the panel's own built-in host.
+  /// The clip's name; empty when it has no such host, or no panel runs.
+  virtual QString applyLUTOnBuiltInHost(const QString& name) = 0;
 };
 
 }  // namespace orvex

@@ -1,8 +1,11 @@
 #include "runtime/PanelRuntime.h"
 
+#include "base/Bundle.h"
 #include "engines/FolderBookmarkStore.h"
+#include "engines/Inventory.h"
 #include "host/FinalCutHostAdapter.h"
 #include "platform/DistributedNotifications.h"
+#include "platform/HostPicture.h"
 #include "platform/HostRuntime.h"
 #include "platform/Platform.h"
 #include "platform/SystemLog.h"
@@ -14,6 +17,7 @@
 #include "shell/OrvexState.h"
 #include "shell/VantreloOrvexFinalCutExtensionViewController.h"
 #include "ui/OrvexMotion.h"
+#include "ui/color/ColorServices.h"
 
 #include <QQuickItem>
 
@@ -29,7 +33,12 @@ PanelRuntime::PanelRuntime(const PanelOptions& options)
                                                        platform_->log())),
       window_(std::make_unique<PanelWindow>()),
       folderChooser_(std::make_unique<QuickFolderChooser>(engine_, *window_, platform_->log())),
-      view_(std::make_unique<QuickPanelView>(engine_, *window_)) {
+      hostPicture_(makeHostPicture(options.host)),
+      colorServices_(std::make_unique<ColorServices>(
+          LUTApplyBridge::Environment{platform_->workspace(), platform_->folderAccess(),
+                                      platform_->log(), Bundle::main().path()},
+          hostPicture_.get(), ScanOptions::userCacheFolder())),
+      view_(std::make_unique<QuickPanelView>(engine_, *window_, *colorServices_)) {
   // Where the panel's own modules are; this version of the toolkit does not look there by itself.
   engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
   if (platform_->prefersReducedMotion()) OrvexMotion::setReduced(true);
@@ -128,6 +137,11 @@ QString PanelRuntime::hostInUse() {
 bool PanelRuntime::performOnBuiltInHost(const QString& action) {
   BuiltInHost* host = builtInHost();
   return host != nullptr && host->performTimelineAction(action);
+}
+
+QString PanelRuntime::applyLUTOnBuiltInHost(const QString& name) {
+  BuiltInHost* host = builtInHost();
+  return host != nullptr ? host->applyLUT(name) : QString();
 }
 
 }  // namespace orvex

@@ -14,7 +14,9 @@
 namespace orvex {
 
 class BuiltInHost;
+class ColorServices;
 class FolderBookmarkStore;
+class HostPicture;
 class HostRuntime;
 class PanelWindow;
 class Platform;
@@ -41,6 +43,7 @@ class PanelRuntime final : public QObject, private PanelEndpoint {
   bool focusPanel() override;
   [[nodiscard]] QString hostInUse() override;
   bool performOnBuiltInHost(const QString& action) override;
+  QString applyLUTOnBuiltInHost(const QString& name) override;
 
   void followSizes();
   [[nodiscard]] BuiltInHost* builtInHost() const;
@@ -54,6 +57,8 @@ class PanelRuntime final : public QObject, private PanelEndpoint {
   std::unique_ptr<PanelWindow> window_;
   QTimer resizing_;
   std::unique_ptr<QuickFolderChooser> folderChooser_;
+  std::unique_ptr<HostPicture> hostPicture_;
+  std::unique_ptr<ColorServices> colorServices_;
   std::unique_ptr<QuickPanelView> view_;
   std::unique_ptr<VantreloOrvexFinalCutExtensionViewController> controller_;
 };

@@ -8,6 +8,7 @@
 #include "runtime/PanelWindow.h"
 #include "shell/OrvexDesktop.h"
 #include "shell/OrvexState.h"
+#include "ui/color/ColorServices.h"
 
 #include <QColor>
 #include <QQmlComponent>
@@ -43,8 +44,9 @@ std::unique_ptr<QQuickItem> makeQuickItem(QQmlEngine& engine, const QString& url
   return std::unique_ptr<QQuickItem>(item);
 }
 
-QuickPanelView::QuickPanelView(QQmlEngine& engine, PanelWindow& window)
-    : engine_(engine), window_(window) {}
+QuickPanelView::QuickPanelView(QQmlEngine& engine, PanelWindow& window,
+                               ColorServices& colorServices)
+    : engine_(engine), window_(window), colorServices_(colorServices) {}
 
 void QuickPanelView::createView(QSizeF size, const ViewColor& background) {
   window_.setColor(
@@ -68,6 +70,7 @@ std::unique_ptr<PanelViewHost::HostedView> QuickPanelView::hostRootView(
                      {QStringLiteral("luts"), QVariant::fromValue(&objects.luts)},
                      {QStringLiteral("fxplug"), QVariant::fromValue(&objects.fxplug)},
                      {QStringLiteral("hostAdapter"), QVariant::fromValue(&objects.hostAdapter)},
+                     {QStringLiteral("colorServices"), QVariant::fromValue(&colorServices_)},
                      {QStringLiteral("desktop"), QVariant::fromValue(&objects.desktop)},
                      {QStringLiteral("pageWanted"), false}});
   // The frame around the page is on screen sooner when the page is made behind it.

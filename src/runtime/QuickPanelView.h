@@ -8,13 +8,14 @@ class QQuickItem;
 
 namespace orvex {
 
+class ColorServices;
 class PanelWindow;
 
 /// The controller's view on Qt Quick: an item that fills the window's panel area.
 class QuickPanelView final : public PanelViewHost {
  public:
-  /// `window` outlives this.
-  QuickPanelView(QQmlEngine& engine, PanelWindow& window);
+  /// All of it outlives this.
+  QuickPanelView(QQmlEngine& engine, PanelWindow& window, ColorServices& colorServices);
 
   void createView(QSizeF size, const ViewColor& background) override;
   void setPreferredContentSize(QSizeF size) override;
@@ -27,6 +28,7 @@ class QuickPanelView final : public PanelViewHost {
  private:
   QQmlEngine& engine_;
   PanelWindow& window_;
+  ColorServices& colorServices_;
 };
 
 /// Makes the item that `url` describes. What is wrong with it, a fault of this build, ends the

@@ -2,13 +2,18 @@ import QtQuick
 import QtQuick.Layouts
 import Orvex
 
-/// Stands where a list would, and says why there is none.
+/// Stands where a list would, and says why there is none; with an `actionTitle`, also a button for
+/// what can be done about it.
 OrvexPanel {
     id: empty
 
     required property string icon
     required property string title
     required property string message
+    property string actionTitle
+    property string actionIcon
+
+    signal clicked
 
     Accessible.description: message
     Accessible.name: title
@@ -45,6 +50,17 @@ OrvexPanel {
             size: 9
             text: empty.message
             wrapMode: Text.Wrap
+        }
+
+        OrvexButton {
+            Layout.alignment: Qt.AlignHCenter
+            Layout.maximumWidth: parent.width
+            Layout.topMargin: 4
+            icon: empty.actionIcon
+            title: empty.actionTitle
+            visible: title.length > 0
+
+            onClicked: empty.clicked()
         }
     }
 }

@@ -122,6 +122,22 @@ TEST(PropertyList, SurvivesDamageAnywhere) {
   }
 }
 
+TEST(PropertyList, WritesWhatItReadsBackOrNothing) {
+  const QVariantMap dictionary{{u"ok"_qs, true},
+                               {u"no"_qs, false},
+                               {u"message"_qs, u"Işık LUT'u \U0001F3AC kaydına"_qs},
+                               {u"path"_qs, QString(3000, u'/')},
+                               {u"boş"_qs, QString(u""_qs)}};
+  const auto bytes = PropertyList::binary(dictionary);
+  ASSERT_TRUE(bytes) << bytes.error();
+  EXPECT_TRUE(bytes->startsWith("bplist00"));
+  EXPECT_EQ(PropertyList::parse(*bytes), QVariant(dictionary));
+  for (const QVariant& value : {QVariant(1), QVariant(u"a\0b"_qs), QVariant(QString(QChar(0xD800))),
+                                QVariant(), QVariant(QString(PropertyList::kMaximumBytes, u'x'))})
+    EXPECT_FALSE(PropertyList::binary({{u"key"_qs, value}}))
+        << qPrintable(value.toString().left(9));
+}
+
 TEST(StringsFile, ReadsTablesInEveryForm) {
   using Table = QMap<QString, QString>;
   QStringEncoder utf16(QStringEncoder::Utf16LE, QStringEncoder::Flag::WriteBom);

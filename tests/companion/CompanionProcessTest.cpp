@@ -33,6 +33,10 @@ class CompanionProcess : public PrivateSession, protected PanelEndpoint {
     calls_.append(action);
     return hasBuiltInHost_;
   }
+  QString applyLUTOnBuiltInHost(const QString& name) override {
+    calls_.append(name);
+    return hasBuiltInHost_ ? u"Açılış"_s : QString();
+  }
 
   // Runs the companion while the event loop here answers for the panel.
   [[nodiscard]] static ProgramResult run(const QStringList& arguments) {
@@ -53,7 +57,6 @@ TEST_F(CompanionProcess, AnswersAboutItselfAndRefusesWrongUsageAndAddresses) {
   EXPECT_TRUE(help.output.contains(u"--register"));
 
   const std::pair<QStringList, QString> rows[] = {
-      {{}, u"kullanım"_s},
       {{QString()}, u"kullanım"_s},
       {{u"--registers"_s}, u"kullanım"_s},
       {{u"--register"_s, kFocus}, u"kullanım"_s},

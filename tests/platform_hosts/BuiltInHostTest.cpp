@@ -71,6 +71,15 @@ TEST(BuiltInHost, TakesOnlyWhatMakesSense) {
   host.setSpeedPercent(1'000'000);
   EXPECT_EQ(host.speedPercent(), 10'000);
 
+  // A LUT goes on the clip that is shown; after the last frame that is the last one.
+  host.seek(8);
+  EXPECT_EQ(host.applyLUT(u"Işık"_s), u"Röportaj 1");
+  host.seek(60);
+  EXPECT_EQ(host.applyLUT(u"Gece"_s), u"Kapanış");
+  QStringList luts;
+  for (const QVariant& clip : host.clips()) luts.append(clip.value<BuiltInClip>().lut);
+  EXPECT_EQ(luts.join(u'|'), u"|Işık||||Gece");
+
   // A move to nowhere ends as well.
   CountingObserver observer;
   host.timeline()->addTimelineObserver(&observer);

@@ -25,6 +25,10 @@ struct Panel final : PanelEndpoint {
     performed = action;
     return action == u"blade-speed";
   }
+  QString applyLUTOnBuiltInHost(const QString& name) override {
+    performed = name;
+    return u"Açılış"_s;
+  }
 
   int focused = 0;
   bool focusable = true;
@@ -65,6 +69,10 @@ TEST_F(PanelEndpoints, CallsReachThePanelAndItsAnswersComeBack) {
     EXPECT_EQ(done, action == u"blade-speed");
     EXPECT_EQ(panel_.performed, action);
   }
+  EXPECT_EQ(
+      remotely([](PanelEndpoint& endpoint) { return endpoint.applyLUTOnBuiltInHost(u"Işık"_s); }),
+      u"Açılış");
+  EXPECT_EQ(panel_.performed, u"Işık");
 }
 
 TEST_F(PanelEndpoints, APanelThatIsNotThereOrHangsIsGivenUp) {

@@ -45,6 +45,7 @@ class World final : public HostRuntime,
     opened.append(url.toString());
     return false;
   }
+  void launch(const QUrl&, Launched) override {}
   void reveal(const QUrl&, Revealed) override {}
 
   class Subscription final : public Token {

@@ -54,6 +54,7 @@ class Panel final : public HostState, public Workspace, public SystemLog {
     opened.append(url.toString());
     return opens;
   }
+  void launch(const QUrl&, Launched) override {}
   void reveal(const QUrl&, Revealed) override {}
   void line(const QString& text) override { lines.append(text); }
 

@@ -90,6 +90,8 @@ PanelCase {
         const shown = name => allItems(strip, item => item.objectName === name && item.visible);
         compare(shown("clip").length, host.clips.length);
         compare(shown("retimeBand").length + shown("speed").length, 0);
+        host.applyLUT("Işık");
+        compare(shown("clipLUT").map(label => label.text).join(), "Işık");
         host.performTimelineAction("toggle-retime");
         compare(shown("retimeBand").length, host.clips.length);
         host.setSpeedPercent(50);

@@ -76,6 +76,7 @@ void BuiltInHost::setFrameRate(const QString& rate) {
   observers_.changed(TimelineObservers::ActiveSequence);
   observers_.changed(TimelineObservers::Playhead);
   Q_EMIT frameRateChanged();
+  Q_EMIT clipsChanged();
   Q_EMIT playheadChanged();
   Q_EMIT speedPointsChanged();
 }
@@ -121,9 +122,9 @@ QVariantList BuiltInHost::clips() const {
     const std::int64_t begin = rate_.frameNearest(beginnings[i].seconds);
     const std::int64_t end =
         i + 1 < beginnings.size() ? rate_.frameNearest(beginnings[i + 1].seconds) : frameCount();
-    clips.append(
-        QVariant::fromValue(BuiltInClip{beginnings[i].name, rate_.timeOfFrame(begin).seconds(),
-                                        rate_.timeOfFrame(end - begin).seconds()}));
+    clips.append(QVariant::fromValue(BuiltInClip{
+        beginnings[i].name, rate_.timeOfFrame(begin).seconds(),
+        rate_.timeOfFrame(end - begin).seconds(), luts_.value(static_cast<qsizetype>(i))}));
   }
   return clips;
 }
@@ -151,6 +152,18 @@ bool BuiltInHost::performTimelineAction(const QString& action) {
     return true;
   }
   return false;
+}
+
+QString BuiltInHost::applyLUT(const QString& name) {
+  const auto& beginnings = clipBeginnings();
+  const auto next = std::ranges::upper_bound(
+      beginnings, frame_, {},
+      [this](const ClipBeginning& clip) { return rate_.frameNearest(clip.seconds); });
+  const auto index = std::distance(beginnings.begin(), next) - 1;
+  luts_.resize(static_cast<qsizetype>(beginnings.size()));
+  luts_[index] = name;
+  Q_EMIT clipsChanged();
+  return std::prev(next)->name;
 }
 
 void BuiltInHost::seek(double seconds) {

@@ -18,11 +18,14 @@ struct BuiltInClip {
   Q_PROPERTY(QString name MEMBER name CONSTANT)
   Q_PROPERTY(double start MEMBER start CONSTANT)
   Q_PROPERTY(double duration MEMBER duration CONSTANT)
+  Q_PROPERTY(QString lut MEMBER lut CONSTANT)
 
  public:
   QString name;
   double start = 0;
   double duration = 0;
+  /// The name of the LUT that was applied to it last; empty without one.
+  QString lut;
 };
 
 /// A host in the panel's own process: a sequence of about a minute with a clock that plays it, and
@@ -40,7 +43,7 @@ class BuiltInHost : public QObject, public FCPXHost, private FCPXTimeline {
   Q_PROPERTY(
       int speedPercent READ speedPercent WRITE setSpeedPercent NOTIFY speedPercentChanged FINAL)
   Q_PROPERTY(QVariantList speedPoints READ speedPoints NOTIFY speedPointsChanged FINAL)
-  Q_PROPERTY(QVariantList clips READ clips NOTIFY frameRateChanged FINAL)
+  Q_PROPERTY(QVariantList clips READ clips NOTIFY clipsChanged FINAL)
 
  public:
   /// `rate` is one of `frameRates`; anything else counts as 25.
@@ -75,6 +78,9 @@ class BuiltInHost : public QObject, public FCPXHost, private FCPXTimeline {
 
   /// "toggle-retime", "blade-speed" or "normal-speed"; false for anything else.
   Q_INVOKABLE bool performTimelineAction(const QString& action);
+  /// Puts the LUT called `name` on the clip under the playhead, in place of the one before; returns
+  /// the clip's name. The host has no picture that it could change.
+  Q_INVOKABLE QString applyLUT(const QString& name);
   /// Moves to the frame nearest to `seconds` within the sequence; not-a-number is ignored.
   Q_INVOKABLE void seek(double seconds);
 
@@ -85,6 +91,7 @@ class BuiltInHost : public QObject, public FCPXHost, private FCPXTimeline {
   void retimeEditorOpenChanged();
   void speedPercentChanged();
   void speedPointsChanged();
+  void clipsChanged();
 
  private:
   [[nodiscard]] std::optional<FCPXSequence> activeSequence() const override;
@@ -108,6 +115,8 @@ class BuiltInHost : public QObject, public FCPXHost, private FCPXTimeline {
   int speedPercent_ = 100;
   /// Frames, ascending, each once.
   QList<std::int64_t> speedPoints_;
+  /// Of the clips, in their order.
+  QStringList luts_;
   TimelineObservers observers_;
 
   // The clock: `clock_` runs since the playhead stood at `clockFrame_`, at an unchanged pace.

@@ -3,6 +3,7 @@
 #include "platform/hosts/BuiltInHost.h"
 #include "platform/hosts/MpvConnection.h"
 #include "platform/hosts/MpvHostRuntime.h"
+#include "platform/hosts/MpvPicture.h"
 
 #include <QDir>
 #include <QFile>
@@ -78,6 +79,11 @@ std::unique_ptr<HostRuntime> makeHostRuntime(const HostChoice& choice) {
       break;
   }
   return std::make_unique<FixedHostRuntime>(nullptr);
+}
+
+std::unique_ptr<HostPicture> makeHostPicture(const HostChoice& choice) {
+  if (choice.kind != HostChoice::Kind::Mpv) return nullptr;
+  return std::make_unique<MpvPicture>(choice.socketPath);
 }
 
 }  // namespace orvex

@@ -7,6 +7,7 @@
 
 namespace orvex {
 
+class HostPicture;
 class HostRuntime;
 
 /// Which host to run beside, as `ORVEX_HOST` and `--host` name it:
@@ -31,5 +32,8 @@ struct HostChoice {
 
 /// The runtime of the chosen host. It starts looking for its host at once and never blocks.
 [[nodiscard]] std::unique_ptr<HostRuntime> makeHostRuntime(const HostChoice& choice);
+
+/// Pictures of the chosen host; null when it has none to give.
+[[nodiscard]] std::unique_ptr<HostPicture> makeHostPicture(const HostChoice& choice);
 
 }  // namespace orvex

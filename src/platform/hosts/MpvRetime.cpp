@@ -1,9 +1,8 @@
 #include "platform/hosts/MpvRetime.h"
 
-#include "platform/hosts/MpvConnection.h"
+#include "platform/hosts/MpvTask.h"
 
 #include <QJsonObject>
-#include <QTimer>
 
 #include <algorithm>
 #include <chrono>
@@ -15,7 +14,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kDeadline = 2s;
 constexpr auto kMessageTime = 4s;
 
 QString percentOf(double speed) {
@@ -31,20 +29,9 @@ double timeOf(const QJsonValue& chapter) {
   return chapter.toObject().value(u"time").toDouble();
 }
 
-// One command on its own connection; goes when it is done.
-class Performance final : public QObject {
+class RetimeTask final : public MpvTask {
  public:
-  Performance(std::unique_ptr<MpvConnection> connection, MpvRetime::Done done, QObject* parent)
-      : QObject(parent), connection_(std::move(connection)), done_(std::move(done)) {
-    connect(connection_.get(), &MpvConnection::closed, this, [this] {
-      finish(std::unexpected(QStringLiteral("mpv bağlantıyı kapattı; komut tamamlanmadı.")));
-    });
-    deadline_.setSingleShot(true);
-    connect(&deadline_, &QTimer::timeout, this, [this] {
-      finish(std::unexpected(QStringLiteral("mpv süresi içinde yanıt vermedi.")));
-    });
-    deadline_.start(kDeadline);
-  }
+  using MpvTask::MpvTask;
 
   void toggleRetime() {
     ask(u"speed", [this](const QJsonValue& speed) {
@@ -58,10 +45,8 @@ class Performance final : public QObject {
 
   void bladeSpeed() {
     ask(u"time-pos", [this](const QJsonValue& position) {
-      if (!position.isDouble()) {
-        finish(std::unexpected(QStringLiteral("mpv'de açık video yok; önce bir video aç.")));
-        return;
-      }
+      if (!position.isDouble())
+        return fail(QStringLiteral("mpv'de açık video yok; önce bir video aç."));
       ask(u"chapter-list", [this, seconds = position.toDouble()](const QJsonValue& chapters) {
         addSpeedPoint(chapters.toArray(), seconds);
       });
@@ -75,29 +60,9 @@ class Performance final : public QObject {
   }
 
  private:
-  void finish(std::expected<QString, QString> outcome) {
-    if (!done_) return;
-    deadline_.stop();
-    deleteLater();
-    std::exchange(done_, nullptr)(std::move(outcome));
-  }
-
-  // The property's value, null while the player has none.
-  void ask(QStringView property, std::function<void(const QJsonValue&)> then) {
-    connection_->send({QStringLiteral("get_property"), property.toString()},
-                      [this, then = std::move(then)](const MpvReply& reply) {
-                        if (done_) then(reply.data);
-                      });
-  }
-
+  using MpvTask::run;
   void run(const QJsonArray& command, const QString& sentence) {
-    connection_->send(command, [this, sentence](const MpvReply& reply) {
-      if (reply.succeeded())
-        finish(sentence);
-      else
-        finish(
-            std::unexpected(QStringLiteral("mpv komutu yerine getiremedi (%1).").arg(reply.error)));
-    });
+    run(command, [this, sentence](const QJsonValue&) { finish(sentence); });
   }
 
   void addSpeedPoint(const QJsonArray& chapters, double seconds) {
@@ -116,10 +81,6 @@ class Performance final : public QObject {
     run({QStringLiteral("set_property"), QStringLiteral("chapter-list"), list},
         QStringLiteral("%1 saniyeye Speed Point eklendi.").arg(at));
   }
-
-  std::unique_ptr<MpvConnection> connection_;
-  MpvRetime::Done done_;
-  QTimer deadline_;
 };
 
 }  // namespace
@@ -127,9 +88,9 @@ class Performance final : public QObject {
 MpvRetime::MpvRetime(const QString& socketPath) : socketPath_(socketPath) {}
 
 void MpvRetime::perform(const QString& action, Done done) {
-  const auto command = action == u"toggle-retime"  ? &Performance::toggleRetime
-                       : action == u"blade-speed"  ? &Performance::bladeSpeed
-                       : action == u"normal-speed" ? &Performance::normalSpeed
+  const auto command = action == u"toggle-retime"  ? &RetimeTask::toggleRetime
+                       : action == u"blade-speed"  ? &RetimeTask::bladeSpeed
+                       : action == u"normal-speed" ? &RetimeTask::normalSpeed
                                                    : nullptr;
   if (command == nullptr) {
     done(std::unexpected(QStringLiteral("Geçersiz timeline komutu.")));
@@ -140,8 +101,8 @@ void MpvRetime::perform(const QString& action, Done done) {
     done(std::unexpected(connection.error()));
     return;
   }
-  auto* performance = new Performance(std::move(*connection), std::move(done), this);
-  (performance->*command)();
+  auto* task = new RetimeTask(std::move(*connection), std::move(done), this);
+  (task->*command)();
 }
 
 }  // namespace orvex

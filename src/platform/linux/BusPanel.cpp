@@ -47,6 +47,7 @@ class ExportedPanel final : public QObject {
   bool FocusPanel() { return panel_.focusPanel(); }
   QString HostInUse() { return panel_.hostInUse(); }
   bool PerformOnBuiltInHost(const QString& action) { return panel_.performOnBuiltInHost(action); }
+  QString ApplyLUTOnBuiltInHost(const QString& name) { return panel_.applyLUTOnBuiltInHost(name); }
 
  private:
   SessionBus& bus_;
@@ -86,6 +87,10 @@ QString RemotePanel::hostInUse() {
 
 bool RemotePanel::performOnBuiltInHost(const QString& action) {
   return call<bool>(bus_, QStringLiteral("PerformOnBuiltInHost"), {action});
+}
+
+QString RemotePanel::applyLUTOnBuiltInHost(const QString& name) {
+  return call<QString>(bus_, QStringLiteral("ApplyLUTOnBuiltInHost"), {name});
 }
 
 }  // namespace orvex

@@ -25,6 +25,7 @@ class RemotePanel final : public PanelEndpoint {
   bool focusPanel() override;
   [[nodiscard]] QString hostInUse() override;
   bool performOnBuiltInHost(const QString& action) override;
+  QString applyLUTOnBuiltInHost(const QString& name) override;
 
  private:
   SessionBus& bus_;

@@ -15,6 +15,7 @@ class GioWorkspace final : public Workspace {
   explicit GioWorkspace(SessionBus& bus) : bus_(bus) {}
 
   [[nodiscard]] bool open(const QUrl& url) override;
+  void launch(const QUrl& application, Launched launched) override;
   void reveal(const QUrl& file, Revealed revealed) override;
 
  private:

@@ -6,6 +6,8 @@ Rectangle {
     id: clip
 
     required property string name
+    // The LUT on it, or empty.
+    required property string lut
     required property bool retimeEditorOpen
     required property int speedPercent
 
@@ -18,7 +20,7 @@ Rectangle {
     border.width: 1
     border.color: OrvexTheme.fade(OrvexTheme.text, 0.1)
     Accessible.role: Accessible.Graphic
-    Accessible.name: clip.retimeEditorOpen ? clip.name + ", hız %" + clip.speedPercent : clip.name
+    Accessible.name: [clip.name, clip.lut.length > 0 ? "LUT " + clip.lut : "", clip.retimeEditorOpen ? "hız %" + clip.speedPercent : ""].filter(part => part.length > 0).join(", ")
 
     Rectangle {
         id: band
@@ -42,15 +44,28 @@ Rectangle {
         }
     }
 
-    OrvexText {
+    Column {
         x: 8
         anchors.verticalCenter: parent.verticalCenter
         anchors.verticalCenterOffset: band.visible ? 8 : 0
         width: parent.width - 2 * x
         visible: width >= 16
-        text: clip.name
-        size: 9
-        weight: Font.Medium
-        color: OrvexTheme.fade(OrvexTheme.text, 0.72)
+
+        OrvexText {
+            width: parent.width
+            text: clip.name
+            size: 9
+            weight: Font.Medium
+            color: OrvexTheme.fade(OrvexTheme.text, 0.72)
+        }
+
+        OrvexText {
+            objectName: "clipLUT"
+            width: parent.width
+            visible: clip.lut.length > 0
+            text: clip.lut
+            size: 8
+            color: OrvexTheme.cyan
+        }
     }
 }

@@ -78,6 +78,7 @@ T.Control {
                 width: timeline.xOf(modelData.duration) - 2
                 height: track.height
                 name: modelData.name
+                lut: modelData.lut
                 retimeEditorOpen: timeline.host.retimeEditorOpen
                 speedPercent: timeline.host.speedPercent
             }

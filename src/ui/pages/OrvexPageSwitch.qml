@@ -1,5 +1,6 @@
 import QtQuick
 import Orvex
+import Orvex.Color
 import Orvex.Pages
 
 // Shows the active page over the backdrop. Every switch builds the page anew, so that what a page
@@ -13,6 +14,7 @@ Item {
     required property LUTRegistry luts
     required property FxPlugRegistry fxplug
     required property FinalCutHostAdapter hostAdapter
+    required property ColorServices colorServices
     required property OrvexDesktop desktop
     required property bool active
     required property real contentTopPadding
@@ -136,6 +138,8 @@ Item {
         OrvexColorView {
             state: view.state
             registry: view.luts
+            color: view.colorServices
+            onReveal: file => view.desktop.reveal(file)
         }
     }
 

@@ -1,5 +1,6 @@
 import QtQuick
 import Orvex
+import Orvex.Color
 import Orvex.Pages
 
 // The panel's one top-level view: fits itself to the size that the host granted, lays out either
@@ -13,6 +14,7 @@ Item {
     required property LUTRegistry luts
     required property FxPlugRegistry fxplug
     required property FinalCutHostAdapter hostAdapter
+    required property ColorServices colorServices
     required property OrvexDesktop desktop
 
     // Whether the page is made; who shows the view can hold it back until the frame around it is seen.
@@ -81,6 +83,7 @@ Item {
             luts: root.luts
             fxplug: root.fxplug
             hostAdapter: root.hostAdapter
+            colorServices: root.colorServices
             desktop: root.desktop
         }
 

@@ -1,0 +1,54 @@
+#include "companion/ManagedLUT.h"
+
+#include "base/FileError.h"
+#include "base/FileName.h"
+#include "base/NewFile.h"
+#include "base/Sha256.h"
+#include "base/SmallFile.h"
+
+namespace orvex {
+namespace {
+
+constexpr qsizetype kMaximumSize = qsizetype{64} * 1024 * 1024;
+
+}  // namespace
+
+std::expected<ManagedLUT, QString> ManagedLUT::read(const Directory& library,
+                                                    const QByteArray& path) {
+  const QList<QByteArray> components = path.split('/');
+  const QByteArray& name = components.last();
+  const QByteArray digest = components.value(components.size() - 2);
+  const QString title = QString::fromUtf8(FileName(name).stem.toByteArray());
+  const auto refused = [&title](const QString& reason) {
+    return std::unexpected(QStringLiteral("%1 LUT'u uygulanamadı: %2").arg(title, reason));
+  };
+  if (path != library.path(digest + '/' + name) || name.isEmpty() || digest.startsWith('.'))
+    return refused(QStringLiteral("dosya yönetilen LUT kitaplığında değil."));
+  std::optional<QByteArray> bytes;
+  try {
+    bytes = readSmallFile(library.folder(digest).file(name), kMaximumSize);
+  } catch (const FileError& error) {
+    return refused(error.description());
+  }
+  if (!bytes || Sha256::of(*bytes).toHex() != digest)
+    return refused(QStringLiteral("kitaplıktaki kopya bozuk. Tekrar dene."));
+  auto lattice = readCube(*bytes);
+  if (!lattice)
+    return refused(
+        lattice.error().line > 0
+            ? QStringLiteral("%1. satır: %2").arg(lattice.error().line).arg(lattice.error().reason)
+            : lattice.error().reason);
+  return ManagedLUT{title, *std::move(lattice)};
+}
+
+QByteArray ManagedLUT::writeForPlayer(const Directory& library) const {
+  const QByteArray bytes = canonicalCube(lattice);
+  const Directory folder = library.folderOrNew("Player Copies");
+  const QByteArray file = Sha256::of(bytes).toHex() + ".cube";
+  NewFile copy(folder);
+  copy.write(bytes);
+  copy.moveTo(file);
+  return folder.path(file);
+}
+
+}  // namespace orvex

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QByteArrayView>
+
+namespace orvex {
+
+/// A file name without its extension, and the extension without its dot.
+struct FileName {
+  explicit FileName(QByteArrayView name);
+
+  /// In small or capital ASCII letters, or both.
+  [[nodiscard]] bool hasExtension(QByteArrayView wanted) const {
+    return extension.compare(wanted, Qt::CaseInsensitive) == 0;
+  }
+
+  QByteArrayView stem;
+  QByteArrayView extension;
+};
+
+}  // namespace orvex

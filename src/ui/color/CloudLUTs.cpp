@@ -1,0 +1,69 @@
+#include "ui/color/CloudLUTs.h"
+
+#include "base/FileUrl.h"
+
+namespace orvex {
+namespace {
+
+constexpr QStringView kNumberedPrefix = u"lutpack";
+static_assert(kNumberedPrefix.size() == 7);
+
+// The extension of a name is what follows its last dot, unless the name begins with it.
+qsizetype extensionDot(const QString& name) {
+  const qsizetype dot = name.lastIndexOf(u'.');
+  return dot > 0 ? dot : name.size();
+}
+
+bool isDigit(QChar c) {
+  return c >= u'0' && c <= u'9';
+}
+
+}  // namespace
+
+QString CloudLUTs::displayName(const QString& fileName) {
+  const QString name = fileName.first(extensionDot(fileName));
+  qsizetype begin = kNumberedPrefix.size();
+  qsizetype end = begin;
+  while (end < name.size() && isDigit(name[end])) ++end;
+  if (end == begin || name.first(begin).toLower() != kNumberedPrefix) return name;
+  while (begin < end && name[begin] == u'0') ++begin;
+  return QStringLiteral("LUT Pack ") + name.sliced(begin, end - begin).rightJustified(2, u'0') +
+         name.sliced(end);
+}
+
+void CloudLUTs::setState(OrvexState* state) {
+  if (state_ == state) return;
+  if (state_) disconnect(state_, nullptr, this, nullptr);
+  state_ = state;
+  if (state_) connect(state_, &OrvexState::installedPacksChanged, this, &CloudLUTs::rebuild);
+  Q_EMIT stateChanged();
+  rebuild();
+}
+
+void CloudLUTs::rebuild() {
+  entries_.clear();
+  index_ = SearchIndex();
+  const QList<UniversalInstalledPack> packs =
+      state_ ? state_->installedPacks() : QList<UniversalInstalledPack>();
+  for (const UniversalInstalledPack& pack : packs) {
+    const QByteArray folder = filePath(pack.directoryURL);
+    for (const QString& file : pack.files) {
+      if (file.sliced(extensionDot(file)).toLower() != u".cube") continue;
+      const QString name = displayName(file);
+      entries_.append({name, pack.name + QStringLiteral(" • v") + pack.version,
+                       fileUrl(folder + '/' + file.toUtf8()), pack.directoryURL});
+      index_.add({name, pack.name});
+    }
+  }
+  refresh();
+}
+
+QList<qsizetype> CloudLUTs::find(QStringView query) const {
+  return index_.find(query);
+}
+
+LUTCatalog::Entry CloudLUTs::entry(qsizetype position) const {
+  return entries_.value(position);
+}
+
+}  // namespace orvex

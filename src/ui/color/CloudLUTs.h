@@ -1,0 +1,43 @@
+#pragma once
+
+#include "base/SearchIndex.h"
+#include "shell/OrvexState.h"
+#include "ui/color/LUTCatalog.h"
+
+#include <QPointer>
+
+namespace orvex {
+
+/// The LUTs of the installed packs, pack by pack in the order of their files. Found by their
+/// display name and their pack's name.
+class CloudLUTs : public orvex::LUTCatalog {
+  Q_OBJECT
+  QML_ELEMENT
+  Q_PROPERTY(orvex::OrvexState* state READ state WRITE setState NOTIFY stateChanged REQUIRED FINAL)
+
+ public:
+  using LUTCatalog::LUTCatalog;
+
+  [[nodiscard]] OrvexState* state() const noexcept { return state_; }
+  void setState(OrvexState* state);
+  [[nodiscard]] int total() const override { return static_cast<int>(entries_.size()); }
+
+  /// What a file is called on its card: its name without the extension; one that begins with
+  /// "lutpack" and a number, in letters of any case, as "LUT Pack" and the number of two digits at
+  /// least, followed by what comes after it.
+  [[nodiscard]] static QString displayName(const QString& fileName);
+
+ Q_SIGNALS:
+  void stateChanged();
+
+ private:
+  void rebuild();
+  [[nodiscard]] QList<qsizetype> find(QStringView query) const override;
+  [[nodiscard]] Entry entry(qsizetype position) const override;
+
+  QPointer<OrvexState> state_;
+  QList<Entry> entries_;
+  SearchIndex index_;
+};
+
+}  // namespace orvex

@@ -1,0 +1,241 @@
+#include "base/FileError.h"
+#include "base/FileUrl.h"
+#include "base/Sha256.h"
+#include "lut/CloudLUTPreparation.h"
+#include "support/TemporaryTree.h"
+
+#include <QThread>
+
+#include <atomic>
+#include <thread>
+
+using namespace orvex;
+using namespace Qt::StringLiterals;
+using CloudLUTPreparation::PreparationError;
+using Kind = PreparationError::Kind;
+
+namespace {
+
+constexpr qint64 kMaximum = 67'108'864;
+const QByteArray kLUT = "LUT_3D_SIZE 2\n0 0 0\n";
+
+class Preparation : public testing::Test {
+ protected:
+  // Where the copy is below the library, or what was thrown.
+  QByteArray prepare(const QByteArray& source, const QByteArray& root = "Pack") {
+    try {
+      const QUrl copy = CloudLUTPreparation::prepare(
+          fileUrl(tree.path(source)), fileUrl(tree.path(root)), fileUrl(tree.path("./library/")));
+      return filePath(copy).replace(tree.path("library/"), "");
+    } catch (const PreparationError& error) {
+      const char* names[] = {"invalidSource", "unsupportedLUT", "copyFailed"};
+      EXPECT_FALSE(error.description().isEmpty());
+      return names[static_cast<int>(error.kind())];
+    } catch (const FileError& error) {
+      return "errno " + QByteArray::number(error.code());
+    }
+  }
+  [[nodiscard]] QByteArray contents(const QByteArray& below) const {
+    QFile file(tree.text(below));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << below.data();
+    return file.readAll();
+  }
+  [[nodiscard]] struct stat status(const QByteArray& below) const {
+    struct stat status {};
+    EXPECT_EQ(::lstat(tree.path(below).constData(), &status), 0) << below.data();
+    return status;
+  }
+  static QByteArray placeOf(const QByteArray& bytes, const QByteArray& name) {
+    return Sha256::of(bytes).toHex() + '/' + name;
+  }
+
+  TemporaryTree tree;
+};
+
+TEST_F(Preparation, TakesOnlyRegularCubeFilesInsideThePack) {
+  tree.file("Pack/luts/a.cube", kLUT);
+  tree.file("Pack/A.CUBE", kLUT);
+  tree.file("Pack/.cube", kLUT);
+  tree.file("Pack/a.txt", kLUT);
+  tree.file("Pack/empty.cube");
+  tree.folder("Pack/folder.cube");
+  tree.fifo("Pack/fifo.cube");
+  tree.file("Pack2/a.cube", kLUT);
+  tree.link("Pack/out.cube", "../Pack2/a.cube");
+  tree.link("Pack/in.cube", "luts/a.cube");
+  tree.link("Pack/renamed.cube", "a.txt");
+  tree.link("Pack/outside", "../Pack2");
+  tree.link("Pack/device.cube", "/dev/zero");
+  tree.link("Pack/loop.cube", "loop.cube");
+  tree.link("Alias", "Pack");
+  tree.file("Pack/name\xFF.cube", kLUT);
+  const QByteArray a = placeOf(kLUT, "a.cube");
+  const std::tuple<QByteArray, QByteArray, QByteArray> rows[]{
+      {"Pack/luts/a.cube", "Pack", a},
+      {"Pack/luts/../luts/./a.cube", "Pack/", a},
+      {"Pack/A.CUBE", "Pack", placeOf(kLUT, "A.CUBE")},
+      {"Pack/in.cube", "Pack", a},
+      {"Alias/luts/a.cube", "Pack", a},
+      {"Pack/luts/a.cube", "Alias", a},
+      {"Pack/name\xFF.cube", "Pack", placeOf(kLUT, "name\xFF.cube")},
+      {"Pack2/a.cube", "Pack", "invalidSource"},
+      {"Pack/../Pack2/a.cube", "Pack", "invalidSource"},
+      {"Pack", "Pack", "invalidSource"},
+      {"Pack/.cube", "Pack", "invalidSource"},
+      {"Pack/a.txt", "Pack", "invalidSource"},
+      {"Pack/empty.cube", "Pack", "invalidSource"},
+      {"Pack/folder.cube", "Pack", "invalidSource"},
+      {"Pack/fifo.cube", "Pack", "invalidSource"},
+      {"Pack/out.cube", "Pack", "invalidSource"},
+      {"Pack/outside/a.cube", "Pack", "invalidSource"},
+      {"Pack/device.cube", "Pack", "invalidSource"},
+      {"Pack/renamed.cube", "Pack", "invalidSource"},
+      {"Pack/loop.cube", "Pack", "errno " + QByteArray::number(ELOOP)},
+      {"Pack/gone.cube", "Pack", "errno " + QByteArray::number(ENOENT)},
+  };
+  for (const auto& [source, root, result] : rows)
+    EXPECT_EQ(prepare(source, root).toPercentEncoding(), result.toPercentEncoding())
+        << source.constData();
+  EXPECT_THROW(std::ignore = CloudLUTPreparation::prepare(QUrl(u"https://x/Pack/a.cube"_s),
+                                                          fileUrl(tree.path("Pack")),
+                                                          fileUrl(tree.path("library"))),
+               PreparationError);
+}
+
+TEST_F(Preparation, KeepsToTheSizeLimitEvenOfFilesThatAreMostlyHoles) {
+  tree.file("Pack/large.cube", kLUT);
+  for (const qint64 size : {kMaximum, kMaximum + 1, qint64{1} << 40}) {
+    ASSERT_EQ(::truncate(tree.path("Pack/large.cube").constData(), size), 0);
+    const QByteArray result = prepare("Pack/large.cube");
+    EXPECT_EQ(result.endsWith("/large.cube"), size == kMaximum) << result.constData();
+  }
+}
+
+TEST_F(Preparation, FindsTheSizeLineAmongAllNewlinesAndSpaces) {
+  const char* const newlines[]{"\n", "\r", "\r\n", "\v", "\f", "\u0085", "\u2028", "\u2029"};
+  const char* const spaces[]{" ",      "\t",     "\u00A0", "\u1680", "\u2000", "\u2001",
+                             "\u2002", "\u2003", "\u2004", "\u2005", "\u2006", "\u2007",
+                             "\u2008", "\u2009", "\u200A", "\u202F", "\u205F", "\u3000"};
+  // With the character where the tilde stands.
+  struct Row {
+    QByteArray text;
+    bool accepted;
+  };
+  const Row lineRows[]{{"TITLE x~LUT_3D_SIZE 2~", true},
+                       {"LUT_3D_SIZE 2~", true},
+                       {"LUT_3D_SIZE ~2", false},
+                       {"LUT_3D_SIZE~ 2", false}};
+  const Row spaceRows[]{
+      {"TITLE x\n~ ~LUT_3D_SIZE 2", true}, {"~LUT_3D_SIZE x", true}, {"LUT_3D_SIZE ~", false},
+      {"LUT_3D_SIZE ~\n2", false},         {"LUT_3D_SIZE ~2", true}, {"#~LUT_3D_SIZE 2", false}};
+  const auto check = [this](const auto& characters, const auto& rows) {
+    for (const char* character : characters) {
+      for (const Row& row : rows) {
+        const QByteArray text = QByteArray(row.text).replace("~", character);
+        tree.file("Pack/a.cube", text);
+        EXPECT_EQ(prepare("Pack/a.cube"),
+                  row.accepted ? placeOf(text, "a.cube") : QByteArray("unsupportedLUT"))
+            << text.toPercentEncoding(" ").constData();
+      }
+    }
+  };
+  check(newlines, lineRows);
+  check(spaces, spaceRows);
+  // Not spaces, not newlines: no match. The mark is no part of the text.
+  const Row rows[]{
+      {"LUT_3D_SIZE\t33", false},         {"lut_3d_size 33", false},
+      {"LUT_1D_SIZE 33", false},          {"\u200BLUT_3D_SIZE 33", false},
+      {"\x1CLUT_3D_SIZE 33", false},      {"\uFEFFLUT_3D_SIZE 33", true},
+      {"\xFELUT_3D_SIZE 33", false},      {kLUT + "# \xE9t\xE9", false},
+      {kLUT + QByteArray(1, '\0'), true}, {"LUT_3D_SIZE \nLUT_3D_SIZE LUT_3D_SIZE 2", true}};
+  check(std::array{"~"}, rows);
+}
+
+TEST_F(Preparation, ASecondTimeWritesNothing) {
+  tree.file("Pack/a.cube", kLUT);
+  tree.file("Pack/b.cube", kLUT);
+  const QByteArray first = prepare("Pack/a.cube");
+  EXPECT_EQ(contents("library/" + first), kLUT);
+  const struct stat before = status("library/" + first);
+  const struct stat folder = status("library/" + first.left(64));
+  QThread::msleep(20);
+  EXPECT_EQ(prepare("Pack/a.cube"), first);
+  const struct stat after = status("library/" + first);
+  EXPECT_EQ(after.st_ino, before.st_ino);
+  EXPECT_EQ(after.st_mtim.tv_nsec, before.st_mtim.tv_nsec);
+  EXPECT_EQ(status("library/" + first.left(64)).st_mtim.tv_nsec, folder.st_mtim.tv_nsec);
+  // The same bytes under another name lie beside them.
+  EXPECT_EQ(prepare("Pack/b.cube"), placeOf(kLUT, "b.cube"));
+  EXPECT_EQ(
+      QDir(tree.text("library/" + first.left(64))).entryList(QDir::Files | QDir::Hidden).join(u' '),
+      u"a.cube b.cube");
+}
+
+TEST_F(Preparation, ReplacesACopyThatIsNotTheSource) {
+  tree.file("Pack/a.cube", kLUT);
+  tree.file("elsewhere", "untouched");
+  const QByteArray place = "library/" + placeOf(kLUT, "a.cube");
+  const std::function<void()> plants[]{
+      [&] { tree.file(place, QByteArray(kLUT).replace('0', '1')); },
+      [&] { tree.file(place, kLUT.chopped(1)); },
+      [&] { tree.file(place, kLUT + ' '); },
+      [&] { tree.link(place, tree.path("elsewhere")); },
+      [&] { tree.link(place, tree.path("Pack/a.cube")); },
+      [&] { tree.fifo(place); },
+  };
+  tree.folder("library/" + placeOf(kLUT, {}).chopped(1));
+  for (const auto& plant : plants) {
+    ::unlink(tree.path(place).constData());
+    plant();
+    EXPECT_EQ("library/" + prepare("Pack/a.cube"), place);
+    EXPECT_EQ(contents(place), kLUT);
+    EXPECT_TRUE(S_ISREG(status(place).st_mode));
+    EXPECT_EQ(contents("elsewhere"), "untouched");
+  }
+  ::unlink(tree.path(place).constData());
+  tree.folder(place);
+  EXPECT_EQ(prepare("Pack/a.cube"), "errno " + QByteArray::number(EISDIR));
+  // A link in place of a folder of ours is not written through.
+  std::filesystem::remove_all(tree.path("library").toStdString());
+  tree.link("library/" + placeOf(kLUT, {}).chopped(1), tree.path("Pack"));
+  EXPECT_EQ(prepare("Pack/a.cube"), "errno " + QByteArray::number(ENOTDIR));
+}
+
+TEST_F(Preparation, PassesTheSystemsErrorsOn) {
+  tree.file("Pack/a.cube", kLUT);
+  tree.file("Pack/closed.cube", kLUT);
+  ::chmod(tree.path("Pack/closed.cube").constData(), 0);
+  tree.folder("library");
+  ::chmod(tree.path("library").constData(), 0555);
+  const OrdinaryUser user(tree);
+  EXPECT_EQ(prepare("Pack/closed.cube"), "errno " + QByteArray::number(EACCES));
+  EXPECT_EQ(prepare("Pack/a.cube"), "errno " + QByteArray::number(EACCES));
+}
+
+// Whatever becomes of the source meanwhile, the copy lies under the digest of the bytes it holds.
+TEST_F(Preparation, WhatWasCheckedIsWhatIsCopiedWhileTheSourceChanges) {
+  QByteArray one = kLUT + QByteArray(1 << 18, '1');
+  tree.file("Pack/a.cube", one);
+  std::atomic<bool> stop = false;
+  std::thread changer([&] {
+    const QByteArray path = tree.path("Pack/a.cube");
+    for (int i = 0; !stop; ++i) {
+      tree.file("Pack/new", kLUT + QByteArray((1 << 18) + i % 7, static_cast<char>('a' + i % 3)));
+      std::rename(tree.path("Pack/new").constData(), path.constData());
+      std::ignore = ::truncate(path.constData(), 1 << 16);
+      std::ignore = ::truncate(path.constData(), 1 << 19);
+    }
+  });
+  int copies = 0;
+  for (int i = 0; i < 200; ++i) copies += prepare("Pack/a.cube").endsWith("/a.cube") ? 1 : 0;
+  stop = true;
+  changer.join();
+  EXPECT_GT(copies, 0);
+  QDir library(tree.text("library"));
+  for (const QString& digest : library.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+    EXPECT_EQ(QString::fromLatin1(
+                  Sha256::of(contents("library/" + digest.toLatin1() + "/a.cube")).toHex()),
+              digest);
+}
+
+}  // namespace

@@ -1,0 +1,306 @@
+#include "base/FileUrl.h"
+#include "base/PropertyList.h"
+#include "base/SmallFile.h"
+#include "lut/LUTApplyBridge.h"
+#include "platform/FolderAccess.h"
+#include "platform/SystemLog.h"
+#include "platform/Workspace.h"
+#include "support/TemporaryTree.h"
+#include "support/Wait.h"
+
+#include <QDirIterator>
+#include <QRegularExpression>
+#include <QTimer>
+
+using namespace orvex;
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+const QByteArray kLUT = "LUT_3D_SIZE 2\n0 0 0\n";
+const QString kUuid = u"[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}"_s;
+const QByteArray kInfo =
+    "<plist><dict><key>CFBundleIdentifier</key><string>com.vantrelo.orvex.finalcut</string>"
+    "</dict></plist>";
+
+QByteArray reply(const QByteArray& body) {
+  return "<plist version=\"1.0\">" + body + "</plist>";
+}
+QByteArray replyDict(const QByteArray& ok, const QByteArray& message) {
+  return reply("<dict><key>ok</key>" + ok + "<key>message</key>" + message + "</dict>");
+}
+const QByteArray kApplied = replyDict("<true/>", "<string>Uygulandı</string>");
+
+bool matches(const QString& pattern, const QString& text) {
+  return QRegularExpression(u"^"_s + pattern + u"$"_s).match(text).hasMatch();
+}
+
+// The bridge between a folder access, a launcher and a clock that are the test's.
+class Bridge : public testing::Test, public Workspace, public FolderAccess, public SystemLog {
+ protected:
+  Bridge() {
+    qputenv("XDG_DATA_HOME", tree.path("data"));
+    tree.file("Pack/a.cube", kLUT);
+    tree.file("X.app/Contents/Info.plist", kInfo);
+    make("X.app/Contents/PlugIns/E.appex");
+  }
+
+  void make(const QByteArray& extension) {
+    bridge = std::make_unique<LUTApplyBridge>(LUTApplyBridge::Environment{
+        *this, *this, *this, tree.text(extension),
+        [this](std::chrono::milliseconds time, std::function<void()> then) {
+          slept.append(time);
+          QTimer::singleShot(0, &context, std::move(then));
+        }});
+    QObject::connect(bridge.get(), &LUTApplyBridge::failed, &context,
+                     [this](const QString& description) {
+                       failure = description;
+                       EXPECT_FALSE(bridge->activePath());
+                     });
+  }
+
+  // Applies to the end; what came of it, as one text.
+  QString apply(const QByteArray& source = "Pack/a.cube") {
+    failure.clear();
+    slept.clear();
+    bridge->apply(fileUrl(tree.path(source)), fileUrl(tree.path("Pack")));
+    EXPECT_EQ(bridge->activePath(), tree.text(source));
+    EXPECT_FALSE(bridge->lastResult());
+    EXPECT_TRUE(waitUntil([this] { return !bridge->activePath(); }));
+    EXPECT_EQ(started, stopped);
+    if (!failure.isEmpty()) {
+      EXPECT_FALSE(bridge->lastResult());
+      return u"failed: "_s + failure;
+    }
+    return (bridge->lastSucceeded() ? u"ok: "_s : u"not: "_s) + bridge->lastResult().value();
+  }
+
+  // The requests that lie there.
+  [[nodiscard]] QStringList requests() const {
+    return QDir(library(u"Bridge Requests"_s)).entryList({u"request-*.plist"_s}, QDir::Files);
+  }
+  [[nodiscard]] QString library(const QString& below) const {
+    return tree.text("data/Vantrelo Orvex/FinalCut/Managed LUTs/") + below;
+  }
+  // The one request, as its helper reads it.
+  [[nodiscard]] QVariantMap request() const {
+    EXPECT_EQ(requests().size(), 1);
+    const auto bytes = readSmallFile(
+        AT_FDCWD, library(u"Bridge Requests/"_s + requests().value(0)).toUtf8(), 10'000);
+    EXPECT_TRUE(bytes && bytes->startsWith("bplist00"));
+    return PropertyList::parse(bytes.value_or(QByteArray())).value_or(QVariant()).toMap();
+  }
+  [[nodiscard]] QByteArray replyPath() const { return request()[u"reply"_s].toString().toUtf8(); }
+  void write(const QByteArray& path, const QByteArray& bytes) {
+    tree.file(path.sliced(tree.root().size() + 1), bytes);
+  }
+
+  bool open(const QUrl&) override { return false; }
+  void launch(const QUrl& application, Launched launched) override {
+    launches.append(application);
+    QTimer::singleShot(0, &context, [this, launched = std::move(launched)] {
+      if (helper) helper();
+      launched(launchError.isEmpty() ? std::expected<void, QString>()
+                                     : std::unexpected(launchError));
+    });
+  }
+  void line(const QString& text) override { lines.append(text); }
+  void chooseFolder(const QString&, const QString&,
+                    std::function<void(std::optional<QUrl>)>) override {}
+  std::expected<QByteArray, QString> makeGrant(const QUrl&) override { return {}; }
+  std::expected<Resolved, QString> resolveGrant(const QByteArray&) override { return Resolved{}; }
+  bool startAccess(const QUrl& folder) override {
+    started.append(folder);
+    return true;
+  }
+  void stopAccess(const QUrl& folder) override { stopped.append(folder); }
+
+  TemporaryTree tree;
+  QObject context;
+  std::function<void()> helper = [this] { write(replyPath(), kApplied); };
+  QString launchError;
+  QList<QUrl> launches;
+  QList<QUrl> started;
+  QList<QUrl> stopped;
+  QStringList lines;
+  QList<std::chrono::milliseconds> slept;
+  QString failure;
+  std::unique_ptr<LUTApplyBridge> bridge;
+};
+
+TEST_F(Bridge, LeavesOneRequestAndTakesItsReply) {
+  const QByteArray requestsFolder = "data/Vantrelo Orvex/FinalCut/Managed LUTs/Bridge Requests/";
+  tree.file(requestsFolder + "request-old.plist");
+  tree.file(requestsFolder + "request-old.PLIST");
+  tree.file(requestsFolder + "request-folder.plist/inside");
+  tree.file("elsewhere/file");
+  tree.link(requestsFolder + "request-link.plist", tree.path("elsewhere"));
+  const QStringList kept{u".request-hidden.plist"_s, u"other-request-x.plist"_s,
+                         u"request-x.plist.txt"_s};
+  for (const QString& name : kept) tree.file(requestsFolder + name.toUtf8());
+  // Of an exchange that nobody waits for any more.
+  const QByteArray earlier = library(u"apply-result-%1.plist"_s)
+                                 .toUtf8()
+                                 .replace("%1", "00000000-0000-4000-8000-000000000000");
+  write(earlier, kApplied);
+
+  QVariantMap fields;
+  helper = [&] {
+    fields = request();
+    write(replyPath(), kApplied);
+    // A second one is dropped without a word.
+    bridge->apply(fileUrl(tree.path("Pack/b.cube")), fileUrl(tree.path("Pack")));
+    EXPECT_EQ(bridge->activePath(), tree.text("Pack/a.cube"));
+  };
+  EXPECT_EQ(apply(), u"ok: Uygulandı");
+
+  EXPECT_EQ(fields.keys(), (QStringList{u"path"_s, u"reply"_s}));
+  EXPECT_TRUE(matches(library(u"[0-9a-f]{64}/a\\.cube"_s), fields[u"path"_s].toString()));
+  EXPECT_TRUE(
+      matches(library(u"apply-result-"_s) + kUuid + u"\\.plist"_s, fields[u"reply"_s].toString()));
+  EXPECT_FALSE(QFile::exists(fields[u"reply"_s].toString()));
+  EXPECT_TRUE(QFile::exists(QString::fromUtf8(earlier)));
+  const QString name = requests().value(0);
+  EXPECT_TRUE(matches(u"request-"_s + kUuid + u"\\.plist"_s, name)) << name;
+  EXPECT_EQ(lines, QStringList{u"[Vantrelo Orvex] Bridge request yazıldı: "_s +
+                               library(u"Bridge Requests/"_s + name)});
+  EXPECT_EQ(launches, QList{fileUrl(tree.path("X.app"))});
+  EXPECT_EQ(started, QList{fileUrl(tree.path("Pack"))});
+  EXPECT_EQ(slept, QList{200ms});
+  QStringList left = QDir(tree.text(requestsFolder))
+                         .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+  left.removeOne(name);
+  left.sort();
+  EXPECT_EQ(left, kept);
+  EXPECT_TRUE(QFile::exists(tree.text("elsewhere/file")));
+  struct stat status {};
+  ASSERT_EQ(::stat(tree.path(requestsFolder).constData(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777, 0700U);
+}
+
+TEST_F(Bridge, TakesRepliesByTheirExactTypes) {
+  const QString invalid = u"failed: LUT yardımcı motoru geçersiz sonuç döndürdü."_s;
+  const QString unreadable = u"failed: LUT yardımcı motorunun cevabı okunamadı"_s;
+  const QByteArray text = "<string>X</string>";
+  const auto cyclic = QByteArray("bplist00\xA1\x00\x08", 11) + QByteArray(6, '\0') +
+                      QByteArray("\x01\x01", 2) + QByteArray(7, '\0') + '\1' +
+                      QByteArray(15, '\0') + '\x0A';
+  const std::pair<QByteArray, QString> rows[]{
+      {kApplied, u"ok: Uygulandı"_s},
+      {replyDict("<false/>", text), u"not: X"_s},
+      {replyDict("<true/>", "<string></string>"), u"ok: "_s},
+      {reply("<dict><key>more</key><array/><key>ok</key><true/><key>message</key>" + text +
+             "</dict>"),
+       u"ok: X"_s},
+      {*PropertyList::binary({{u"ok"_s, true}, {u"message"_s, u"İkili"_s}}), u"ok: İkili"_s},
+      {replyDict("<string>true</string>", text), invalid},
+      {replyDict("<integer>1</integer>", text), invalid},
+      {replyDict("<true/>", "<integer>1</integer>"), invalid},
+      {reply("<dict><key>ok</key><true/></dict>"), invalid},
+      {reply("<dict><key>message</key>" + text + "</dict>"), invalid},
+      {reply("<array><true/>" + text + "</array>"), invalid},
+      {"", unreadable},
+      {"{\"ok\": true, \"message\": \"X\"}", unreadable},
+      {kApplied.chopped(4), unreadable},
+      {cyclic, unreadable},
+      {replyDict("<true/>", "<string>" + QByteArray(300'000, 'x') + "</string>"), unreadable},
+  };
+  for (const auto& [bytes, outcome] : rows) {
+    helper = [&] { write(replyPath(), bytes); };
+    const QString result = apply();
+    EXPECT_TRUE(result.startsWith(outcome))
+        << result << " of " << bytes.first(std::min<qsizetype>(bytes.size(), 200)).constData();
+    EXPECT_FALSE(QFile::exists(QString::fromUtf8(replyPath())));
+  }
+  // What is no file is not waited for, and nothing behind it is touched.
+  write(tree.path("outside"), kApplied);
+  const std::function<void(const QByteArray&)> plants[]{
+      [&](const QByteArray& path) { tree.link(path, tree.path("outside")); },
+      [&](const QByteArray& path) { tree.link(path, "/dev/zero"); },
+      [&](const QByteArray& path) { tree.fifo(path); },
+      [&](const QByteArray& path) { tree.folder(path + "/sub"); },
+  };
+  for (const auto& plant : plants) {
+    helper = [&] { plant(replyPath().sliced(tree.root().size() + 1)); };
+    const QString result = apply();
+    EXPECT_TRUE(result.startsWith(u"failed: ")) << result;
+    EXPECT_FALSE(QFileInfo(QString::fromUtf8(replyPath())).isSymLink());
+  }
+  EXPECT_TRUE(QFile::exists(tree.text("outside")));
+}
+
+TEST_F(Bridge, GivesUpAfterThirtySecondsAndStaysUsable) {
+  EXPECT_EQ(apply(), u"ok: Uygulandı");
+  helper = nullptr;
+  EXPECT_EQ(apply(),
+            u"not: LUT yardımcı motoru cevap vermedi. Bridge request işlendi mi kontrol et.");
+  EXPECT_EQ(slept, QList<std::chrono::milliseconds>(150, 200ms));
+  EXPECT_EQ(requests().size(), 1);
+  helper = [this] { write(replyPath(), kApplied); };
+  EXPECT_EQ(apply(), u"ok: Uygulandı");
+}
+
+TEST_F(Bridge, TellsWhyItFailedAndKeepsTheLastFlag) {
+  ASSERT_EQ(apply(), u"ok: Uygulandı");
+  launches.clear();
+  EXPECT_TRUE(apply("Pack/gone.cube").startsWith(u"failed: "));
+  EXPECT_TRUE(apply("X.app/Contents/Info.plist").contains(u"paket klasörü dışında"));
+  EXPECT_TRUE(bridge->lastSucceeded());
+  EXPECT_EQ(launches.size(), 0);
+
+  launchError = u"Başlatılamadı."_s;
+  EXPECT_EQ(apply(), u"failed: Başlatılamadı.");
+  launchError.clear();
+
+  const QString missing = u"failed: Panelin yardımcı Vantrelo Orvex uygulaması bulunamadı."_s;
+  tree.file("Y.app/Contents/Info.plist", QByteArray(kInfo).replace("finalcut", "other"));
+  tree.file("Folder/Contents/Info.plist", kInfo);
+  launches.clear();
+  for (const char* extension : {"Y.app/Contents/PlugIns/E.appex", "X.app/E.appex",
+                                "Folder/Contents/PlugIns/E.appex", "X.app/a/b/c/E.appex"}) {
+    make(extension);
+    lines.clear();
+    EXPECT_EQ(apply(), missing) << extension;
+    EXPECT_EQ(requests().size(), 1);
+    EXPECT_EQ(lines.size(), 1);
+  }
+  EXPECT_EQ(launches.size(), 0);
+
+  QDir(library(u"Bridge Requests"_s)).removeRecursively();
+  write(library(u"Bridge Requests"_s).toUtf8(), "in the way");
+  EXPECT_TRUE(apply().contains(u"Bridge Requests"));
+}
+
+TEST_F(Bridge, MayGoAtAnyMoment) {
+  const auto begin = [this] {
+    make("X.app/Contents/PlugIns/E.appex");
+    bridge->apply(fileUrl(tree.path("Pack/a.cube")), fileUrl(tree.path("Pack")));
+  };
+  begin();
+  bridge.reset();
+  EXPECT_EQ(started, stopped);
+  helper = [this] { bridge.reset(); };
+  begin();
+  EXPECT_TRUE(waitUntil([this] { return !bridge; }));
+  helper = nullptr;
+  begin();
+  EXPECT_TRUE(waitUntil([this] { return slept.size() > 3; }));
+  bridge.reset();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(started, stopped);
+
+  // The end of one is a good moment to begin the next.
+  helper = [this] { write(replyPath(), kApplied); };
+  make("X.app/Contents/PlugIns/E.appex");
+  int ends = 0;
+  QObject::connect(bridge.get(), &LUTApplyBridge::activePathChanged, &context, [&] {
+    if (!bridge->activePath() && ++ends == 1)
+      bridge->apply(fileUrl(tree.path("Pack/a.cube")), fileUrl(tree.path("Pack")));
+  });
+  bridge->apply(fileUrl(tree.path("Pack/a.cube")), fileUrl(tree.path("Pack")));
+  EXPECT_TRUE(waitUntil([&] { return ends == 2; }));
+  EXPECT_EQ(bridge->lastResult(), u"Uygulandı");
+}
+
+}  // namespace
