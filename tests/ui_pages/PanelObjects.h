@@ -68,6 +68,7 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
     opened_.append(url.toString());
     return true;
   }
+  void launch(const QUrl&, Launched) override {}
   void line(const QString& text) override {
     const QString prefix = QStringLiteral("[Vantrelo Orvex] host refresh ");
     if (text.startsWith(prefix)) refreshes_.append(text.mid(prefix.size()).section(u' ', 0, 0));
