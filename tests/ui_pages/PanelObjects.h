@@ -99,6 +99,7 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
     revealed_.append(file);
     revealed(std::unexpected(QStringLiteral("gösterilemedi")));
   }
+  void launch(const QUrl&, Launched) override {}
   void line(const QString& text) override {
     const QString prefix = QStringLiteral("[Vantrelo Orvex] host refresh ");
     if (text.startsWith(prefix)) refreshes_.append(text.mid(prefix.size()).section(u' ', 0, 0));
