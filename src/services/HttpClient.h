@@ -19,10 +19,18 @@ namespace orvex {
 struct HttpOptions {
   /// A PEM file of certificates trusted beside the system's; empty for none.
   QString caFile;
+  /// Until a connection stands, its certificate checked.
+  std::chrono::milliseconds connectTimeout = std::chrono::seconds(15);
+  /// A download ends that brings less than `minimumRate` bytes a second for so long.
+  std::chrono::milliseconds stallTimeout = std::chrono::seconds(30);
+  qint64 minimumRate = 1000;
+  /// Where positive, what `HttpRequest::timeout` is cut down to.
+  std::chrono::milliseconds longestTimeout{};
 };
 
 struct HttpRequest {
   QUrl url;
+  /// "GET", or "POST" with a body.
   QByteArray method = "GET";
   QList<std::pair<QByteArray, QByteArray>> headers;
   QByteArray body;
@@ -37,15 +45,37 @@ struct HttpResponse {
   QByteArray body;
 };
 
-/// No answer came: no connection, a certificate that does not hold, a redirect that is refused, a
-/// connection that broke or stalled, a body beyond its limit.
+/// No answer came that could be taken.
 class TransportError final : public DescribedError {
  public:
-  using DescribedError::DescribedError;
+  enum class Kind {
+    /// No name, no network, nobody there.
+    Unreachable,
+    /// It does not hold for this server now, or cannot be checked.
+    Certificate,
+    /// Nothing came in time, or too little.
+    TimedOut,
+    /// An address that is not https, given or redirected to, or one redirect too many.
+    Refused,
+    TooLarge,
+    /// The connection broke before the answer was whole.
+    Broken,
+    /// The server speaks something else.
+    NotHttp
+  };
+
+  TransportError(Kind kind, QString description)
+      : DescribedError(std::move(description)), kind_(kind) {}
+
+  [[nodiscard]] Kind kind() const noexcept { return kind_; }
+
+ private:
+  Kind kind_;
 };
 
-/// Exchanges over HTTPS and nothing else; redirects are followed a few hops and to https only.
-/// Connections are kept for the next exchange of the same client. Blocking; one thread at a time.
+/// Exchanges over HTTPS and nothing else; redirects are followed a few hops and to https only. The
+/// proxies that the environment names are used. Connections are kept for the next exchange of the
+/// same client. Blocking, but ends at once when it is asked to stop; one thread at a time.
 class HttpClient final {
  public:
   explicit HttpClient(const HttpOptions& options);
@@ -60,7 +90,7 @@ class HttpClient final {
   /// Takes the next bytes of a body. What it throws ends the download and is passed on.
   using Sink = std::function<void(QByteArrayView)>;
   /// Gets `url` and hands the body of an answer with a status of 200 to 299 to `sink` while it
-  /// arrives. Returns the status. A download that stalls ends. Throws `TransportError`, `Stopped`.
+  /// arrives. Returns the status. Throws `TransportError`, `Stopped`.
   [[nodiscard]] int download(const QUrl& url, const Sink& sink, const std::stop_token& stop);
 
  private:
