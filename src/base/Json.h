@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <type_traits>
 
 namespace orvex {
 
@@ -89,5 +90,15 @@ class JsonReader {
   QStringView key_;
   qsizetype index_ = -1;
 };
+
+/// Sets the key to the value, if there is one.
+template <typename Value>
+void insert(QJsonObject& object, QStringView key, const std::optional<Value>& value) {
+  if (!value) return;
+  if constexpr (std::is_integral_v<Value> && !std::is_same_v<Value, bool>)
+    object.insert(key, qint64{*value});
+  else
+    object.insert(key, *value);
+}
 
 }  // namespace orvex

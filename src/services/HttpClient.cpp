@@ -216,8 +216,7 @@ class HttpClient::Connection final {
     Transfer& transfer = connection->transfer_;
     if (transfer.stop->stop_requested()) return 0;
     transfer.windowBytes += static_cast<qint64>(size);
-    if (const int status = connection->status();
-        transfer.isDownload && (status < 200 || status > 299)) {
+    if (transfer.isDownload && !isSuccess(connection->status())) {
       transfer.isBodyUnwanted = true;
       return 0;
     }

@@ -40,6 +40,11 @@ struct HttpRequest {
   qint64 maximumBytes = 0;
 };
 
+/// Whether a status says that what was asked for was done.
+[[nodiscard]] constexpr bool isSuccess(int status) noexcept {
+  return status >= 200 && status <= 299;
+}
+
 struct HttpResponse {
   int status = 0;
   QByteArray body;
