@@ -1,6 +1,7 @@
 #include "Commands.h"
 
 #include "AudioCommand.h"
+#include "CloudCommand.h"
 #include "FxPlugCommand.h"
 #include "HostCommand.h"
 #include "LutsCommand.h"
@@ -10,7 +11,7 @@ namespace orvex {
 
 const QList<Command>& allCommands() {
   static const QList<Command> commands{lutsCommand(), motionCommand(), fxPlugCommand(),
-                                       audioCommand(), hostCommand()};
+                                       audioCommand(), hostCommand(), cloudCommand()};
   return commands;
 }
 

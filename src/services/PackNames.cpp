@@ -1,0 +1,85 @@
+#include "services/PackNames.h"
+
+#include "services/UniversalPackCatalog.h"
+#include "services/UniversalPackClient.h"
+
+#include <QUrl>
+#include <QUuid>
+
+#include <algorithm>
+#include <limits>
+
+namespace orvex {
+namespace {
+
+using Kind = UniversalPackClientError::Kind;
+
+constexpr qsizetype kMaximumName = 255;
+constexpr qsizetype kUuid = 36;
+// The dot before and the role behind the identifier.
+constexpr qsizetype kHiddenExtra = 2 + kUuid;
+
+bool isBareName(const QString& name) {
+  // What is not valid in UTF-16 would share the name of its replacement characters.
+  return !name.isEmpty() && name != u"." && name != u".." && name.isValidUtf16() &&
+         std::ranges::none_of(name,
+                              [](QChar c) {
+                                return c == u'/' || c == u'\\' ||
+                                       c.category() == QChar::Other_Control;
+                              }) &&
+         name.toUtf8().size() <= kMaximumName;
+}
+
+// The scheme of a parsed address is in lower case whatever it was.
+bool isDownloadAddress(const std::optional<QString>& url) {
+  return url && url->startsWith(u"https://") && QUrl(*url, QUrl::StrictMode).isValid();
+}
+
+}  // namespace
+
+bool isPackName(const QString& name) {
+  return isBareName(name) && !name.startsWith(u'.') &&
+         name.toUtf8().size() <= kMaximumName - kHiddenExtra;
+}
+
+bool isAssetName(const QString& name) {
+  return isBareName(name) &&
+         name.compare(QLatin1StringView(kPackRecordName), Qt::CaseInsensitive) != 0;
+}
+
+PackPlan planOf(const UniversalPack& pack) {
+  if (!pack.targets.contains(u"final-cut") || !isPackName(pack.version))
+    throw UniversalPackClientError(Kind::InvalidCatalog);
+  PackPlan plan{.id = packFolderName(pack.id),
+                .version = pack.version.toUtf8(),
+                .assets = finalCutAssets(pack)};
+  for (const UniversalPackAsset& asset : std::as_const(plan.assets)) {
+    if (!isAssetName(asset.file)) throw UniversalPackClientError(Kind::InvalidAsset, asset.file);
+    if (!isDownloadAddress(asset.url)) throw UniversalPackClientError(Kind::MissingURL, asset.file);
+    // No file is as small, and no disk takes that much.
+    if (asset.bytes < 0 || asset.bytes > std::numeric_limits<std::int64_t>::max() - plan.bytes)
+      throw UniversalPackClientError(Kind::SizeMismatch, asset.file);
+    plan.bytes += asset.bytes;
+  }
+  return plan;
+}
+
+QByteArray packFolderName(const QString& id) {
+  if (!isPackName(id)) throw UniversalPackClientError(Kind::InvalidCatalog);
+  return id.toUtf8();
+}
+
+QByteArray HiddenPackName::make() const {
+  return '.' + id + static_cast<char>(role) + QUuid::createUuid().toByteArray(QUuid::WithoutBraces);
+}
+
+std::optional<HiddenPackName> HiddenPackName::parse(const QByteArray& name) {
+  const qsizetype end = name.size() - kUuid - 1;
+  if (end < 2 || name.front() != '.') return std::nullopt;
+  const auto role = static_cast<Role>(name[end]);
+  if (role != Role::Staging && role != Role::Aside) return std::nullopt;
+  if (QUuid::fromString(QLatin1StringView(name.last(kUuid))).isNull()) return std::nullopt;
+  return HiddenPackName{name.sliced(1, end - 1), role};
+}
+
+}  // namespace orvex
