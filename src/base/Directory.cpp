@@ -7,6 +7,7 @@
 #include <fcntl.h>
 #include <memory>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <tuple>
 #include <vector>
 
@@ -62,6 +63,21 @@ QList<QByteArray> Directory::names() const {
     if (!isDots(entry->d_name)) names.append(entry->d_name);
   if (errno != 0) throw failure(QStringLiteral("okunamadı"), path_);
   return names;
+}
+
+bool Directory::has(const QByteArray& name) const {
+  struct stat status {};
+  if (::fstatat(folder_.get(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0) return true;
+  if (errno != ENOENT) throw failure(QStringLiteral("okunamadı"), path(name));
+  return false;
+}
+
+bool Directory::has(const QByteArray& name, const Directory& entry) const {
+  struct stat named {};
+  struct stat open {};
+  return ::fstatat(folder_.get(), name.constData(), &named, AT_SYMLINK_NOFOLLOW) == 0 &&
+         ::fstat(entry.descriptor(), &open) == 0 && named.st_dev == open.st_dev &&
+         named.st_ino == open.st_ino;
 }
 
 Directory Directory::folder(const QByteArray& name) const {
@@ -134,6 +150,12 @@ void Directory::remove(const QByteArray& name) const {
     if (levels.empty()) return;
     entry = levels.back().names.takeLast();
   }
+}
+
+std::uint64_t Directory::freeBytes() const {
+  struct statvfs status {};
+  if (::fstatvfs(folder_.get(), &status) != 0) throw failure(QStringLiteral("okunamadı"), path_);
+  return std::uint64_t{status.f_bavail} * status.f_frsize;
 }
 
 void Directory::sync() const {

@@ -5,6 +5,8 @@
 #include <QByteArray>
 #include <QList>
 
+#include <cstdint>
+
 namespace orvex {
 
 /// A folder held open. What lies in it is reached by its name and never through a link, so that
@@ -23,6 +25,9 @@ class Directory {
 
   /// All names but "." and "..", hidden ones too, in the order of the file system.
   [[nodiscard]] QList<QByteArray> names() const;
+  [[nodiscard]] bool has(const QByteArray& name) const;
+  /// Whether `name` is the name of the folder `entry`.
+  [[nodiscard]] bool has(const QByteArray& name, const Directory& entry) const;
   [[nodiscard]] Directory folder(const QByteArray& name) const;
   /// A folder that was not there before.
   [[nodiscard]] Directory makeFolder(const QByteArray& name) const;
@@ -39,6 +44,8 @@ class Directory {
   /// Removes the entry with all below it; a link goes, what it leads to stays. Nothing of that name
   /// is as good.
   void remove(const QByteArray& name) const;
+  /// What the user can still write on the folder's file system.
+  [[nodiscard]] std::uint64_t freeBytes() const;
   /// Makes durable which names the folder holds.
   void sync() const;
 

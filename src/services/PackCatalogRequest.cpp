@@ -1,6 +1,6 @@
 #include "services/PackCatalogRequest.h"
 
-#include "services/UniversalPackClient.h"
+#include "services/UniversalPackClientError.h"
 
 #include <QDateTime>
 

@@ -1,7 +1,7 @@
 #include "services/PackNames.h"
 
 #include "services/UniversalPackCatalog.h"
-#include "services/UniversalPackClient.h"
+#include "services/UniversalPackClientError.h"
 
 #include <QUrl>
 #include <QUuid>

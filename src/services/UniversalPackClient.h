@@ -4,33 +4,11 @@
 #include "services/HttpClient.h"
 #include "services/UniversalInstalledPack.h"
 #include "services/UniversalPackCatalog.h"
+#include "services/UniversalPackClientError.h"
 
 namespace orvex {
 
-/// A pack, its catalog or one of its files cannot be used.
-class UniversalPackClientError final : public DescribedError {
- public:
-  enum class Kind {
-    Http,
-    InvalidAsset,
-    MissingURL,
-    SizeMismatch,
-    HashMismatch,
-    InvalidResponse,
-    InvalidCatalog
-  };
-
-  explicit UniversalPackClientError(Kind kind);
-  /// `file` is the name of the asset.
-  UniversalPackClientError(Kind kind, const QString& file);
-  /// An answer with this status.
-  explicit UniversalPackClientError(int status);
-
-  [[nodiscard]] Kind kind() const noexcept { return kind_; }
-
- private:
-  Kind kind_;
-};
+class PackStore;
 
 /// Fetches the catalog of content packs, installs packs below a folder of the user's and removes
 /// them. Keeps nothing between calls; any thread, and any number of processes on one folder.
@@ -52,13 +30,15 @@ class UniversalPackClient final {
   /// durable; when it throws, what was installed before is as it was. Throws
   /// `UniversalPackClientError`, `TransportError`, `FileError`, `Stopped`.
   void install(const UniversalPack& pack, const WorkControl& control = {}) const;
-  /// Removes the pack with all its versions, if it is installed. Throws `FileError`,
+  /// Removes the pack with all its versions, if it is installed. Throws `FileError`, `Stopped`, and
   /// `UniversalPackClientError` for an identifier that no pack can have.
-  void uninstall(const QString& packID) const;
+  void uninstall(const QString& packID, const std::stop_token& stop = {}) const;
   /// What is installed, by name. Throws `FileError`.
   [[nodiscard]] QList<UniversalInstalledPack> installedPacks() const;
 
  private:
+  [[nodiscard]] PackStore store() const;
+
   QUrl catalogURL_;
   QString root_;
   HttpOptions http_;

@@ -1,4 +1,4 @@
-#include "services/UniversalPackClient.h"
+#include "services/UniversalPackClientError.h"
 
 namespace orvex {
 namespace {
