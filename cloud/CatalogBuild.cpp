@@ -1,5 +1,6 @@
 #include "cloud/CatalogBuild.h"
 
+#include "base/FolderLock.h"
 #include "base/Json.h"
 #include "base/NewFile.h"
 #include "base/Sha256.h"
@@ -34,7 +35,8 @@ class Builder {
   Builder(const Directory& vendor, const QUrl& catalogURL)
       : vendor_(vendor),
         packsURL_(catalogURL.resolved(QUrl(QStringLiteral("."))).toString(QUrl::FullyEncoded)),
-        packs_(Directory::make(vendor.path("public/downloads/orvex/packs"))) {
+        packs_(Directory::make(vendor.path("public/downloads/orvex/packs"))),
+        lock_(packs_, {}) {
     previousBytes_ = readSmallFile(packs_.descriptor(), kManifest, kMaximumDocument);
     if (!previousBytes_) return;
     try {
@@ -215,6 +217,8 @@ class Builder {
   // Of the folder that the catalog lies in, with a slash at its end.
   const QString packsURL_;
   const Directory packs_;
+  // Two that publish take turns.
+  const FolderLock lock_;
   std::optional<QByteArray> previousBytes_;
   UniversalPackCatalog previous_;
   CatalogBuild result_;
