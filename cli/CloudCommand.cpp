@@ -75,7 +75,7 @@ QString quoted(QString text) {
 class Serving final : public QObject {
  public:
   Serving(const CloudRequest& request, const Finish& finish, QObject& owner)
-      : QObject(&owner), interrupt_([this] { end(); }, this), finish_(finish) {
+      : QObject(&owner), finish_(finish) {
     // All that is made from here on is the user's alone.
     ::umask(S_IRWXG | S_IRWXO);
     const Directory vendor = Directory::open(absolutePath(request.folder));
@@ -112,10 +112,14 @@ class Serving final : public QObject {
     finish_(Done);
   }
 
+  // Before the server's threads.
   Interrupt interrupt_;
   Finish finish_;
   std::unique_ptr<RequestStore> requests_;
   std::unique_ptr<CloudServer> server_;
+  std::stop_callback<std::function<void()>> asked_{
+      interrupt_.token(),
+      [this] { QMetaObject::invokeMethod(this, &Serving::end, Qt::QueuedConnection); }};
 };
 
 void run(const QStringList& arguments, QObject& owner, const Finish& finish) {

@@ -1,25 +1,40 @@
 #include "Interrupt.h"
 
-#include <QSocketNotifier>
-
 #include <csignal>
-#include <sys/signalfd.h>
 
 namespace orvex {
+namespace {
 
-Interrupt::Interrupt(std::function<void()> asked, QObject* parent) : QObject(parent) {
-  sigset_t ends;
-  sigemptyset(&ends);
-  sigaddset(&ends, SIGINT);
-  sigaddset(&ends, SIGTERM);
-  // Threads that are started later take this over, so that the signals reach the descriptor alone.
-  ::pthread_sigmask(SIG_BLOCK, &ends, nullptr);
-  signals_ = FileDescriptor(::signalfd(-1, &ends, SFD_CLOEXEC | SFD_NONBLOCK));
-  auto* notifier = new QSocketNotifier(signals_.get(), QSocketNotifier::Read, this);
-  connect(notifier, &QSocketNotifier::activated, this, [this, asked = std::move(asked)] {
-    signalfd_siginfo taken{};
-    if (::read(signals_.get(), &taken, sizeof taken) == sizeof taken) asked();
+constexpr timespec kTick{.tv_sec = 0, .tv_nsec = 100'000'000};
+
+sigset_t endingSignals() {
+  sigset_t signals;
+  sigemptyset(&signals);
+  for (const int number : {SIGINT, SIGTERM, SIGHUP}) sigaddset(&signals, number);
+  return signals;
+}
+
+}  // namespace
+
+// Signals that all threads block wait for the one that asks for them, where, unlike in a handler,
+// anything may be done.
+Interrupt::Interrupt() {
+  const sigset_t signals = endingSignals();
+  pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+  thread_ = std::jthread([this, signals](const std::stop_token& end) {
+    while (!end.stop_requested()) {
+      if (sigtimedwait(&signals, nullptr, &kTick) < 0) continue;
+      source_.request_stop();
+      pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
+      return;
+    }
   });
+}
+
+Interrupt::~Interrupt() {
+  thread_ = {};
+  const sigset_t signals = endingSignals();
+  pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
 }
 
 }  // namespace orvex

@@ -1,21 +1,24 @@
 #pragma once
 
-#include "base/FileDescriptor.h"
-
-#include <QObject>
-
-#include <functional>
+#include <stop_token>
+#include <thread>
 
 namespace orvex {
 
-/// Tells, on the thread it was made on, that the program is asked to end (SIGINT, SIGTERM), which
-/// then no longer ends it by itself. Made before any other thread; one at a time.
-class Interrupt final : public QObject {
+/// While it lives, the first interrupt or termination signal requests a stop, so that what was
+/// begun can be undone; the second one ends the program. Make it before any other thread.
+class Interrupt {
  public:
-  Interrupt(std::function<void()> asked, QObject* parent);
+  Interrupt();
+  ~Interrupt();
+  Interrupt(const Interrupt&) = delete;
+  Interrupt& operator=(const Interrupt&) = delete;
+
+  [[nodiscard]] std::stop_token token() const { return source_.get_token(); }
 
  private:
-  FileDescriptor signals_;
+  std::stop_source source_;
+  std::jthread thread_;
 };
 
 }  // namespace orvex

@@ -91,6 +91,9 @@ TransportError transportError(const TransportFailure& failure) {
     case CURLE_WEIRD_SERVER_REPLY:
     case CURLE_HTTP2:
       return error(Kind::NotHttp, u"\"%1\" geçersiz bir cevap gönderdi.");
+    // What the library says of a header line beyond its own limit.
+    case CURLE_OUT_OF_MEMORY:
+      return tooLarge(host);
     case CURLE_URL_MALFORMAT:
       return error(Kind::Refused,
                    u"\"%1\" için verilen adres kullanılamıyor: https:// ile başlayan geçerli bir "

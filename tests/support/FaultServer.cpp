@@ -1,0 +1,202 @@
+#include "support/FaultServer.h"
+
+#include <QFile>
+
+#include <arpa/inet.h>
+#include <csignal>
+#include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+#include <utility>
+
+namespace orvex {
+namespace {
+
+using namespace std::chrono_literals;
+
+// Up to the blank line and the body behind it; nothing when the client is gone.
+std::optional<FaultServer::Request> readRequest(SSL* connection) {
+  QByteArray bytes;
+  qsizetype end = -1;
+  const auto more = [&] {
+    char buffer[16384];
+    const int count = SSL_read(connection, buffer, sizeof buffer);
+    if (count > 0) bytes.append(buffer, count);
+    return count > 0;
+  };
+  while ((end = bytes.indexOf("\r\n\r\n")) < 0)
+    if (!more()) return std::nullopt;
+  const QList<QByteArray> lines = bytes.first(end).split('\n');
+  const QList<QByteArray> first = lines[0].trimmed().split(' ');
+  FaultServer::Request request{.method = first[0], .target = first.value(1)};
+  for (const QByteArray& line : lines.mid(1)) {
+    const qsizetype colon = line.indexOf(':');
+    request.headers.insert(line.first(colon).toLower(), line.mid(colon + 1).trimmed());
+  }
+  const qsizetype size = request.headers.value("content-length").toLongLong();
+  while (bytes.size() < end + 4 + size)
+    if (!more()) return std::nullopt;
+  request.body = bytes.mid(end + 4, size);
+  return request;
+}
+
+}  // namespace
+
+bool FaultServer::Peer::send(const QByteArray& bytes) {
+  return bytes.isEmpty() ||
+         SSL_write(connection_, bytes.constData(), static_cast<int>(bytes.size())) > 0;
+}
+
+bool FaultServer::Peer::reply(int status, const QByteArray& body,
+                              const QList<QByteArray>& headers) {
+  QByteArray head = "HTTP/1.1 " + QByteArray::number(status) + " Scripted\r\n";
+  for (const QByteArray& line : headers) head += line + "\r\n";
+  return send(head + "Content-Length: " + QByteArray::number(body.size()) + "\r\n\r\n" + body);
+}
+
+bool FaultServer::Peer::pause(std::chrono::milliseconds time) {
+  const auto until = std::chrono::steady_clock::now() + time;
+  do {
+    pollfd poll{SSL_get_fd(connection_), POLLRDHUP, 0};
+    if (server_.isDying_ || ::poll(&poll, 1, time > 0ms ? 5 : 0) > 0) return false;
+  } while (std::chrono::steady_clock::now() < until);
+  return true;
+}
+
+void FaultServer::Peer::reset() {
+  constexpr linger kAtOnce{1, 0};
+  ::setsockopt(SSL_get_fd(connection_), SOL_SOCKET, SO_LINGER, &kAtOnce, sizeof kAtOnce);
+  SSL_set_quiet_shutdown(connection_, 1);
+  close();
+}
+
+FaultServer::FaultServer(TestCertificate::Kind kind)
+    : context_(SSL_CTX_new(TLS_server_method()), &SSL_CTX_free) {
+  const TestCertificate certificate = TestCertificate::make(kind);
+  SSL_CTX_use_certificate(context_.get(), certificate.certificate.get());
+  SSL_CTX_use_PrivateKey(context_.get(), certificate.key.get());
+  QFile file(caFile());
+  EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write(TestCertificate::authorityPem());
+  listen();
+}
+
+void FaultServer::listen() {
+  listener_ = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  constexpr int kOn = 1;
+  ::setsockopt(listener_, SOL_SOCKET, SO_REUSEADDR, &kOn, sizeof kOn);
+  sockaddr_in address{.sin_family = AF_INET,
+                      .sin_port = htons(port_),
+                      .sin_addr = {htonl(INADDR_LOOPBACK)},
+                      .sin_zero = {}};
+  socklen_t size = sizeof address;
+  auto* const any = reinterpret_cast<sockaddr*>(&address);
+  EXPECT_EQ(::bind(listener_, any, size), 0);
+  EXPECT_EQ(::listen(listener_, 64), 0);
+  ::getsockname(listener_, any, &size);
+  port_ = ntohs(address.sin_port);
+  isDying_ = false;
+  acceptor_ = std::thread([this] { accept(); });
+}
+
+void FaultServer::accept() {
+  // A client that has gone is no reason to end the process. Only here: were it ignored everywhere,
+  // nobody would see what it does to the client.
+  sigset_t pipe;
+  sigemptyset(&pipe);
+  sigaddset(&pipe, SIGPIPE);
+  pthread_sigmask(SIG_BLOCK, &pipe, nullptr);
+  for (;;) {
+    const int socket = ::accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
+    if (socket < 0 || isDying_) {
+      ::close(socket);
+      return;
+    }
+    ++connections_;
+    {
+      const std::scoped_lock lock(mutex_);
+      sockets_.insert(socket);
+    }
+    threads_.emplace_back([this, socket] { serve(socket); });
+  }
+}
+
+void FaultServer::serve(int socket) {
+  {
+    const std::unique_ptr<SSL, void (*)(SSL*)> connection(SSL_new(context_.get()), &SSL_free);
+    SSL_set_fd(connection.get(), socket);
+    if (SSL_accept(connection.get()) == 1) {
+      converse(connection.get());
+      SSL_shutdown(connection.get());
+    }
+  }
+  const std::scoped_lock lock(mutex_);
+  sockets_.erase(socket);
+  ::close(socket);
+}
+
+void FaultServer::converse(SSL* connection) {
+  Peer peer(*this, connection);
+  while (peer.isOpen() && !isDying_) {
+    const auto request = readRequest(connection);
+    if (!request) return;
+    {
+      const std::scoped_lock lock(mutex_);
+      requests_.append(*request);
+    }
+    handlerOf(request->target)(peer, *request);
+  }
+}
+
+FaultServer::Handler FaultServer::handlerOf(const QByteArray& target) const {
+  const qsizetype query = target.indexOf('?');
+  const std::scoped_lock lock(mutex_);
+  return handlers_.value(query < 0 ? target : target.first(query),
+                         [](Peer& peer, const Request&) { peer.reply(404, "nothing here"); });
+}
+
+void FaultServer::on(const QByteArray& path, Handler handler) {
+  const std::scoped_lock lock(mutex_);
+  handlers_.insert(path, std::move(handler));
+}
+
+void FaultServer::answer(const QByteArray& path, int status, const QByteArray& body,
+                         const QList<QByteArray>& headers) {
+  on(path, [=](Peer& peer, const Request&) { peer.reply(status, body, headers); });
+}
+
+QUrl FaultServer::url(const QByteArray& path) const {
+  return QUrl(QStringLiteral("https://localhost:%1").arg(port_) + QString::fromUtf8(path));
+}
+
+HttpOptions FaultServer::options(std::chrono::milliseconds patience) const {
+  return {.caFile = caFile(), .stallTimeout = patience, .longestTimeout = patience};
+}
+
+QList<FaultServer::Request> FaultServer::requests() const {
+  const std::scoped_lock lock(mutex_);
+  return requests_;
+}
+
+void FaultServer::die() {
+  if (!acceptor_.joinable()) return;
+  isDying_ = true;
+  ::shutdown(listener_, SHUT_RDWR);
+  acceptor_.join();
+  ::close(listener_);
+  {
+    const std::scoped_lock lock(mutex_);
+    for (const int socket : sockets_) ::shutdown(socket, SHUT_RDWR);
+  }
+  for (std::thread& thread : threads_) thread.join();
+  threads_.clear();
+}
+
+void FaultServer::revive() {
+  die();
+  listen();
+}
+
+}  // namespace orvex
