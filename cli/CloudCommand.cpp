@@ -89,16 +89,17 @@ class Serving final : public QObject {
     requests_ = std::make_unique<RequestStore>(own.path("requests.db"));
     const bool ownCertificate = request.certificate.isEmpty();
     const QByteArray address = request.address.toLatin1();
+    ListenSocket socket = listenAt(address, request.port);
+    const std::uint16_t port = socket.port;
     server_ = std::make_unique<CloudServer>(
-        std::move(published), *requests_,
+        std::move(socket), std::move(published), *requests_,
         CloudServerOptions{
-            address, request.port,
             ownCertificate ? makeServerCertificate(own, address)
                            : ServerCertificate{readPem(request.certificate), readPem(request.key)},
             request.rate},
         [](const QByteArray& line) { printError(QString::fromUtf8(line)); });
     const QString host = address.contains(':') ? u'[' + request.address + u']' : request.address;
-    printLine(QStringLiteral("export ORVEX_SERVICE=https://%1:%2").arg(host).arg(server_->port()));
+    printLine(QStringLiteral("export ORVEX_SERVICE=https://%1:%2").arg(host).arg(port));
     if (ownCertificate)
       printLine(QStringLiteral("export ORVEX_CA_FILE=%1")
                     .arg(quoted(QFile::decodeName(own.path(kAuthorityCertificate)))));

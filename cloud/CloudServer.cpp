@@ -2,7 +2,6 @@
 
 #include "base/DescribedError.h"
 #include "cloud/CloudAnswers.h"
-#include "cloud/ListenSocket.h"
 
 #include <QDateTime>
 
@@ -124,13 +123,12 @@ QByteArray logLine(const Running& running, const QByteArray& peer, bool complete
 
 class CloudServer::Daemon {
  public:
-  Daemon(Directory published, RequestStore& requests, const CloudServerOptions& options, Log log)
+  Daemon(ListenSocket socket, Directory published, RequestStore& requests,
+         const CloudServerOptions& options, Log log)
       : published_(std::move(published)),
         requests_(requests),
         bytesPerSecond_(options.bytesPerSecond),
         log_(std::move(log)) {
-    ListenSocket socket = listenAt(options.address, options.port);
-    port_ = socket.port;
     daemon_ = MHD_start_daemon(
         MHD_USE_TLS | MHD_USE_POLL_INTERNAL_THREAD | MHD_USE_THREAD_PER_CONNECTION, 0, nullptr,
         nullptr, &Daemon::handle, this, MHD_OPTION_LISTEN_SOCKET, socket.socket.get(),
@@ -154,8 +152,6 @@ class CloudServer::Daemon {
   }
   Daemon(const Daemon&) = delete;
   Daemon& operator=(const Daemon&) = delete;
-
-  [[nodiscard]] std::uint16_t port() const noexcept { return port_; }
 
  private:
   static void* begin(void*, const char* target, MHD_Connection*) {
@@ -230,18 +226,14 @@ class CloudServer::Daemon {
   const qint64 bytesPerSecond_;
   const Log log_;
   Closing closing_;
-  std::uint16_t port_ = 0;
   MHD_Daemon* daemon_ = nullptr;
 };
 
-CloudServer::CloudServer(Directory published, RequestStore& requests,
+CloudServer::CloudServer(ListenSocket socket, Directory published, RequestStore& requests,
                          const CloudServerOptions& options, Log log)
-    : daemon_(std::make_unique<Daemon>(std::move(published), requests, options, std::move(log))) {}
+    : daemon_(std::make_unique<Daemon>(std::move(socket), std::move(published), requests, options,
+                                       std::move(log))) {}
 
 CloudServer::~CloudServer() = default;
-
-std::uint16_t CloudServer::port() const noexcept {
-  return daemon_->port();
-}
 
 }  // namespace orvex

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "base/Directory.h"
+#include "cloud/ListenSocket.h"
 #include "cloud/ServerCertificate.h"
 
-#include <cstdint>
 #include <functional>
 #include <memory>
 
@@ -12,10 +12,6 @@ namespace orvex {
 class RequestStore;
 
 struct CloudServerOptions {
-  /// An IP address of this machine.
-  QByteArray address = "127.0.0.1";
-  /// 0 takes any free one.
-  std::uint16_t port = 0;
   ServerCertificate certificate;
   /// What one transfer may take; 0 for as much as there is.
   qint64 bytesPerSecond = 0;
@@ -30,14 +26,12 @@ class CloudServer final {
 
   /// `published` is what the addresses' paths begin at; `requests` outlives the server. Throws
   /// `DescribedError`.
-  CloudServer(Directory published, RequestStore& requests, const CloudServerOptions& options,
-              Log log);
+  CloudServer(ListenSocket socket, Directory published, RequestStore& requests,
+              const CloudServerOptions& options, Log log);
   /// Breaks off what is under way.
   ~CloudServer();
   CloudServer(const CloudServer&) = delete;
   CloudServer& operator=(const CloudServer&) = delete;
-
-  [[nodiscard]] std::uint16_t port() const noexcept;
 
  private:
   class Daemon;

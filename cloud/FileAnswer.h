@@ -7,10 +7,10 @@ namespace orvex {
 /// What a request for a file says of the copy that the client has and of the part that it wants;
 /// the header fields as they came, empty where there were none.
 struct FileConditions {
-  QByteArray ifNoneMatch;
-  QByteArray ifModifiedSince;
-  QByteArray ifRange;
-  QByteArray range;
+  QByteArray ifNoneMatch{};
+  QByteArray ifModifiedSince{};
+  QByteArray ifRange{};
+  QByteArray range{};
 };
 
 /// What a file is answered with: 200, 206, 304 or 416, and for the first two which bytes.
