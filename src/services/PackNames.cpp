@@ -30,11 +30,6 @@ bool isBareName(const QString& name) {
          name.toUtf8().size() <= kMaximumName;
 }
 
-// The scheme of a parsed address is in lower case whatever it was.
-bool isDownloadAddress(const std::optional<QString>& url) {
-  return url && url->startsWith(u"https://") && QUrl(*url, QUrl::StrictMode).isValid();
-}
-
 }  // namespace
 
 bool isPackName(const QString& name) {
@@ -46,6 +41,17 @@ bool isAssetName(const QString& name) {
   return isBareName(name) &&
          name.compare(QLatin1StringView(kPackRecordName), Qt::CaseInsensitive) != 0;
 }
+
+namespace {
+
+// The scheme of a parsed address is in lower case whatever it was.
+bool isDownloadAddress(const std::optional<QString>& text) {
+  if (!text || !text->startsWith(u"https:")) return false;
+  const QUrl url(*text, QUrl::StrictMode);
+  return url.isValid() && !url.host().isEmpty();
+}
+
+}  // namespace
 
 PackPlan planOf(const UniversalPack& pack) {
   if (!pack.targets.contains(u"final-cut") || !isPackName(pack.version))
