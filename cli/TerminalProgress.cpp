@@ -32,9 +32,9 @@ QString bytesLine(Progress progress) {
   if (progress.total <= 0) return bytesText(progress.done);
   const double part =
       std::clamp(static_cast<double>(progress.done) / static_cast<double>(progress.total), 0., 1.);
-  const QString numbers = QStringLiteral("%%1  %2 / %3")
-                              .arg(static_cast<int>(100 * part))
-                              .arg(bytesText(progress.done), bytesText(progress.total));
+  const QString numbers =
+      u'%' + QString::number(static_cast<int>(100 * part)) +
+      QStringLiteral("  %1 / %2").arg(bytesText(progress.done), bytesText(progress.total));
   // A line that wraps could not be taken back.
   const int width = std::clamp(columns() - static_cast<int>(numbers.size()) - 3, 0, kBarWidth);
   const int full = static_cast<int>(part * width);
