@@ -1,7 +1,8 @@
 #include "Checks.h"
-#include "Scenario.h"
+#include "Packs.h"
 #include "Tally.h"
 #include "Traced.h"
+#include "base/DescribedError.h"
 #include "support/TemporaryTree.h"
 
 #include <cerrno>
@@ -10,14 +11,6 @@
 
 namespace orvex {
 namespace {
-
-const std::vector<Scenario> kScenarios{
-    {.name = "install", .before = "", .after = "1"},
-    {.name = "update", .before = "1", .after = "2"},
-    {.name = "reinstall", .before = "1", .after = "1b"},
-    {.name = "uninstall", .before = "1", .after = ""},
-    {.name = "update without exchange", .before = "1", .after = "2", .withoutExchange = true},
-    {.name = "reinstall without exchange", .before = "1", .after = "1b", .withoutExchange = true}};
 
 using enum Fault::Kind;
 
@@ -36,21 +29,18 @@ const std::multimap<long, Fault> kErrors = [] {
   add({SYS_unlinkat}, {EACCES, EIO, EROFS});
   add({SYS_write}, {ENOSPC, EDQUOT, EIO});
   add({SYS_fsync, SYS_close}, {EIO, ENOSPC});
-  add({SYS_getdents64, SYS_fstat, SYS_newfstatat, SYS_fstatfs, SYS_read, SYS_fcntl}, {EIO});
+  add({SYS_getdents64, SYS_fstat, SYS_newfstatat, SYS_fstatfs, SYS_read, SYS_fcntl,
+       SYS_sync_file_range},
+      {EIO});
   add({SYS_flock}, {ENOLCK, EINTR});
   errors.insert({SYS_write, {.kind = Short, .number = SYS_write}});
   return errors;
 }();
 
-// A store in the state before a change, as often as it is needed.
+// A folder in the state before a change, as often as it is needed.
 class Before {
  public:
-  explicit Before(const Scenario& scenario) {
-    if (scenario.before.empty()) return;
-    packOf(scenario.before).installIn(PackStore(root()));
-    bystander().installIn(PackStore(root()));
-  }
-  [[nodiscard]] QByteArray root() const { return tree_.path("store/packs"); }
+  explicit Before(const Scenario& scenario) { scenario.prepare(tree_.root()); }
   void copyTo(const TemporaryTree& tree) const {
     std::filesystem::copy(tree_.root().toStdString(), tree.root().toStdString(),
                           std::filesystem::copy_options::recursive);
@@ -60,26 +50,26 @@ class Before {
   TemporaryTree tree_;
 };
 
-std::string withOther(const std::string& state) {
-  if (state.ends_with("other")) return state;
-  return state.empty() ? "other" : state + " other";
-}
-
-// The first install finds nothing at all.
-std::string stateWith(const Scenario& scenario, const std::string& version) {
-  return scenario.before.empty() ? version : withOther(version);
+// 0 done, 1 refused. What else is thrown ends the process.
+int tryChange(const Scenario& scenario, const QByteArray& folder) {
+  try {
+    scenario.change(folder);
+    return 0;
+  } catch (const DescribedError&) {
+    return 1;
+  }
 }
 
 // Interferes once and says what was found wrong afterwards, if anything was.
 std::string faultOf(const Scenario& scenario, const Before& before, const Fault& fault) {
   const TemporaryTree tree;
   before.copyTo(tree);
-  const QByteArray root = tree.path("store/packs");
-  const Trace trace = runTraced([&] { return change(root, scenario.after); }, fault);
+  const QByteArray folder = tree.root();
+  const Trace trace = runTraced([&] { return tryChange(scenario, folder); }, fault);
 
-  const std::string found = stateOf(root);
-  const bool isBefore = found == stateWith(scenario, scenario.before);
-  const bool isAfter = found == stateWith(scenario, scenario.after);
+  const std::string found = scenario.state(folder);
+  const bool isBefore = found == scenario.before;
+  const bool isAfter = found == scenario.after;
   const std::string ending =
       "ended with " + std::to_string(trace.exitCode) + ", shows '" + found + "'";
   if (fault.kind == Kill) {
@@ -92,33 +82,27 @@ std::string faultOf(const Scenario& scenario, const Before& before, const Fault&
     if (isLost && trace.exitCode == 0) return "success without what was to be written";
     if (fault.kind == Short && trace.exitCode != 0) return "given up over a short write";
   }
-  // The next install finds its way and clears up.
-  bystander().installIn(PackStore(root));
-  if (!leftoversIn(root).isEmpty()) return "leftovers stay";
-  if (const std::string now = stateOf(root); now != withOther(found))
-    return "shows '" + now + "' after another pack was installed, '" + found + "' before";
-  if (change(root, scenario.after) != 0) return "cannot be done any more";
-  return {};
+  if (std::string wrong = scenario.aftermath(folder, found); !wrong.empty()) return wrong;
+  return tryChange(scenario, folder) == 0 ? "" : "cannot be done any more";
 }
 
 std::vector<long> callsOf(const Scenario& scenario, const Before& before) {
   const TemporaryTree tree;
   before.copyTo(tree);
-  const QByteArray root = tree.path("store/packs");
-  Trace trace = runTraced([&] { return change(root, scenario.after); },
+  Trace trace = runTraced([&] { return tryChange(scenario, tree.root()); },
                           {.withoutExchange = scenario.withoutExchange});
-  if (trace.exitCode != 0 || stateOf(root) != stateWith(scenario, scenario.after)) return {};
+  if (trace.exitCode != 0 || scenario.state(tree.root()) != scenario.after) return {};
   return std::move(trace.calls);
 }
 
 bool check(const char* what, std::size_t most,
            const std::function<std::vector<Fault>(long call)>& faultsAt) {
-  // What libraries do once is done here, not in every process.
-  const TemporaryTree warm;
-  packOf("1").installIn(PackStore(warm.path("packs")));
   bool isWell = true;
-  for (const Scenario& scenario : kScenarios) {
+  for (const Scenario& scenario : packScenarios()) {
     const Before before(scenario);
+    // What libraries do once is done here, not in every process.
+    const TemporaryTree warm;
+    std::ignore = tryChange(scenario, warm.root());
     const std::vector<long> calls = callsOf(scenario, before);
     std::vector<Fault> faults;
     std::map<long, std::size_t> counted;

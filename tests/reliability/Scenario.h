@@ -1,33 +1,26 @@
 #pragma once
 
-#include "support/TestPack.h"
+#include <QByteArray>
 
+#include <functional>
 #include <string>
 
 namespace orvex {
 
-/// A change of the store from one whole state to another.
+/// A change from one whole state to another, in a folder.
 struct Scenario {
   std::string name;
-  /// The version that is installed before and the one that is installed then; empty for none.
+  std::function<void(const QByteArray& folder)> prepare;
+  /// Throws a described error where it is refused.
+  std::function<void(const QByteArray& folder)> change;
+  /// What whoever looks finds.
+  std::function<std::string(const QByteArray& folder)> state;
   std::string before;
   std::string after;
+  /// What is wrong after whatever happened, where `found` was found, and the next change.
+  std::function<std::string(const QByteArray& folder, const std::string& found)> aftermath;
+  /// As on a file system that cannot exchange two names in one step.
   bool withoutExchange = false;
 };
-
-/// The versions that are installed: "1", "1b" (other files under the same version) and "2".
-[[nodiscard]] const TestPack& packOf(const std::string& version);
-/// Another pack, which no change concerns.
-[[nodiscard]] const TestPack& bystander();
-
-/// What whoever looks finds below `root`: "2 other" for instance; "damaged" for a version that has
-/// not all its files and no others.
-[[nodiscard]] std::string stateOf(const QByteArray& root);
-/// What remains out of sight below `root`.
-[[nodiscard]] QList<QByteArray> leftoversIn(const QByteArray& root);
-
-/// Installs the version, or removes the pack where it is empty. Returns 0 when done, 1 when refused
-/// with a described error.
-[[nodiscard]] int change(const QByteArray& root, const std::string& version);
 
 }  // namespace orvex

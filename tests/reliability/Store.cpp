@@ -1,5 +1,5 @@
 #include "Checks.h"
-#include "Scenario.h"
+#include "Packs.h"
 #include "Tally.h"
 #include "base/FileUrl.h"
 #include "base/SmallFile.h"
@@ -48,14 +48,23 @@ constexpr int kRefused = 1;
 constexpr int kWrong = 2;
 constexpr int kNotPermitted = 3;
 
+bool isDone(const QByteArray& root, const std::string& version) {
+  try {
+    change(root, version);
+    return true;
+  } catch (const DescribedError&) {
+    return false;
+  }
+}
+
 // Updates on a file system that has no room for both versions, or for either.
 int updateIn(const TemporaryTree& tree, const QByteArray& options) {
   if (!mountSmall(tree.root(), options)) return kNotPermitted;
   const QByteArray root = tree.path("packs");
-  if (change(root, "1") != 0) return stateOf(root).empty() ? kRefused : kWrong;
-  const int result = change(root, "2");
-  return stateOf(root) != (result == 0 ? "2" : "1") || !leftoversIn(root).isEmpty() ? kWrong
-                                                                                    : result;
+  if (!isDone(root, "1")) return stateOf(root).empty() ? kRefused : kWrong;
+  const bool isUpdated = isDone(root, "2");
+  if (stateOf(root) != (isUpdated ? "2" : "1") || !leftoversIn(root).isEmpty()) return kWrong;
+  return isUpdated ? 0 : kRefused;
 }
 
 QString hostileName(QRandomGenerator& random) {
@@ -117,13 +126,13 @@ bool checkTogether(std::size_t most) {
   const TemporaryTree tree;
   const QByteArray root = tree.path("packs");
   Tally tally("together");
-  tally.add(change(root, "1") == 0 ? "" : "cannot be installed", [] { return "alone"; });
+  tally.add(isDone(root, "1") ? "" : "cannot be installed", [] { return "alone"; });
   std::vector<pid_t> processes;
   for (const char* first : {"1", "2"}) {
     const pid_t process = ::fork();
     if (process == 0) {
       for (std::size_t round = 0; round < rounds; ++round)
-        if (change(root, (round % 2 == 0) == (*first == '1') ? "1" : "2") != 0) ::_exit(1);
+        if (!isDone(root, (round % 2 == 0) == (*first == '1') ? "1" : "2")) ::_exit(1);
       ::_exit(0);
     }
     processes.push_back(process);

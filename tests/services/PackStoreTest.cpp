@@ -243,7 +243,10 @@ TEST(PackStore, SweepsWhatIsLeftBehindAndNothingElse) {
   tree.link("packs/.link" + uuid, "../outside");
   tree.file("packs/.own/x");
   tree.file("outside/kept");
-  const TestPack other(QStringLiteral("other"), QStringLiteral("1"), {});
+  // More files than are held open at once.
+  QMap<QString, QByteArray> many;
+  for (int i = 0; i < 150; ++i) many[QString::number(i)] = QByteArray::number(i);
+  const TestPack other(QStringLiteral("other"), QStringLiteral("1"), many);
   const TestPack outer = film();
   // While one pack is under way another one is installed.
   store.install(outer.pack,
@@ -253,6 +256,8 @@ TEST(PackStore, SweepsWhatIsLeftBehindAndNothingElse) {
                 },
                 {});
   EXPECT_EQ(store.installedPacks().size(), 2);
+  for (auto file = many.begin(); file != many.end(); ++file)
+    EXPECT_EQ(contents(tree, "packs/other/1/" + file.key().toUtf8()), *file);
   EXPECT_THAT(namesIn(tree.text("packs")),
               UnorderedElementsAre(QStringLiteral(".own"), QStringLiteral("film"),
                                    QStringLiteral("other")));

@@ -1,6 +1,5 @@
-#include "Scenario.h"
+#include "Packs.h"
 
-#include "base/DescribedError.h"
 #include "base/Directory.h"
 #include "base/FileUrl.h"
 #include "base/SmallFile.h"
@@ -25,6 +24,11 @@ bool isWhole(const UniversalInstalledPack& found, const TestPack& pack) {
     if (readSmallFile(AT_FDCWD, folder + '/' + file.key().toUtf8(), 1'000'000) != *file)
       return false;
   return found.files == QList<QString>(pack.contents.keys());
+}
+
+std::string withOther(const std::string& state) {
+  if (state.ends_with("other")) return state;
+  return state.empty() ? "other" : state + " other";
 }
 
 }  // namespace
@@ -70,15 +74,49 @@ QList<QByteArray> leftoversIn(const QByteArray& root) {
   return names;
 }
 
-int change(const QByteArray& root, const std::string& version) try {
+void change(const QByteArray& root, const std::string& version) {
   const PackStore store(root);
   if (version.empty())
     store.uninstall(kId);
   else
     packOf(version).installIn(store);
-  return 0;
-} catch (const DescribedError&) {
-  return 1;
+}
+
+std::vector<Scenario> packScenarios() {
+  const auto scenario = [](const char* name, const std::string& before, const std::string& after,
+                           bool withoutExchange = false) {
+    const auto root = [](const QByteArray& folder) { return folder + "/store/packs"; };
+    // The first install finds nothing at all.
+    const auto state = [before](const std::string& version) {
+      return before.empty() ? version : withOther(version);
+    };
+    return Scenario{
+        .name = name,
+        .prepare =
+            [=](const QByteArray& folder) {
+              if (before.empty()) return;
+              change(root(folder), before);
+              bystander().installIn(PackStore(root(folder)));
+            },
+        .change = [=](const QByteArray& folder) { change(root(folder), after); },
+        .state = [=](const QByteArray& folder) { return stateOf(root(folder)); },
+        .before = state(before),
+        .after = state(after),
+        // The next install finds its way and clears up.
+        .aftermath = [=](const QByteArray& folder, const std::string& found) -> std::string {
+          bystander().installIn(PackStore(root(folder)));
+          if (!leftoversIn(root(folder)).isEmpty()) return "leftovers stay";
+          const std::string now = stateOf(root(folder));
+          return now == withOther(found) ? "" : "shows '" + now + "' after another install";
+        },
+        .withoutExchange = withoutExchange};
+  };
+  return {scenario("install", "", "1"),
+          scenario("update", "1", "2"),
+          scenario("reinstall", "1", "1b"),
+          scenario("uninstall", "1", ""),
+          scenario("update without exchange", "1", "2", true),
+          scenario("reinstall without exchange", "1", "1b", true)};
 }
 
 }  // namespace orvex
