@@ -62,7 +62,7 @@ TEST_F(LibraryModelTest, RowsStayAndGetOtherItems) {
                            {u"ab", Any, u"ab", 0},
                            {u"", Any, u"a b c ab", 0},
                            {u"", Title, u"a b c", -1},
-                           {u"a", Title, u"a b c", -1},
+                           {u"a", Title, u"a b", -1},
                            {u"b", Transition, u"ab", 0},
                            {u"x", Transition, u"", -1},
                            {u"", Any, u"a b c ab", -1}}) {
@@ -100,8 +100,8 @@ TEST_F(LibraryModelTest, RowsStayAndGetOtherItems) {
 }
 
 TEST(AudioUnitModelTest, CodesReadAsFourCharactersWhereTheyAre) {
-  EXPECT_EQ(AudioUnitModel::codeText(u"1635083896"_s), u"1635083896 · aufx"_s);
-  EXPECT_EQ(AudioUnitModel::codeText(u"4294901760"_s), u"4294901760 · 0xffff0000"_s);
+  EXPECT_EQ(AudioUnitModel::codeTexts(u"1635083896-4294901760"_s),
+            (QStringList{u"1635083896 · aufx"_s, u"4294901760 · 0xffff0000"_s}));
 }
 
 }  // namespace

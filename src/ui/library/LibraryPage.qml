@@ -10,8 +10,9 @@ OrvexScrollPage {
 
     required property LibraryModel items
     required property engineSummary summary
-    /// Null where the inventory is not of a folder.
-    property FolderRegistry folder: null
+    /// The FolderRegistry; null where the inventory is not of a folder. The linter cannot follow the
+    /// registries to what they have in common.
+    property var folder: null
     property bool scanning: page.folder !== null && page.folder.scanning
     property alias cards: grid.delegate
     /// Stands beside the search field.
@@ -35,7 +36,7 @@ OrvexScrollPage {
     readonly property real cardWidth: grid.cardWidth
     readonly property real cardHeight: grid.cardHeight
     readonly property int currentIndex: grid.currentIndex
-    readonly property bool hasRoot: page.folder !== null && page.folder.rootURL.toString().length > 0
+    readonly property bool hasRoot: page.folder !== null && String(page.folder.rootURL).length > 0
     // A first scan says nothing of the folder until it has ended.
     property bool settled: !page.scanning
     readonly property string situation: {
@@ -67,17 +68,15 @@ OrvexScrollPage {
         page.settled = true
     // What is typed anywhere on the page is searched for.
     Keys.onPressed: event => {
-        if (event.text.trim().length > 0 && event.text >= " " && !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier))) {
-            field.forceActiveFocus(Qt.ShortcutFocusReason);
-            field.insert(field.cursorPosition, event.text);
-            event.accepted = true;
-        } else {
-            event.accepted = page.scrollFor(event.key);
-        }
+        if (event.text.trim().length === 0 || event.text < " " || event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier))
+            return;
+        field.forceActiveFocus(Qt.ShortcutFocusReason);
+        field.insert(field.cursorPosition, event.text);
+        event.accepted = true;
     }
 
     Shortcut {
-        sequences: [StandardKey.Find]
+        sequence: "Ctrl+F"
 
         onActivated: {
             field.forceActiveFocus(Qt.ShortcutFocusReason);
@@ -87,7 +86,7 @@ OrvexScrollPage {
 
     Shortcut {
         enabled: page.scanning === false
-        sequences: [StandardKey.Refresh]
+        sequence: "F5"
 
         onActivated: page.refresh()
     }
@@ -163,7 +162,7 @@ OrvexScrollPage {
     }
 
     LibraryStatus {
-        chooseTitle: page.chooseTitle
+        chooseTitle: page.situation === "access" ? "" : page.chooseTitle
         found: page.items.count
         refreshTitle: page.refreshTitle
         refreshable: page.folder === null || page.hasRoot
@@ -174,6 +173,7 @@ OrvexScrollPage {
         skippedFolders: page.folder !== null ? page.folder.skippedFolders : 0
         summary: page.summary
         unit: page.unit
+        wide: page.width >= 600
 
         onChoose: page.folder.chooseFolder()
         onRefresh: page.refresh()
