@@ -68,7 +68,13 @@ std::unique_ptr<PanelViewHost::HostedView> QuickPanelView::hostRootView(
                      {QStringLiteral("luts"), QVariant::fromValue(&objects.luts)},
                      {QStringLiteral("fxplug"), QVariant::fromValue(&objects.fxplug)},
                      {QStringLiteral("hostAdapter"), QVariant::fromValue(&objects.hostAdapter)},
-                     {QStringLiteral("desktop"), QVariant::fromValue(&objects.desktop)}});
+                     {QStringLiteral("desktop"), QVariant::fromValue(&objects.desktop)},
+                     {QStringLiteral("pageWanted"), false}});
+  // The frame around the page is on screen sooner when the page is made behind it.
+  QObject::connect(
+      &window_, &QQuickWindow::frameSwapped, root.get(),
+      [root = root.get()] { root->setProperty("pageWanted", true); },
+      static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
   return std::make_unique<HostedRootView>(std::move(root), window_.panelArea());
 }
 

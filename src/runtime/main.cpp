@@ -2,6 +2,7 @@
 #include "runtime/PanelRuntime.h"
 #include "shell/OrvexConfig.h"
 
+#include <QFont>
 #include <QGuiApplication>
 #include <QQmlExtensionPlugin>
 #include <QQuickStyle>
@@ -49,6 +50,8 @@ int main(int argc, char** argv) {
   QGuiApplication::setDesktopFileName(QStringLiteral("com.vantrelo.orvex.finalcut"));
   QQuickStyle::setStyle(QStringLiteral("Basic"));
   QGuiApplication application(argc, argv);
+  // The theme's own, so that texts which are laid out before it is bound to them load no other.
+  QGuiApplication::setFont(QFont(QStringLiteral("Inter")));
 
   orvex::PanelRuntime panel(*options);
   if (options->screenshot.isEmpty()) {

@@ -1,5 +1,6 @@
 #include "ui/DiscProfile.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace orvex {
@@ -45,22 +46,14 @@ double blurredDisc(double r, double radius, double deviation) {
 
 }  // namespace
 
-DiscProfile::DiscProfile(double radius, double deviation) : reach_(radius + 3 * deviation) {
-  const auto steps = static_cast<double>(table_.size() - 2);
+DiscProfile::DiscProfile(double radius, double deviation)
+    : reach_(radius + 3 * deviation), stepsPerUnit_(static_cast<float>(kSteps / reach_)) {
   const double last = blurredDisc(reach_, radius, deviation);
   for (std::size_t i = 0; i < table_.size(); ++i) {
-    const double r = reach_ * static_cast<double>(i) / steps;
+    const double r = reach_ * static_cast<double>(i) / kSteps;
     // What is left at the reach is taken off everywhere, so that the picture has no edge.
     table_[i] = static_cast<float>(std::max(0.0, blurredDisc(r, radius, deviation) - last));
   }
-}
-
-float DiscProfile::at(float distance) const noexcept {
-  const float place = distance / static_cast<float>(reach_) * static_cast<float>(table_.size() - 2);
-  if (!(place < static_cast<float>(table_.size() - 2))) return 0;
-  const auto index = static_cast<std::size_t>(place);
-  const float part = place - static_cast<float>(index);
-  return table_[index] + (table_[index + 1] - table_[index]) * part;
 }
 
 }  // namespace orvex

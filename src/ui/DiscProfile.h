@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 
 namespace orvex {
 
@@ -13,12 +14,21 @@ class DiscProfile {
 
   /// From here on the profile is 0.
   [[nodiscard]] double reach() const noexcept { return reach_; }
-  [[nodiscard]] float at(float distance) const noexcept;
+  [[nodiscard]] float at(float distance) const noexcept {
+    const float place = distance * stepsPerUnit_;
+    if (!(place < static_cast<float>(kSteps))) return 0;
+    const auto index = static_cast<std::size_t>(place);
+    const float part = place - static_cast<float>(index);
+    return table_[index] + (table_[index + 1] - table_[index]) * part;
+  }
 
  private:
+  static constexpr int kSteps = 256;
+
   double reach_;
+  float stepsPerUnit_;
   // Even steps from the centre to the reach, and one more so that the last step has an end.
-  std::array<float, 258> table_;
+  std::array<float, kSteps + 2> table_;
 };
 
 }  // namespace orvex

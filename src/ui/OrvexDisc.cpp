@@ -5,7 +5,11 @@
 #include "ui/SharedTexture.h"
 
 #include <QPromise>
+#include <QQuickWindow>
 #include <QThreadPool>
+
+#include <cmath>
+#include <vector>
 
 namespace orvex {
 
@@ -14,18 +18,30 @@ QImage OrvexDisc::Recipe::render() const {
   const int side = static_cast<int>(std::ceil(2 * profile.reach() * scale));
   const auto centre = static_cast<float>(side - 1) / 2;
   const auto pointsPerPixel = static_cast<float>(1 / scale);
+  const float red = color.redF(), green = color.greenF(), blue = color.blueF();
+  const float opacity = color.alphaF();
   QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
-  for (int y = 0; y < side; ++y) {
+  image.fill(Qt::transparent);
+  std::vector<float> alphas(static_cast<std::size_t>(side));
+  const auto paintLine = [&](int y) {
     auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
-    const float dy = static_cast<float>(y) - centre;
     for (int x = 0; x < side; ++x) {
-      const float dx = static_cast<float>(x) - centre;
-      const float alpha =
-          profile.at(std::sqrt(dx * dx + dy * dy) * pointsPerPixel) * color.alphaF();
-      const float threshold = alpha > 0 ? ditherThreshold(x, y) : 0;
-      line[x] = ditheredPixel(color.redF() * alpha, color.greenF() * alpha, color.blueF() * alpha,
-                              alpha, threshold);
+      const float alpha = alphas[static_cast<std::size_t>(x)];
+      if (alpha <= 0) continue;
+      line[x] =
+          ditheredPixel(red * alpha, green * alpha, blue * alpha, alpha, ditherThreshold(x, y));
     }
+  };
+  // Only the grain differs between the quarters.
+  for (int y = 0; y <= side - 1 - y; ++y) {
+    const float dy = static_cast<float>(y) - centre;
+    for (int x = 0; x <= side - 1 - x; ++x) {
+      const float dx = static_cast<float>(x) - centre;
+      const float alpha = profile.at(std::sqrt(dx * dx + dy * dy) * pointsPerPixel) * opacity;
+      alphas[static_cast<std::size_t>(x)] = alphas[static_cast<std::size_t>(side - 1 - x)] = alpha;
+    }
+    paintLine(y);
+    if (y != side - 1 - y) paintLine(side - 1 - y);
   }
   return image;
 }
@@ -42,6 +58,18 @@ void OrvexDisc::componentComplete() {
 }
 
 void OrvexDisc::itemChange(ItemChange change, const ItemChangeData& value) {
+  if (change == ItemSceneChange && value.window != nullptr) {
+    // The picture waits for the window's next frame: until then whatever else there is to show has
+    // the processor.
+    frameShown_ = false;
+    connect(
+        value.window, &QQuickWindow::frameSwapped, this,
+        [this] {
+          frameShown_ = true;
+          paint();
+        },
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+  }
   if (change == ItemDevicePixelRatioHasChanged || change == ItemSceneChange) restyle();
   QQuickItem::itemChange(change, value);
 }
@@ -59,7 +87,7 @@ void OrvexDisc::restyle() {
 
 // While a picture is being painted, newer wishes wait, and only the last of them counts.
 void OrvexDisc::paint() {
-  if (worker_.isRunning() || wanted_ == rendered_) return;
+  if (!frameShown_ || worker_.isRunning() || wanted_ == rendered_) return;
   if (wanted_.radius <= 0 || wanted_.deviation <= 0 || wanted_.scale <= 0) return;
   painting_ = wanted_;
   QPromise<QImage> promise;

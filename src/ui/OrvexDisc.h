@@ -8,7 +8,7 @@
 namespace orvex {
 
 /// A blurred disc, its blur included in the item's implicit size. It is painted once per size, on a
-/// worker thread, and is then as cheap to move as any picture.
+/// worker thread and after the window's next frame, and is then as cheap to move as any picture.
 class OrvexDisc : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT
@@ -59,6 +59,7 @@ class OrvexDisc : public QQuickItem {
   QFutureWatcher<QImage> worker_;
   QImage image_;
   bool imageChanged_ = false;
+  bool frameShown_ = false;
 };
 
 }  // namespace orvex

@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Window
 import Orvex
 import Orvex.Pages
 
@@ -34,22 +35,52 @@ FocusScope {
         }
     }
 
-    BuiltInHostControls {
-        x: 12
-        y: 8
-        width: parent.width - 2 * x
-        height: 30
-        host: strip.host
-        onPlayToggled: strip.togglePlaying()
+    // The panel comes first: the strip is filled behind the window's first frame.
+    Connections {
+        target: strip.Window.window
+        enabled: !content.active
+        function onFrameSwapped(): void {
+            content.active = true;
+        }
     }
 
-    BuiltInHostTimeline {
-        objectName: "timeline"
-        x: 12
-        y: 44
-        width: parent.width - 2 * x
-        height: parent.height - y - 10
+    Loader {
+        id: content
+
+        active: false
+        anchors.fill: parent
         focus: true
-        host: strip.host
+        sourceComponent: filling
     }
+
+    // The toolkit's Loader cannot make bound components, so this one is not, and the linter does not
+    // know the identifiers in it.
+    // qmllint disable unqualified
+    Component {
+        id: filling
+
+        FocusScope {
+            focus: true
+
+            BuiltInHostControls {
+                x: 12
+                y: 8
+                width: parent.width - 2 * x
+                height: 30
+                host: strip.host
+                onPlayToggled: strip.togglePlaying()
+            }
+
+            BuiltInHostTimeline {
+                objectName: "timeline"
+                x: 12
+                y: 44
+                width: parent.width - 2 * x
+                height: parent.height - y - 10
+                focus: true
+                host: strip.host
+            }
+        }
+    }
+    // qmllint enable unqualified
 }

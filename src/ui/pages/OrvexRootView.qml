@@ -15,6 +15,9 @@ Item {
     required property FinalCutHostAdapter hostAdapter
     required property OrvexDesktop desktop
 
+    // Whether the page is made; who shows the view can hold it back until the frame around it is seen.
+    property bool pageWanted: true
+
     readonly property bool compact: panel.width < OrvexPanelMetrics.wideWidth
     // The page that the compact strip is centred on: the active one, until the strip's arrows move it
     // and from the next change of the active page on again.
@@ -70,7 +73,7 @@ Item {
             y: root.compact ? OrvexPanelMetrics.compactHeaderHeight : OrvexPanelMetrics.topbarHeight + 1
             width: panel.width - x
             height: panel.height - y
-            active: frame.active
+            active: frame.active && root.pageWanted
             contentTopPadding: root.compact ? OrvexPanelMetrics.compactContentTopPadding : 0
             state: root.state
             motion: root.motion
