@@ -26,13 +26,13 @@ OrvexPressable {
     contentItem: Item {
         implicitHeight: Math.max(symbol.visible ? symbol.implicitHeight : 0, label.implicitHeight)
         // Not the row's, which follows the room that there is.
-        implicitWidth: label.implicitWidth + row.spacing + (symbol.visible ? symbol.implicitWidth : 0)
+        implicitWidth: (symbol.visible ? symbol.implicitWidth + row.spacing : 0) + Math.ceil(label.implicitWidth)
 
         Row {
             id: row
 
             anchors.centerIn: parent
-            spacing: label.visible && symbol.visible ? 6 : 0
+            spacing: button.title.length > 0 && button.icon.length > 0 ? 6 : 0
 
             OrvexSymbol {
                 id: symbol

@@ -25,7 +25,8 @@ class TestCloud {
 
   /// Publishes a release, its manifest completed or changed by `fields`.
   void release(const QString& version, const QJsonObject& fields = {});
-  /// Publishes a pack of one shared file in place of the one with the same identifier.
+  /// A pack of one shared file, in place of the one with the same identifier from the next
+  /// `publishCatalog` on.
   void pack(const QString& id, const QString& name, const QString& version,
             const QByteArray& contents = "lut");
   void publishCatalog();
