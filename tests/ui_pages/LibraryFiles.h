@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shell/OrvexState.h"
+
 #include <QCoreApplication>
 #include <QDropEvent>
 #include <QFile>
@@ -28,6 +30,20 @@ class LibraryFiles : public QObject {
     QFile file(made(below));
     std::ignore = file.open(QIODevice::WriteOnly);
     return QUrl::fromLocalFile(file.fileName());
+  }
+  /// One of the corpus of odd LUT files.
+  Q_INVOKABLE QUrl cube(const QString& below, const QString& odd) const {
+    const QString path = made(below);
+    QFile::copy(QStringLiteral(ODD_CUBES "/") + odd, path);
+    return QUrl::fromLocalFile(path);
+  }
+  /// Makes `state` list a pack of these files, which lie in the folder `below`.
+  Q_INVOKABLE void install(orvex::OrvexState* state, const QString& below, const QString& name,
+                           const QStringList& files) const {
+    auto packs = state->installedPacks();
+    packs.append(
+        {below, name, QStringLiteral("1.0"), QUrl::fromLocalFile(folder_.filePath(below)), files});
+    state->setInstalledPacks(packs);
   }
   Q_INVOKABLE void picture(const QString& below, int width, int height) const {
     QImage picture(width, height, QImage::Format_Mono);
