@@ -17,6 +17,13 @@ void OrvexAdaptiveGrid::setMinimumWidth(double width) {
   Q_EMIT minimumWidthChanged();
 }
 
+void OrvexAdaptiveGrid::setMaximumColumns(int columns) {
+  if (maximumColumns_ == columns) return;
+  maximumColumns_ = columns;
+  polish();
+  Q_EMIT maximumColumnsChanged();
+}
+
 void OrvexAdaptiveGrid::setSpacing(double spacing) {
   if (spacing_ == spacing) return;
   spacing_ = spacing;
@@ -57,8 +64,9 @@ QList<QQuickItem*> OrvexAdaptiveGrid::cells() const {
 
 void OrvexAdaptiveGrid::updatePolish() {
   if (!isComponentComplete() || width() <= 0) return;
-  const int columns =
-      std::max(1, static_cast<int>(std::floor((width() + spacing_) / (minimumWidth_ + spacing_))));
+  const int fitting =
+      static_cast<int>(std::floor((width() + spacing_) / (minimumWidth_ + spacing_)));
+  const int columns = std::max(1, std::min(fitting, maximumColumns_));
   // Edges are whole points, so that outlines and texts stay sharp.
   const double pitch = (width() + spacing_) / columns;
   const auto left = [&](qsizetype column) {

@@ -2,10 +2,12 @@
 
 #include <QQuickItem>
 
+#include <limits>
+
 namespace orvex {
 
-/// As many equal columns as fit, filled row by row. Each row is as high as its tallest cell.
-/// Children that are hidden or have no implicit size take no cell.
+/// As many equal columns as fit, or fewer where fewer are wanted, filled row by row. Each row is as
+/// high as its tallest cell. Children that are hidden or have no implicit size take no cell.
 class OrvexAdaptiveGrid : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT
@@ -13,6 +15,8 @@ class OrvexAdaptiveGrid : public QQuickItem {
   /// Of a column, in points.
   Q_PROPERTY(
       double minimumWidth READ minimumWidth WRITE setMinimumWidth NOTIFY minimumWidthChanged FINAL)
+  Q_PROPERTY(int maximumColumns READ maximumColumns WRITE setMaximumColumns NOTIFY
+                 maximumColumnsChanged FINAL)
   /// Between columns and between rows, in points.
   Q_PROPERTY(double spacing READ spacing WRITE setSpacing NOTIFY spacingChanged FINAL)
   Q_PROPERTY(int columns READ columns NOTIFY columnsChanged FINAL)
@@ -22,6 +26,8 @@ class OrvexAdaptiveGrid : public QQuickItem {
 
   [[nodiscard]] double minimumWidth() const noexcept { return minimumWidth_; }
   void setMinimumWidth(double width);
+  [[nodiscard]] int maximumColumns() const noexcept { return maximumColumns_; }
+  void setMaximumColumns(int columns);
   [[nodiscard]] double spacing() const noexcept { return spacing_; }
   void setSpacing(double spacing);
   /// At least 1.
@@ -29,6 +35,7 @@ class OrvexAdaptiveGrid : public QQuickItem {
 
  Q_SIGNALS:
   void minimumWidthChanged();
+  void maximumColumnsChanged();
   void spacingChanged();
   void columnsChanged();
 
@@ -42,6 +49,7 @@ class OrvexAdaptiveGrid : public QQuickItem {
   [[nodiscard]] QList<QQuickItem*> cells() const;
 
   double minimumWidth_ = 160;
+  int maximumColumns_ = std::numeric_limits<int>::max();
   double spacing_ = 10;
   int columns_ = 1;
 };

@@ -25,13 +25,13 @@ OrvexPressable {
     }
     contentItem: Item {
         implicitHeight: Math.max(symbol.visible ? symbol.implicitHeight : 0, label.implicitHeight)
-        implicitWidth: row.implicitWidth
+        implicitWidth: (symbol.visible ? symbol.implicitWidth : 0) + row.spacing + Math.ceil(label.implicitWidth)
 
         Row {
             id: row
 
             anchors.centerIn: parent
-            spacing: label.visible && symbol.visible ? 6 : 0
+            spacing: button.title.length > 0 && button.icon.length > 0 ? 6 : 0
 
             OrvexSymbol {
                 id: symbol

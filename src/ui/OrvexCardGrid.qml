@@ -26,7 +26,6 @@ FocusScope {
         const target = currentIndex + step;
         if (target < 0 || target >= count)
             return false;
-        currentIndex = target;
         const top = grid.y + page.padding + Math.floor(target / columns) * pitch;
         if (top < page.contentY)
             page.scrollTo(top - spacing);

@@ -40,7 +40,7 @@ Item {
 
         interval: 33
         repeat: true
-        running: bar.visible && !bar.known && bar.OrvexMotion.animated
+        running: bar.visible && bar.opacity > 0 && !bar.known && bar.OrvexMotion.animated
 
         onTriggered: {
             time += 0.033;

@@ -86,6 +86,7 @@ class Packs : public testing::Test {
   Packs() {
     cloud.pack(u"a"_s, u"Gece"_s, u"1.0"_s, QByteArray(100'000, 'a'));
     cloud.pack(u"b"_s, u"Sinema"_s, u"1.0"_s);
+    cloud.publishCatalog();
     refresh(true);
     a = operations->packs().at(0);
     b = operations->packs().at(1);

@@ -49,7 +49,6 @@ void TestCloud::pack(const QString& id, const QString& name, const QString& vers
                   {QStringLiteral("rollback"), QJsonObject()}};
   contents_[id] = contents;
   server.answer(path, 200, contents);
-  publishCatalog();
 }
 
 void TestCloud::publishCatalog() {

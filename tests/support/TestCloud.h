@@ -23,9 +23,13 @@ class TestCloud {
   [[nodiscard]] OrvexServices services() const;
   [[nodiscard]] UniversalPackClient packs() const { return services().packs; }
 
+  /// The folder of the store.
+  [[nodiscard]] QString store() const { return store_.path(); }
+
   /// Publishes a release, its manifest completed or changed by `fields`.
   void release(const QString& version, const QJsonObject& fields = {});
-  /// Publishes a pack of one shared file in place of the one with the same identifier.
+  /// A pack of one shared file, in place of the one with the same identifier from the next
+  /// `publishCatalog` on.
   void pack(const QString& id, const QString& name, const QString& version,
             const QByteArray& contents = "lut");
   void publishCatalog();

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "shell/OrvexState.h"
-
 #include <QCoreApplication>
 #include <QDropEvent>
 #include <QFile>
@@ -36,14 +34,6 @@ class LibraryFiles : public QObject {
     const QString path = made(below);
     QFile::copy(QStringLiteral(ODD_CUBES "/") + odd, path);
     return QUrl::fromLocalFile(path);
-  }
-  /// Makes `state` list a pack of these files, which lie in the folder `below`.
-  Q_INVOKABLE void install(orvex::OrvexState* state, const QString& below, const QString& name,
-                           const QStringList& files) const {
-    auto packs = state->installedPacks();
-    packs.append(
-        {below, name, QStringLiteral("1.0"), QUrl::fromLocalFile(folder_.filePath(below)), files});
-    state->setInstalledPacks(packs);
   }
   Q_INVOKABLE void picture(const QString& below, int width, int height) const {
     QImage picture(width, height, QImage::Format_Mono);

@@ -16,10 +16,13 @@
 #include "shell/OrvexDesktop.h"
 #include "shell/OrvexState.h"
 #include "support/NoSystem.h"
+#include "support/TestCloud.h"
 #include "ui/color/ColorServices.h"
 
+#include <QAbstractItemModelTester>
 #include <QDir>
 #include <QFile>
+#include <QJsonDocument>
 #include <QMetaProperty>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -83,6 +86,22 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
   [[nodiscard]] ColorServices* colorServices() { return &colorServices_; }
   [[nodiscard]] BuiltInHost* host() { return runtime_.host_.get(); }
 
+  /// Puts a pack with these files into the store; the values name files of the corpus of odd LUTs.
+  Q_INVOKABLE void installLUTs(const QString& name, const QVariantMap& files) const {
+    const QDir folder(cloud_.store() + u'/' + name + QStringLiteral("/1.0"));
+    folder.mkpath(QStringLiteral("."));
+    for (const auto& [file, odd] : files.asKeyValueRange())
+      QFile::copy(QStringLiteral(ODD_CUBES "/") + odd.toString(), folder.filePath(file));
+    QFile record(folder.filePath(QStringLiteral("installed.json")));
+    std::ignore = record.open(QIODevice::WriteOnly);
+    record.write(QJsonDocument(QJsonObject{{QStringLiteral("id"), name},
+                                           {QStringLiteral("name"), name},
+                                           {QStringLiteral("version"), QStringLiteral("1.0")},
+                                           {QStringLiteral("installedAt"), 0},
+                                           {QStringLiteral("files"),
+                                            QJsonArray::fromStringList(files.keys())}})
+                     .toJson());
+  }
   /// Answers the request that the LUT bridge left, as the helper would. False while there is none.
   Q_INVOKABLE bool answerLUTRequest(bool ok, const QString& message) {
     const QString folder = QFile::decodeName(ManagedLibrary::userPath()) + u"/Bridge Requests";
@@ -108,6 +127,46 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
   }
   /// From the next refresh on, the system has one audio effect.
   Q_INVOKABLE void installEffect() { effects_->installed = true; }
+  /// What the vendor's services answer; until told, nothing.
+  Q_INVOKABLE void publishRelease(const QString& version, const QVariantMap& fields) {
+    cloud_.release(version, QJsonObject::fromVariantMap(fields));
+  }
+  Q_INVOKABLE void publishPack(const QString& id, const QString& name, const QString& version,
+                               int bytes) {
+    cloud_.pack(id, name, version, QByteArray(bytes, 'x'));
+    cloud_.publishCatalog();
+  }
+  Q_INVOKABLE void publishPacks(int count) {
+    for (int i = 0; i < count; ++i)
+      cloud_.pack(QString::number(i), QStringLiteral("Pack %1").arg(i), QStringLiteral("1"));
+    cloud_.publishCatalog();
+  }
+  Q_INVOKABLE void publishCatalog() { cloud_.publishCatalog(); }
+  Q_INVOKABLE void watchModel(QAbstractItemModel* model) {
+    new QAbstractItemModelTester(model, QAbstractItemModelTester::FailureReportingMode::Warning,
+                                 model);
+  }
+  /// Installed as if by another panel.
+  Q_INVOKABLE void installElsewhere(const QString& id) {
+    for (const UniversalPack& pack : cloud_.packs().finalCutPacks())
+      if (pack.id == id) cloud_.packs().install(pack);
+  }
+  Q_INVOKABLE void holdPack(const QString& id) { cloud_.hold(id); }
+  Q_INVOKABLE void resumePack() { cloud_.resume(); }
+  Q_INVOKABLE void answerRequests(int status, const QString& body) {
+    cloud_.server.answer(TestCloud::kRequests, status, body.toUtf8());
+  }
+  /// The body of the last request that was sent, as text.
+  Q_INVOKABLE QString lastRequest() const {
+    return QString::fromUtf8(cloud_.server.requests().constLast().body);
+  }
+  Q_INVOKABLE void cutNetwork() { cloud_.server.die(); }
+  /// How often the services were asked for `path`.
+  Q_INVOKABLE int asked(const QString& path) const {
+    const auto requests = cloud_.server.requests();
+    return static_cast<int>(std::ranges::count_if(
+        requests, [&](const auto& request) { return request.target.startsWith(path.toUtf8()); }));
+  }
   Q_INVOKABLE void toast(const QString& message, int kind, double duration) {
     state_->showToast(message, static_cast<OrvexToast::Kind>(kind), duration);
   }
@@ -158,7 +217,8 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
     if (text.startsWith(prefix)) refreshes_.append(text.mid(prefix.size()).section(u' ', 0, 0));
   }
 
-  std::shared_ptr<OrvexState> state_ = std::make_shared<OrvexState>();
+  TestCloud cloud_;
+  std::shared_ptr<OrvexState> state_ = std::make_shared<OrvexState>(cloud_.services());
   NoFolders folders_;
   MotionTemplateRegistry motion_{folders_.bookmarks()};
   std::shared_ptr<Effects> effects_ = std::make_shared<Effects>();

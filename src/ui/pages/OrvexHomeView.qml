@@ -64,7 +64,9 @@ OrvexScrollPage {
     }
 
     OrvexAdaptiveGrid {
-        minimumWidth: 230
+        // All in one row, or two in each, or one.
+        maximumColumns: page.width >= 800 ? 4 : 2
+        minimumWidth: page.width >= 800 ? 180 : 250
         spacing: OrvexTheme.gridSpacing
 
         FolderEngineCard {
@@ -92,6 +94,7 @@ OrvexScrollPage {
     }
 
     OrvexAdaptiveGrid {
+        maximumColumns: 2
         minimumWidth: 230
         spacing: OrvexTheme.gridSpacing
 

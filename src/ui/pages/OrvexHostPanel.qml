@@ -46,7 +46,8 @@ OrvexPanel {
         OrvexAdaptiveGrid {
             Layout.fillWidth: true
             Layout.topMargin: 14
-            minimumWidth: 145
+            maximumColumns: 3
+            minimumWidth: 120
             spacing: OrvexTheme.gridSpacing
 
             OrvexMetric {

@@ -160,12 +160,12 @@ FocusScope {
 
                 OrvexProgressBar {
                     objectName: "progress"
+                    Accessible.ignored: !card.busy
                     Layout.fillWidth: true
                     Layout.topMargin: 9
                     done: card.installing ? card.progressDone : 0
                     opacity: card.busy ? 1 : 0
                     total: card.installing && !card.cancelling ? card.progressTotal : 0
-                    visible: card.busy || !card.upToDate
                 }
 
                 RowLayout {
@@ -177,7 +177,7 @@ FocusScope {
                         id: install
 
                         enabled: !card.busy
-                        focusPolicy: card.current ? Qt.StrongFocus : Qt.ClickFocus
+                        focusPolicy: card.current || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
                         icon: card.busy ? "" : "icloud.and.arrow.down"
                         title: card.busy ? "İşleniyor…" : card.needsUpdate ? "Güncelle" : "Yükle"
                         visible: card.busy || card.listed && (!card.installed || card.needsUpdate)
@@ -211,7 +211,7 @@ FocusScope {
                         id: cancel
 
                         enabled: !card.cancelling
-                        focusPolicy: card.current ? Qt.StrongFocus : Qt.ClickFocus
+                        focusPolicy: card.current || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
                         ink: OrvexTheme.warning
                         name: card.name + " kurulumunu iptal et"
                         title: "İptal"
@@ -223,7 +223,7 @@ FocusScope {
                     OrvexButton {
                         id: uninstall
 
-                        focusPolicy: card.current ? Qt.StrongFocus : Qt.ClickFocus
+                        focusPolicy: card.current || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
                         icon: "trash"
                         ink: OrvexTheme.danger
                         title: "Kaldır"

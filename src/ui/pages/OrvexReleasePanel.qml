@@ -63,11 +63,9 @@ OrvexPanel {
         Flow {
             Layout.fillWidth: true
             spacing: 8
-            visible: panel.newer && (download.visible || notes.visible)
+            visible: panel.newer && (panel.state.release.hasDownload || panel.state.release.hasNotes)
 
             OrvexButton {
-                id: download
-
                 icon: "icloud.and.arrow.down"
                 title: "Tarayıcıda indir"
                 visible: panel.state.release.hasDownload
@@ -76,8 +74,6 @@ OrvexPanel {
             }
 
             OrvexButton {
-                id: notes
-
                 icon: "info.circle.fill"
                 title: "Sürüm notları"
                 visible: panel.state.release.hasNotes

@@ -34,7 +34,8 @@ OrvexScrollPage {
     }
 
     OrvexAdaptiveGrid {
-        minimumWidth: 145
+        maximumColumns: 3
+        minimumWidth: 96
         spacing: OrvexTheme.gridSpacing
 
         OrvexMetric {

@@ -1,0 +1,65 @@
+import QtQuick
+import QtTest
+import Orvex
+import Orvex.Pages
+
+PanelCase {
+    name: "Home"
+
+    function test_the_host_in_words_data() {
+        const waiting = ["HOST BEKLENİYOR", "Workflow Extension", "Timeline açıldığında canlı range bilgisi görünür."];
+        const ready = ["FINAL CUT PRO BAĞLANTISI HAZIR", "Final Cut Pro 11"];
+        const connected = { connected: true, hostVersion: "11" };
+        const sequence = { sequenceAvailable: true, sequenceName: "Kurgu 1", sequenceStartSeconds: 1, sequenceDurationSeconds: 60, playheadSeconds: 2.5, fps: 23.976 };
+        return [
+            { tag: "no host", fields: { fps: 25 }, shown: waiting, metrics: ["NO SEQUENCE", "25.00"] },
+            { tag: "no sequence", fields: connected, shown: ready.concat(waiting[2]), metrics: ["NO SEQUENCE", "0.00"] },
+            { tag: "no rate", fields: { connected: true, hostVersion: "11", fps: NaN }, shown: ready, metrics: ["NO SEQUENCE", "—"] },
+            { tag: "sequence", fields: Object.assign(sequence, connected), shown: ready.concat("Range 00:00:01.000 – 00:01:01.000 • Playhead 00:00:02.500"), metrics: ["Kurgu 1", "23.98"] }
+        ];
+    }
+    function test_the_host_in_words(data) {
+        objects.report(data.fields);
+        open(1040, 780);
+        for (const text of data.shown)
+            verify(showing(page(), text) !== null, text);
+        compare(String(showing(page(), data.shown[0]).color), String(data.fields.connected ? OrvexTheme.success : OrvexTheme.warning));
+        compare(["Sequence", "FPS", "Orvex"].map(label => metric(label).value), data.metrics.concat(objects.state.panelVersion));
+    }
+
+    function test_each_visit_checks_quietly_and_refreshes_aloud() {
+        objects.publishRelease("99.0", {});
+        objects.publishPack("a", "Gece", "1.0", 10);
+        make(1040, 780);
+        compare(objects.asked("/downloads"), 0, "nothing before the page was seen");
+        waitForRendering(panel);
+        for (let visit = 1; visit <= 2; ++visit) {
+            tryVerify(() => objects.state.hasToast);
+            compare(objects.state.toast.message, "1 Universal Pack bulundu.");
+            tryVerify(() => objects.state.release.updateAvailable && !objects.state.release.checking);
+            compare([objects.asked("/downloads/finalcut"), objects.asked("/downloads/orvex")], [visit, visit]);
+            objects.toast("", OrvexToast.Info, 0);
+            tryVerify(() => !objects.state.hasToast);
+            objects.state.activePage = OrvexPages.byId("timeline");
+            waitForRendering(panel);
+            objects.state.activePage = OrvexPages.byId("home");
+            waitForRendering(panel);
+        }
+    }
+
+    function test_tools_and_engines() {
+        objects.connectHost();
+        open(1040, 780);
+        mouseClick(titled(page(), "Final Cut bağlantısını yenile"));
+        compare(objects.refreshes, ["connect", "home"]);
+        objects.publishRelease("0.0.1", {});
+        const check = titled(page(), "Kontrol ediliyor");
+        verify(check !== null, "the quiet check still runs");
+        const cards = allItems(page(), item => item.healthWord !== undefined);
+        compare(cards.map(card => card.summary.title), ["Motion Templates", "Audio Units", "LUT Library", "FxPlug Registry"]);
+        compare(cards.map(card => card.actionTitle), ["Motion Templates klasörünü seç", "Audio Units yenile", "LUT klasörünü seç", "FxPlug klasörünü seç"]);
+        const before = objects.audio.lastRefresh;
+        mouseClick(titled(cards[1], "Audio Units yenile"));
+        tryVerify(() => objects.audio.lastRefresh > before);
+    }
+}

@@ -1,0 +1,94 @@
+import QtQuick
+import QtTest
+import Orvex
+import Orvex.Pages
+
+PanelCase {
+    name: "Request"
+
+    function write(title, detail) {
+        named(page(), "title").text = title;
+        named(page(), "detail").text = detail;
+    }
+
+    function written() {
+        return [named(page(), "title").text, named(page(), "detail").text];
+    }
+
+    function sendButton() {
+        return titled(page(), objects.state.requestSending ? "Gönderiliyor" : "Talebi gönder");
+    }
+
+    // Waits for the end of the sending and returns the toast.
+    function outcome() {
+        tryVerify(() => !objects.state.requestSending);
+        return objects.state.toast.message;
+    }
+
+    function test_what_can_be_sent() {
+        open(1040, 780, "request");
+        for (const [title, detail, sendable] of [["", "", false], [" \n", "a", false], ["a", "\t ", false], ["a", "b", true]]) {
+            write(title, detail);
+            compare(sendButton().enabled, sendable);
+            keySequence("Ctrl+Return");
+            compare(objects.state.requestSending, sendable);
+        }
+        compare(sendButton().title, "Gönderiliyor");
+        verify(!sendButton().enabled);
+    }
+
+    function test_sends_what_it_shows_and_starts_over() {
+        objects.report({ connected: true, hostVersion: "11", sequenceAvailable: true, sequenceName: "Kurgu 1" });
+        objects.answerRequests(201, '{"ok": true, "requestId": "R-7"}');
+        open(360, 640, "request");
+        named(page(), "title").forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_A);
+        keyClick(Qt.Key_Tab);
+        keyClick(Qt.Key_B);
+        keyClick(Qt.Key_Return);
+        keyClick(Qt.Key_C);
+        compare(written(), ["a", "b\nc"]);
+        keyClick(Qt.Key_Tab);
+        verify(named(page(), "module").activeFocus);
+        keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_Tab);
+        verify(sendButton().activeFocus);
+        keyClick(Qt.Key_Backtab);
+        keyClick(Qt.Key_Backtab);
+        keySequence("Ctrl+Return");
+        compare(outcome(), "Talep gönderildi • R-7");
+        compare(written(), ["", ""]);
+        compare(named(page(), "module").displayText, "Motion");
+        const sent = JSON.parse(objects.lastRequest());
+        compare([sent.title, sent.description, sent.module], ["a", "b\nc", "motion"]);
+        const values = Object.values(sent.diagnostics);
+        compare(values.length, 5);
+        for (const value of values)
+            verify(showing(page(), value) !== null, value);
+    }
+
+    function test_nothing_written_is_lost() {
+        objects.answerRequests(500, "");
+        open(1040, 780, "request");
+        write("Başlık", "Ayrıntı");
+        mouseClick(sendButton());
+        compare(outcome(), "İstek Merkezi • Talep gönderilemedi.");
+        compare(written(), ["Başlık", "Ayrıntı"]);
+
+        objects.state.activePage = OrvexPages.byId("timeline");
+        objects.state.activePage = OrvexPages.byId("request");
+        compare(written(), ["", ""], "a new page starts empty");
+        waitForRendering(panel);
+        mouseClick(titled(page(), "Taslağı geri getir"));
+        compare(written(), ["Başlık", "Ayrıntı"]);
+        verify(!objects.state.request.hasDraft);
+
+        // Left while it is being sent: it arrives all the same.
+        objects.answerRequests(200, '{"ok": true}');
+        mouseClick(sendButton());
+        objects.state.activePage = OrvexPages.byId("timeline");
+        compare(outcome(), "Talep gönderildi • Vantrelo Request");
+        verify(!objects.state.request.hasDraft);
+    }
+}
