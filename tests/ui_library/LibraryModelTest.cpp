@@ -100,8 +100,8 @@ TEST_F(LibraryModelTest, RowsStayAndGetOtherItems) {
 }
 
 TEST(AudioUnitModelTest, CodesReadAsFourCharactersWhereTheyAre) {
-  EXPECT_EQ(AudioUnitModel::codeText(u"1635083896"_s), u"1635083896 · aufx"_s);
-  EXPECT_EQ(AudioUnitModel::codeText(u"4294901760"_s), u"4294901760 · 0xffff0000"_s);
+  EXPECT_EQ(AudioUnitModel::codeTexts(u"1635083896-4294901760"_s),
+            (QStringList{u"1635083896 · aufx"_s, u"4294901760 · 0xffff0000"_s}));
 }
 
 }  // namespace

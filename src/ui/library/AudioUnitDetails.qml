@@ -2,7 +2,6 @@ import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
 import Orvex
-import Orvex.Library
 
 /// All that is known of one audio effect.
 T.Popup {
@@ -12,12 +11,12 @@ T.Popup {
     property string manufacturer
     property string version
     property string typeName
-    property string codes
+    /// Of manufacturer, type and subtype.
+    property var codes: ["", "", ""]
     property bool passesAUVal
     property bool sandboxSafe
 
-    readonly property var codeTexts: details.codes.split("-").map(number => AudioUnitModel.codeText(number))
-    readonly property var rows: [["Üretici", details.manufacturer], ["Sürüm", details.version], ["Tür", details.typeName], ["Üretici kodu", details.codeTexts[0]], ["Tür kodu", details.codeTexts[1]], ["Alt tür kodu", details.codeTexts[2]], ["Doğrulama", details.passesAUVal ? "Geçti" : "Geçmedi"], ["Sandbox", details.sandboxSafe ? "Güvenli" : "Güvenli değil"]]
+    readonly property var rows: [["Üretici", details.manufacturer], ["Sürüm", details.version], ["Tür", details.typeName], ["Üretici kodu", details.codes[0]], ["Tür kodu", details.codes[1]], ["Alt tür kodu", details.codes[2]], ["Doğrulama", details.passesAUVal ? "Geçti" : "Geçmedi"], ["Sandbox", details.sandboxSafe ? "Güvenli" : "Güvenli değil"]]
     readonly property string asText: [details.name].concat(details.rows.map(row => row[0] + ": " + row[1])).join("\n")
 
     signal copied

@@ -4,8 +4,9 @@
 #include <array>
 
 namespace orvex {
+namespace {
 
-QString AudioUnitModel::codeText(const QString& number) {
+QString codeText(const QString& number) {
   const quint32 code = number.toUInt();
   std::array<char, 4> characters{};
   for (std::size_t i = 0; i < characters.size(); ++i)
@@ -14,6 +15,14 @@ QString AudioUnitModel::codeText(const QString& number) {
   const QString text = isText ? QString::fromLatin1(characters.data(), characters.size())
                               : QStringLiteral("0x%1").arg(code, 8, 16, QChar(u'0'));
   return number + QStringLiteral(" · ") + text;
+}
+
+}  // namespace
+
+QStringList AudioUnitModel::codeTexts(const QString& codes) {
+  QStringList texts;
+  for (const QString& number : codes.split(u'-')) texts.append(codeText(number));
+  return texts;
 }
 
 QVariant AudioUnitModel::data(const QModelIndex& index, int role) const {

@@ -23,9 +23,9 @@ class AudioUnitModel : public orvex::LibraryModel {
     PassesAUVal,
   };
 
-  /// One of the numbers in `Codes` as a person reads it: "1635083896 · aufx", or in hexadecimal
-  /// where its four bytes are no text.
-  Q_INVOKABLE [[nodiscard]] static QString codeText(const QString& number);
+  /// The three numbers of `codes` as a person reads them: "1635083896 · aufx", or in hexadecimal
+  /// where a number's four bytes are no text.
+  Q_INVOKABLE [[nodiscard]] static QStringList codeTexts(const QString& codes);
 
   [[nodiscard]] AudioUnitRegistry* registry() const noexcept { return source_.registry; }
   void setRegistry(AudioUnitRegistry* registry) { observe(source_, registry); }

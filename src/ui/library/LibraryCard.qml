@@ -31,6 +31,9 @@ OrvexPressable {
     Accessible.name: card.title
     focusPolicy: card.current ? Qt.StrongFocus : Qt.ClickFocus
     padding: 12
+    // A view that keeps a card for later only stops drawing it.
+    GridView.onPooled: card.visible = false
+    GridView.onReused: card.visible = true
     onActiveFocusChanged: if (card.activeFocus)
         card.touched()
 

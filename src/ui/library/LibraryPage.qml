@@ -67,13 +67,11 @@ OrvexScrollPage {
         page.settled = true
     // What is typed anywhere on the page is searched for.
     Keys.onPressed: event => {
-        if (event.text.trim().length > 0 && event.text >= " " && !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier))) {
-            field.forceActiveFocus(Qt.ShortcutFocusReason);
-            field.insert(field.cursorPosition, event.text);
-            event.accepted = true;
-        } else {
-            event.accepted = page.scrollFor(event.key);
-        }
+        if (event.text.trim().length === 0 || event.text < " " || event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier))
+            return;
+        field.forceActiveFocus(Qt.ShortcutFocusReason);
+        field.insert(field.cursorPosition, event.text);
+        event.accepted = true;
     }
 
     Shortcut {

@@ -18,13 +18,15 @@ class TemplatePreviews : public QObject {
   QML_SINGLETON
 
  public:
-  using QObject::QObject;
-
   static TemplatePreviews* create(QQmlEngine* engine, QJSEngine*);
 
   /// What an image shows the picture `file` by; empty without a file. The same file is read again
   /// for another `generation`.
   Q_INVOKABLE [[nodiscard]] static QUrl source(const QUrl& file, int generation);
+
+ private:
+  // The toolkit prefers a constructor that it can call to `create`.
+  TemplatePreviews() = default;
 };
 
 }  // namespace orvex

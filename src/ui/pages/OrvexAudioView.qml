@@ -26,6 +26,8 @@ LibraryPage {
     onRefresh: page.registry.refresh()
 
     items: AudioUnitModel {
+        id: effects
+
         registry: page.registry
     }
 
@@ -64,7 +66,7 @@ LibraryPage {
             details.manufacturer = manufacturer;
             details.version = version;
             details.typeName = typeName;
-            details.codes = codes;
+            details.codes = effects.codeTexts(codes);
             details.passesAUVal = passesAUVal;
             details.sandboxSafe = sandboxSafe;
             details.open();
