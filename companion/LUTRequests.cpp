@@ -17,6 +17,8 @@
 namespace orvex {
 namespace {
 
+constexpr qsizetype kMaximumMessage = 4096;
+
 // Nobody looks for the reply any more.
 bool isAbandoned(const FileDescriptor& file) {
   using namespace std::chrono;
@@ -76,14 +78,13 @@ std::expected<LUTRequest, QString> LUTRequests::decode(const QByteArray& bytes) 
 
 void LUTRequests::reply(const LUTRequest& request,
                         const std::expected<QString, QString>& outcome) const {
-  const QString& message = outcome ? *outcome : outcome.error();
-  const auto bytes = PropertyList::binary(
-      {{QStringLiteral("ok"), outcome.has_value()}, {QStringLiteral("message"), message}});
+  // A title from elsewhere can hold what no property list can, and go on for ever.
+  const QString sentence = (outcome ? *outcome : outcome.error()).left(kMaximumMessage);
+  const QString message = QString::fromUtf8(sentence.toUtf8()).remove(QChar::Null);
   NewFile file(library_);
-  // A title from elsewhere can hold what no property list can.
-  file.write(bytes ? *bytes
-                   : *PropertyList::binary({{QStringLiteral("ok"), outcome.has_value()},
-                                            {QStringLiteral("message"), QString()}}));
+  file.write(PropertyList::binary({{QStringLiteral("ok"), outcome.has_value()},
+                                   {QStringLiteral("message"), message}})
+                 .value());
   file.moveTo(request.replyName);
 }
 

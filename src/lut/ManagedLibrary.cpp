@@ -24,10 +24,9 @@ QByteArray newUuid() {
 }  // namespace
 
 QByteArray ManagedLibrary::userPath() {
-  const QString applicationSupport =
-      QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-  return QFile::encodeName(applicationSupport +
-                           QStringLiteral("/Vantrelo Orvex/FinalCut/Managed LUTs"));
+  const QByteArray applicationSupport =
+      QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
+  return Directory::make(applicationSupport).path("Vantrelo Orvex/FinalCut/Managed LUTs");
 }
 
 Directory ManagedLibrary::requests(const Directory& library) {

@@ -39,8 +39,6 @@ TEST_F(LutCommand, ReadsItsArguments) {
   EXPECT_EQ(LutRequest::parse({u"--json"_s, u"--library"_s, u"l"_s, u"--root"_s, u"r"_s,
                                u"prepare"_s, u"/a.cube"_s}),
             (LutRequest{Verb::Prepare, "/a.cube", here + "/r", here + "/l", true}));
-  EXPECT_EQ(LutRequest::parse({u"apply"_s, u"/a.cube"_s, u"--root"_s, u"/r"_s}),
-            (LutRequest{Verb::Apply, "/a.cube", "/r"}));
   const std::pair<const char*, const char16_t*> rows[]{
       {"", u"Ne yapılacağını"},
       {"copy a --root r", u"\"copy\" anlaşılmadı"},

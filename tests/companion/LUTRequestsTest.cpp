@@ -49,7 +49,7 @@ class LUTService : public PrivateSession, protected PanelEndpoint {
   bool performOnBuiltInHost(const QString&) override { return false; }
   QString applyLUTOnBuiltInHost(const QString& name) override {
     applied_.append(name);
-    return u"Röportaj 1"_s;
+    return clip_;
   }
 
   [[nodiscard]] QString library(const QString& below) const {
@@ -92,6 +92,7 @@ class LUTService : public PrivateSession, protected PanelEndpoint {
   const TemporaryTree tree_;
   const std::unique_ptr<Platform> platform_ = makePlatform();
   QStringList applied_;
+  QString clip_ = u"Röportaj 1"_s;
 };
 
 const QByteArray kLUT = cube(2, 0, 1, "", "");
@@ -127,6 +128,11 @@ TEST_F(LUTService, AppliesWhatIsOneOfOurCopiesAndSaysWhyNotOtherwise) {
     EXPECT_EQ(said.startsWith(u"ok: "), outcome.startsWith(u"ok: "));
   }
   EXPECT_EQ(applied_, QStringList{u"Gün batımı"_s});
+  clip_ = QString(300'000, u'x');
+  const QString longReply = newReply();
+  leave(u"A"_s, good, longReply);
+  EXPECT_EQ(serve().exitCode, 0);
+  EXPECT_TRUE(replyAt(longReply).startsWith(u"ok: Gün batımı LUT'u xxx"));
   qputenv("ORVEX_HOST", "none");
   const QString reply = newReply();
   leave(u"A"_s, good, reply);

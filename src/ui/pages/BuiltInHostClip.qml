@@ -20,7 +20,7 @@ Rectangle {
     border.width: 1
     border.color: OrvexTheme.fade(OrvexTheme.text, 0.1)
     Accessible.role: Accessible.Graphic
-    Accessible.name: [clip.name, clip.lut.length > 0 ? "LUT " + clip.lut : "", clip.retimeEditorOpen ? "hız %" + clip.speedPercent : ""].filter(part => part.length > 0).join(", ")
+    Accessible.name: clip.name + (clip.lut.length > 0 ? ", LUT " + clip.lut : "") + (clip.retimeEditorOpen ? ", hız %" + clip.speedPercent : "")
 
     Rectangle {
         id: band
