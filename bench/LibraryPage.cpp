@@ -29,6 +29,7 @@
 #include <vector>
 
 Q_IMPORT_QML_PLUGIN(OrvexPlugin)
+Q_IMPORT_QML_PLUGIN(Orvex_ColorPlugin)
 Q_IMPORT_QML_PLUGIN(Orvex_LibraryPlugin)
 Q_IMPORT_QML_PLUGIN(Orvex_PagesPlugin)
 Q_IMPORT_QML_PLUGIN(Orvex_SpeedPlugin)

@@ -23,6 +23,9 @@ class TestCloud {
   [[nodiscard]] OrvexServices services() const;
   [[nodiscard]] UniversalPackClient packs() const { return services().packs; }
 
+  /// The folder of the store.
+  [[nodiscard]] QString store() const { return store_.path(); }
+
   /// Publishes a release, its manifest completed or changed by `fields`.
   void release(const QString& version, const QJsonObject& fields = {});
   /// A pack of one shared file, in place of the one with the same identifier from the next

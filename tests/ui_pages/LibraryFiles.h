@@ -29,6 +29,12 @@ class LibraryFiles : public QObject {
     std::ignore = file.open(QIODevice::WriteOnly);
     return QUrl::fromLocalFile(file.fileName());
   }
+  /// One of the corpus of odd LUT files.
+  Q_INVOKABLE QUrl cube(const QString& below, const QString& odd) const {
+    const QString path = made(below);
+    QFile::copy(QStringLiteral(ODD_CUBES "/") + odd, path);
+    return QUrl::fromLocalFile(path);
+  }
   Q_INVOKABLE void picture(const QString& below, int width, int height) const {
     QImage picture(width, height, QImage::Format_Mono);
     picture.fill(1);

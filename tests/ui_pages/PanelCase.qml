@@ -89,6 +89,7 @@ TestCase {
             fxplug: testCase.objects.fxplug
             hostAdapter: testCase.objects.hostAdapter
             desktop: testCase.objects.desktop
+            colorServices: testCase.objects.colorServices
         }
     }
 }

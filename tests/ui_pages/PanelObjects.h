@@ -1,10 +1,13 @@
 #pragma once
 
+#include "base/NewFile.h"
+#include "base/PropertyList.h"
 #include "engines/AudioUnitRegistry.h"
 #include "engines/FxPlugRegistry.h"
 #include "engines/LUTRegistry.h"
 #include "engines/MotionTemplateRegistry.h"
 #include "host/FinalCutHostAdapter.h"
+#include "lut/ManagedLibrary.h"
 #include "platform/AudioComponents.h"
 #include "platform/HostRuntime.h"
 #include "platform/SystemLog.h"
@@ -14,14 +17,41 @@
 #include "shell/OrvexState.h"
 #include "support/NoSystem.h"
 #include "support/TestCloud.h"
+#include "ui/color/ColorServices.h"
 
 #include <QAbstractItemModelTester>
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
 #include <QMetaProperty>
+#include <QTemporaryDir>
+#include <QTimer>
 #include <QUrl>
 
 #include <atomic>
 
 namespace orvex {
+
+/// The bundles of application and extension, and the folders that the user's data goes to.
+class AppTree final {
+ public:
+  AppTree() {
+    qputenv("XDG_DATA_HOME", QFile::encodeName(folder_.filePath(QStringLiteral("data"))));
+    QDir().mkpath(extension());
+    QFile info(folder_.filePath(QStringLiteral("X.app/Contents/Info.plist")));
+    std::ignore = info.open(QIODevice::WriteOnly);
+    info.write(
+        "<plist><dict><key>CFBundleIdentifier</key>"
+        "<string>com.vantrelo.orvex.finalcut</string></dict></plist>");
+  }
+  [[nodiscard]] QString extension() const {
+    return folder_.filePath(QStringLiteral("X.app/Contents/PlugIns/E.appex"));
+  }
+  [[nodiscard]] QString cache() const { return folder_.filePath(QStringLiteral("cache")); }
+
+ private:
+  QTemporaryDir folder_;
+};
 
 /// The objects of one panel beside a built-in host, put together as the controller does it, without
 /// a desktop behind them.
@@ -34,11 +64,14 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
   Q_PROPERTY(orvex::FxPlugRegistry* fxplug READ fxplug CONSTANT)
   Q_PROPERTY(orvex::FinalCutHostAdapter* hostAdapter READ hostAdapter CONSTANT)
   Q_PROPERTY(orvex::OrvexDesktop* desktop READ desktop CONSTANT)
+  Q_PROPERTY(orvex::ColorServices* colorServices READ colorServices CONSTANT)
   Q_PROPERTY(orvex::BuiltInHost* host READ host CONSTANT)
   /// The addresses that the desktop was asked to open.
   Q_PROPERTY(QStringList opened MEMBER opened_)
   /// The files that the file manager was asked to show, which it cannot.
   Q_PROPERTY(QList<QUrl> revealed MEMBER revealed_)
+  /// Why the LUT helper cannot be started; empty when it can.
+  Q_PROPERTY(QString launchError MEMBER launchError_)
   /// The reasons of the host refreshes, oldest first.
   Q_PROPERTY(QStringList refreshes MEMBER refreshes_)
 
@@ -50,7 +83,37 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
   [[nodiscard]] FxPlugRegistry* fxplug() { return &fxplug_; }
   [[nodiscard]] FinalCutHostAdapter* hostAdapter() { return &adapter_; }
   [[nodiscard]] OrvexDesktop* desktop() { return &desktop_; }
+  [[nodiscard]] ColorServices* colorServices() { return &colorServices_; }
   [[nodiscard]] BuiltInHost* host() { return runtime_.host_.get(); }
+
+  /// Puts a pack with these files into the store; the values name files of the corpus of odd LUTs.
+  Q_INVOKABLE void installLUTs(const QString& name, const QVariantMap& files) const {
+    const QDir folder(cloud_.store() + u'/' + name + QStringLiteral("/1.0"));
+    folder.mkpath(QStringLiteral("."));
+    for (const auto& [file, odd] : files.asKeyValueRange())
+      QFile::copy(QStringLiteral(ODD_CUBES "/") + odd.toString(), folder.filePath(file));
+    QFile record(folder.filePath(QStringLiteral("installed.json")));
+    std::ignore = record.open(QIODevice::WriteOnly);
+    record.write(QJsonDocument(QJsonObject{{QStringLiteral("id"), name},
+                                           {QStringLiteral("name"), name},
+                                           {QStringLiteral("version"), QStringLiteral("1.0")},
+                                           {QStringLiteral("installedAt"), 0},
+                                           {QStringLiteral("files"),
+                                            QJsonArray::fromStringList(files.keys())}})
+                     .toJson());
+  }
+  /// Answers the request that the LUT bridge left, as the helper would. False while there is none.
+  Q_INVOKABLE bool answerLUTRequest(bool ok, const QString& message) {
+    const QString folder = QFile::decodeName(ManagedLibrary::userPath()) + u"/Bridge Requests";
+    const QStringList requests = QDir(folder).entryList({QStringLiteral("request-*.plist")});
+    QFile request(folder + u'/' + requests.value(0));
+    if (requests.isEmpty() || !request.open(QIODevice::ReadOnly)) return false;
+    const QVariantMap asked = PropertyList::parse(request.readAll())->toMap();
+    const auto reply =
+        PropertyList::binary({{QStringLiteral("ok"), ok}, {QStringLiteral("message"), message}});
+    return request.remove() &&
+           replaceFile(asked.value(QStringLiteral("reply")).toString().toUtf8(), *reply);
+  }
 
   Q_INVOKABLE void connectHost() { adapter_.connect(); }
   /// Publishes the disconnected snapshot changed by `fields`, as if the host had reported it.
@@ -137,11 +200,18 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
     opened_.append(url.toString());
     return true;
   }
+  void launch(const QUrl&, Launched launched) override {
+    QTimer::singleShot(0, this, [this, launched = std::move(launched)] {
+      if (launchError_.isEmpty())
+        launched({});
+      else
+        launched(std::unexpected(launchError_));
+    });
+  }
   void reveal(const QUrl& file, Revealed revealed) override {
     revealed_.append(file);
     revealed(std::unexpected(QStringLiteral("gösterilemedi")));
   }
-  void launch(const QUrl&, Launched) override {}
   void line(const QString& text) override {
     const QString prefix = QStringLiteral("[Vantrelo Orvex] host refresh ");
     if (text.startsWith(prefix)) refreshes_.append(text.mid(prefix.size()).section(u' ', 0, 0));
@@ -158,6 +228,10 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
   BuiltInRuntime runtime_;
   FinalCutHostAdapter adapter_{state_, runtime_, *this, *this};
   OrvexDesktop desktop_{*state_, *this};
+  AppTree app_;
+  ColorServices colorServices_{
+      {*this, folders_.bookmarks().access(), *this, app_.extension()}, nullptr, app_.cache()};
+  QString launchError_;
   QStringList opened_;
   QList<QUrl> revealed_;
   QStringList refreshes_;

@@ -7,6 +7,7 @@
 #include <QtQuickTest>
 
 Q_IMPORT_QML_PLUGIN(OrvexPlugin)
+Q_IMPORT_QML_PLUGIN(Orvex_ColorPlugin)
 Q_IMPORT_QML_PLUGIN(Orvex_LibraryPlugin)
 Q_IMPORT_QML_PLUGIN(Orvex_PagesPlugin)
 Q_IMPORT_QML_PLUGIN(Orvex_SpeedPlugin)

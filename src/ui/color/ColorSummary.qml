@@ -61,7 +61,7 @@ OrvexPanel {
                 Accessible.role: Accessible.AlertMessage
                 Layout.fillWidth: true
                 color: summary.applying ? OrvexTheme.cyan : OrvexTheme.muted
-                objectName: "status"
+                objectName: "engineStatus"
                 size: 10
                 text: summary.applying ? "FİNAL CUT’A UYGULANIYOR" : "Bir LUT seç; tek tıkla seçili klibe uygulanır."
                 tracking: summary.applying ? 1 : 0

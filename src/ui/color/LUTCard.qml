@@ -5,8 +5,8 @@ import QtQuick.Layouts
 import Orvex
 import Orvex.Color
 
-/// A LUT as it makes the picture look, with what can be done with it. Holding the picture, or the key
-/// O, shows the original; dragging across it moves the border between both.
+/// A LUT as it makes the picture look, with what can be done with it. Holding the picture, or the
+/// Shift key, shows the original; dragging across it moves the border between both.
 FocusScope {
     id: card
 
@@ -35,33 +35,24 @@ FocusScope {
     signal reveal
     signal touched
 
-    function takeFocus() {
-        (usable && apply.enabled ? apply : reveal).forceActiveFocus(Qt.TabFocusReason);
-    }
-
     Accessible.description: error.length > 0 ? caption + ". " + error : caption
     Accessible.name: name
     Accessible.role: Accessible.Grouping
     Keys.onPressed: event => {
-        if (event.key !== Qt.Key_O)
-            return;
-        event.accepted = true;
-        keyHeld = true;
+        if (event.key === Qt.Key_Shift)
+            keyHeld = true;
+        event.accepted = false;
     }
     Keys.onReleased: event => {
-        if (event.key !== Qt.Key_O || event.isAutoRepeat)
-            return;
-        event.accepted = true;
-        keyHeld = false;
+        if (event.key === Qt.Key_Shift && !event.isAutoRepeat)
+            keyHeld = false;
+        event.accepted = false;
     }
     onActiveFocusChanged: {
         keyHeld = false;
         if (activeFocus)
             touched();
     }
-    // What had the focus can be gone now.
-    onUsableChanged: if (activeFocus)
-        takeFocus()
 
     HoverHandler {
         id: hover
@@ -178,7 +169,7 @@ FocusScope {
                 }
 
                 OrvexToolTip {
-                    text: card.usable ? "Orijinali görmek için basılı tut (klavyede O), karşılaştırmak için sürükle" : picture.error
+                    text: card.usable ? "Orijinali görmek için basılı tut (klavyede Shift), karşılaştırmak için sürükle" : picture.error
                     visible: pictureHover.hovered && !compare.pressed && (picture.ready || reason.truncated)
                 }
             }
@@ -215,6 +206,7 @@ FocusScope {
                 OrvexButton {
                     id: apply
 
+                    focus: card.usable
                     Accessible.description: "Seçili Final Cut klibine uygula"
                     Layout.fillWidth: true
                     enabled: card.activePath.length === 0
@@ -244,6 +236,7 @@ FocusScope {
                 OrvexButton {
                     id: reveal
 
+                    focus: !card.usable
                     Accessible.description: card.revealDescription
                     focusPolicy: card.focusPolicy
                     icon: "folder"

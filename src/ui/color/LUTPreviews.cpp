@@ -12,11 +12,13 @@
 
 namespace orvex {
 
-LUTPreviews::LUTPreviews(std::shared_ptr<PreviewStore> store, HostPicture* host, QObject* parent)
-    : QObject(parent), store_(std::move(store)), host_(host) {
-  // One processor stays with what is drawn.
-  const int count = std::clamp(QThread::idealThreadCount() - 1, 1, 4);
-  for (int i = 0; i < count; ++i) workers_.push_back(std::make_unique<Worker>());
+int LUTPreviews::defaultWorkers() noexcept {
+  return std::clamp(QThread::idealThreadCount() - 1, 1, 4);
+}
+
+LUTPreviews::LUTPreviews(std::shared_ptr<PreviewStore> store, HostPicture* host, int workers)
+    : store_(std::move(store)), host_(host) {
+  for (int i = 0; i < workers; ++i) workers_.push_back(std::make_unique<Worker>());
 }
 
 LUTPreviews::~LUTPreviews() = default;

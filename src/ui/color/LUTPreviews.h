@@ -39,9 +39,13 @@ class LUTPreviews : public QObject {
   /// Pictures held in memory, in bytes.
   static constexpr qsizetype kMaximumBytes = qsizetype{48} * 1024 * 1024;
 
+  /// One processor stays with what is drawn.
+  [[nodiscard]] static int defaultWorkers() noexcept;
+
   /// `store` may be shared with workers that are left behind; `host`, which may be null, outlives
   /// this.
-  LUTPreviews(std::shared_ptr<PreviewStore> store, HostPicture* host, QObject* parent = nullptr);
+  LUTPreviews(std::shared_ptr<PreviewStore> store, HostPicture* host,
+              int workers = defaultWorkers());
   ~LUTPreviews() override;
 
   [[nodiscard]] const PreviewSource& source() const;

@@ -20,9 +20,8 @@ namespace {
 
 constexpr qsizetype kDigestSize = 32;
 constexpr qsizetype kMaximumPicture = qsizetype{1} * 1024 * 1024;
-// So many files between two looks at how large the folder is, and what a look makes of it.
+// So many files between two looks at how large the folder is.
 constexpr int kTrimInterval = 128;
-constexpr qint64 kTrimmedBytes = PreviewStore::kMaximumBytes / 4 * 3;
 constexpr qint64 kTrustedAge = 2'000'000'000;
 
 QByteArray nameOf(const QByteArray& key) {
@@ -46,7 +45,8 @@ std::optional<QByteArray> read(const QByteArray& path, qsizetype maximum) {
 
 }  // namespace
 
-PreviewStore::PreviewStore(const QString& folder) : folder_(QFile::encodeName(folder)) {}
+PreviewStore::PreviewStore(const QString& folder, qint64 maximumBytes)
+    : folder_(QFile::encodeName(folder)), maximumBytes_(maximumBytes) {}
 
 std::optional<QByteArray> PreviewStore::digest(const FileIdentity& file) const {
   auto digest = read(folder_ + '/' + nameOf(file), kDigestSize);
@@ -98,10 +98,11 @@ void PreviewStore::trim() const try {
     entries.push_back({name, status.st_blocks * 512, status.st_mtime});
     total += entries.back().bytes;
   }
-  if (total <= kMaximumBytes) return;
+  if (total <= maximumBytes_) return;
   std::ranges::sort(entries, {}, &Entry::used);
   for (const Entry& entry : entries) {
-    if (total <= kTrimmedBytes) return;
+    // Room for some time.
+    if (total <= maximumBytes_ / 4 * 3) return;
     folder.remove(entry.name);
     total -= entry.bytes;
   }

@@ -15,10 +15,10 @@ namespace orvex {
 /// anybody may empty. Whatever is wrong with it costs no more than making them again. Any thread.
 class PreviewStore {
  public:
-  /// Of the folder; what was not used for longest goes first.
   static constexpr qint64 kMaximumBytes = qint64{96} * 1024 * 1024;
 
-  explicit PreviewStore(const QString& folder);
+  /// Of more than `maximumBytes`, what was not used for longest goes first.
+  explicit PreviewStore(const QString& folder, qint64 maximumBytes = kMaximumBytes);
 
   /// The digest of the contents that a file had when it was remembered.
   [[nodiscard]] std::optional<QByteArray> digest(const FileIdentity& file) const;
@@ -35,6 +35,7 @@ class PreviewStore {
   void trim() const;
 
   const QByteArray folder_;
+  const qint64 maximumBytes_;
   std::atomic<int> written_ = 0;
 };
 

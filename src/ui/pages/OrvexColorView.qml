@@ -4,6 +4,7 @@ import QtQuick
 import QtQuick.Layouts
 import Orvex
 import Orvex.Color
+import Orvex.Library
 
 // LUTs of the installed packs and of the user's own folder, as they make a picture look, each to be
 // applied with one press.
@@ -29,15 +30,67 @@ OrvexScrollPage {
 
     signal reveal(file: url)
 
+    function drop(folder: url) {
+        const reason = page.registry.useFolder(folder);
+        if (reason)
+            page.refuse(reason);
+    }
+
+    function refuse(reason: string) {
+        page.state.showToast(reason, OrvexToast.Error, 5.0);
+    }
+
     function apply(file: url, root: url) {
         page.preparationError = "";
         page.applyBridge.apply(file, root);
     }
 
-    Component.onCompleted: page.previews.refreshSource()
+    // What is typed anywhere on the page is searched for.
+    Keys.onPressed: event => {
+        const writes = event.text.trim().length > 0 && event.text >= " ";
+        if (writes && !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier))) {
+            searchField.forceActiveFocus(Qt.ShortcutFocusReason);
+            searchField.insert(searchField.cursorPosition, event.text);
+            event.accepted = true;
+        } else {
+            event.accepted = page.scrollFor(event.key);
+        }
+    }
     onFrameChanged: settled.restart()
     onScanningChanged: if (!page.scanning)
         page.previews.forget()
+
+    OrvexAppearance {
+        onAppeared: {
+            page.state.refreshInstalledPacks();
+            page.previews.refreshSource();
+        }
+    }
+
+    Shortcut {
+        sequences: [StandardKey.Find]
+
+        onActivated: {
+            searchField.forceActiveFocus(Qt.ShortcutFocusReason);
+            searchField.selectAll();
+        }
+    }
+
+    Shortcut {
+        enabled: page.hasFolder && !page.scanning
+        sequences: [StandardKey.Refresh]
+
+        onActivated: page.registry.scan()
+    }
+
+    LibraryDropTarget {
+        anchors.fill: parent
+        parent: page
+        z: 2
+
+        onFolderDropped: folder => page.drop(folder)
+        onRefused: reason => page.refuse(reason)
+    }
 
     // A picture of every frame of a clip that plays would be of use to nobody.
     Timer {
@@ -99,6 +152,7 @@ OrvexScrollPage {
         objectName: "search"
         placeholderText: "LUT ara…"
 
+        Keys.onDownPressed: (cloud.count > 0 ? cloudCards : localCards).move(0)
         Keys.onEscapePressed: event => {
             event.accepted = searchField.length > 0;
             searchField.clear();
@@ -158,6 +212,8 @@ OrvexScrollPage {
     }
 
     LUTGrid {
+        id: cloudCards
+
         activePath: page.applyBridge.activePath
         model: cloud
         objectName: "cloudCards"
@@ -169,65 +225,39 @@ OrvexScrollPage {
         onReveal: file => page.reveal(file)
     }
 
-    RowLayout {
-        spacing: 8
+    OrvexSectionTitle {
+        eyebrow: "MY LIBRARY"
+        subtitle: "Senin seçtiğin yerel .cube klasörü"
+        title: "Local LUT Library"
+    }
 
-        OrvexSectionTitle {
-            Layout.fillWidth: true
-            eyebrow: "MY LIBRARY"
-            subtitle: "Senin seçtiğin yerel .cube klasörü"
-            title: "Local LUT Library"
-        }
+    LibraryStatus {
+        chooseTitle: "LUT klasörünü seç"
+        found: local.count
+        objectName: "status"
+        refreshTitle: "LUT kütüphanesini yenile"
+        scanDone: page.registry.scanDone
+        scanTotal: page.registry.scanTotal
+        scanning: page.scanning
+        searching: page.search.trim().length > 0
+        skippedFolders: page.registry.skippedFolders
+        summary: page.registry.summary
+        unit: "LUT"
+        visible: page.hasFolder
 
-        OrvexButton {
-            icon: "folder.badge.plus"
-            name: "Başka bir LUT klasörü seç"
-            objectName: "chooseOther"
-            visible: page.hasFolder
-
-            onClicked: page.registry.chooseFolder()
-        }
-
-        OrvexButton {
-            enabled: !page.scanning
-            icon: "arrow.clockwise"
-            name: "LUT kütüphanesini yenile"
-            objectName: "refresh"
-            visible: page.hasFolder
-
-            onClicked: page.registry.scan()
-        }
+        onChoose: page.registry.chooseFolder()
+        onRefresh: page.registry.scan()
     }
 
     OrvexNotice {
         actionTitle: "Yeniden tara"
-        hint: "Klasörün yerinde ve okunabilir olduğunu denetle veya başka bir klasör seç."
+        hint: "Başka bir klasörü yukarıdaki düğmeyle seçebilir ya da buraya sürükleyebilirsin."
         message: page.registry.lastError
         objectName: "scanError"
         title: "LUT klasörü taranamadı"
         visible: page.hasFolder && !page.scanning && page.registry.lastError.length > 0
 
         onClicked: page.registry.scan()
-    }
-
-    ColumnLayout {
-        objectName: "scan"
-        spacing: 6
-        visible: page.scanning
-
-        OrvexText {
-            Accessible.role: Accessible.StaticText
-            Layout.fillWidth: true
-            color: OrvexTheme.muted
-            size: 9
-            text: page.registry.scanTotal > 0 ? "LUT dosyaları okunuyor: " + page.registry.scanDone + " / " + page.registry.scanTotal : "LUT klasörü taranıyor…"
-        }
-
-        OrvexProgressBar {
-            Layout.fillWidth: true
-            done: page.registry.scanDone
-            total: page.registry.scanTotal
-        }
     }
 
     EmptyEngineView {
@@ -262,6 +292,8 @@ OrvexScrollPage {
     }
 
     LUTGrid {
+        id: localCards
+
         activePath: page.applyBridge.activePath
         model: local
         objectName: "localCards"

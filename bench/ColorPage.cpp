@@ -1,0 +1,211 @@
+// The Color page over a library of LUTs in a real window, one line per row: how long it takes to
+// open, in which order and how fast the pictures come, and how long a step of scrolling takes to
+// its frame while they are being made and once they are there. Arguments: a folder to make data in,
+// and how many LUTs (33³ points each) there are to be.
+#include "engines/FolderBookmarkStore.h"
+#include "engines/LUTRegistry.h"
+#include "lut/CubeLattice.h"
+#include "platform/FolderAccess.h"
+#include "platform/SystemLog.h"
+#include "platform/Workspace.h"
+#include "shell/OrvexState.h"
+#include "ui/OrvexMotion.h"
+#include "ui/color/ColorServices.h"
+#include "ui/color/LUTPreview.h"
+
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QFile>
+#include <QGuiApplication>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQmlExtensionPlugin>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QSettings>
+#include <QTimer>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <filesystem>
+#include <functional>
+#include <vector>
+
+Q_IMPORT_QML_PLUGIN(OrvexPlugin)
+Q_IMPORT_QML_PLUGIN(Orvex_ColorPlugin)
+Q_IMPORT_QML_PLUGIN(Orvex_LibraryPlugin)
+Q_IMPORT_QML_PLUGIN(Orvex_PagesPlugin)
+Q_IMPORT_QML_PLUGIN(Orvex_SpeedPlugin)
+
+namespace {
+
+using namespace orvex;
+namespace fs = std::filesystem;
+
+class Nobody final : public FolderAccess, public SystemLog, public Workspace {
+ public:
+  void chooseFolder(const QString&, const QString&,
+                    std::function<void(std::optional<QUrl>)>) override {}
+  std::expected<QByteArray, QString> makeGrant(const QUrl& folder) override {
+    return folder.toEncoded();
+  }
+  std::expected<Resolved, QString> resolveGrant(const QByteArray& grant) override {
+    return Resolved{QUrl::fromEncoded(grant), false};
+  }
+  bool startAccess(const QUrl&) override { return false; }
+  void stopAccess(const QUrl&) override {}
+  void line(const QString&) override {}
+  bool open(const QUrl&) override { return false; }
+  void launch(const QUrl&, Launched) override {}
+  void reveal(const QUrl&, Revealed) override {}
+};
+
+void makeLUTs(const fs::path& root, int count) {
+  if (fs::exists(root)) return;
+  fs::create_directories(root);
+  CubeLattice lattice{.size = 33};
+  lattice.points.resize(33 * 33 * 33);
+  for (int i = 0; i < count; ++i) {
+    for (std::size_t k = 0; k < lattice.points.size(); ++k) {
+      const auto axis = [k](std::size_t stride) {
+        return static_cast<float>(k / stride % 33) / 32;
+      };
+      const float turn = static_cast<float>(i) * 0.1F;
+      lattice.points[k] = {std::pow(axis(1), 0.7F + 0.3F * std::sin(turn)),
+                           std::pow(axis(33), 0.8F + 0.3F * std::cos(turn)),
+                           std::pow(axis(1089), 1 + 0.3F * std::sin(2 * turn))};
+    }
+    QFile file(root / ("LUT " + std::to_string(10000 + i) + ".cube"));
+    std::ignore = file.open(QIODevice::WriteOnly);
+    file.write(canonicalCube(lattice));
+  }
+}
+
+void wait(const std::function<bool()>& until) {
+  QEventLoop loop;
+  QTimer poll;
+  QObject::connect(&poll, &QTimer::timeout, [&] {
+    if (until()) loop.quit();
+  });
+  poll.start(5);
+  if (!until()) loop.exec();
+}
+
+double milliseconds(const QElapsedTimer& timer) {
+  return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+class Bench {
+ public:
+  Bench(const fs::path& data, int count) : data_(data) {
+    makeLUTs(data_ / "luts", count);
+    engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    OrvexMotion::setReduced(true);
+    window_.resize(1040, 780);
+    window_.show();
+    std::ignore = registry_.useFolder(
+        QUrl::fromLocalFile(QString::fromStdString(fs::absolute(data_ / "luts"))));
+    wait([this] { return !registry_.isScanning(); });
+  }
+
+  void run() {
+    for (const char* cache : {"no pictures kept", "pictures kept"}) {
+      QElapsedTimer spent;
+      spent.start();
+      open();
+      const double opened = frame([] {});
+      const double shown = milliseconds(spent);
+      page_->setProperty("contentY", 560);
+      wait([this] { return allShown(); });
+      std::printf("%-20s first frame after %6.1f ms (drawn in %5.1f), all in view after %6.1f ms\n",
+                  cache, shown, opened, milliseconds(spent));
+      scroll(cache, 45);
+      scroll(cache, -45);
+      page_.reset();
+    }
+  }
+
+ private:
+  void open() {
+    QQmlComponent component(&engine_,
+                            QUrl(QStringLiteral("qrc:/qt/qml/Orvex/Pages/OrvexColorView.qml")));
+    // Made anew, so that nothing is in memory.
+    services_ =
+        std::make_unique<ColorServices>(LUTApplyBridge::Environment{nobody_, nobody_, nobody_, {}},
+                                        nullptr, QString::fromStdString(data_ / "cache"));
+    page_.reset(qobject_cast<QQuickItem*>(component.createWithInitialProperties(
+        {{QStringLiteral("state"), QVariant::fromValue(&state_)},
+         {QStringLiteral("registry"), QVariant::fromValue(&registry_)},
+         {QStringLiteral("color"), QVariant::fromValue(services_.get())}})));
+    if (!page_) qFatal("%s", qPrintable(component.errorString()));
+    page_->setParentItem(window_.contentItem());
+    page_->setSize(QSizeF(window_.size()));
+  }
+
+  [[nodiscard]] bool allShown() const {
+    const auto pictures = page_->findChildren<LUTPreview*>();
+    return std::ranges::all_of(pictures, [](const LUTPreview* picture) {
+      return !picture->isVisible() || picture->isReady();
+    });
+  }
+
+  // Until the frame that shows it has been drawn.
+  double frame(const std::function<void()>& change) {
+    bool swapped = false;
+    const auto watch =
+        QObject::connect(&window_, &QQuickWindow::frameSwapped, [&] { swapped = true; });
+    QElapsedTimer spent;
+    spent.start();
+    change();
+    window_.update();
+    while (!swapped) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    QObject::disconnect(watch);
+    return milliseconds(spent);
+  }
+
+  // Steps of the wheel, sixty a second, through the whole list.
+  void scroll(const char* cache, int step) {
+    std::vector<double> times;
+    int blank = 0;
+    const double height = page_->property("contentHeight").toDouble() - window_.height();
+    for (int i = 0; i < 600; ++i) {
+      const double y =
+          std::clamp(page_->property("contentY").toDouble() + step, 0.0, std::max(height, 0.0));
+      times.push_back(frame([&] { page_->setProperty("contentY", y); }));
+      if (!allShown()) ++blank;
+      QElapsedTimer pause;
+      pause.start();
+      while (milliseconds(pause) + times.back() < 16) QCoreApplication::processEvents();
+    }
+    std::ranges::sort(times);
+    std::printf(
+        "%-20s %s: median %5.1f ms, 99 of 100 below %5.1f ms, slowest %5.1f ms; "
+        "%d of 600 frames with a picture still to come\n",
+        cache, step > 0 ? "scrolling down" : "and up again", times[times.size() / 2],
+        times[times.size() * 99 / 100], times.back(), blank);
+  }
+
+  const fs::path data_;
+  Nobody nobody_;
+  QSettings settings_{QString::fromStdString(data_ / "settings"), QSettings::IniFormat};
+  FolderBookmarkStore bookmarks_{nobody_, settings_, nobody_};
+  LUTRegistry registry_{bookmarks_};
+  OrvexState state_;
+  QQmlEngine engine_;
+  QQuickWindow window_;
+  std::unique_ptr<ColorServices> services_;
+  std::unique_ptr<QQuickItem> page_;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QGuiApplication application(argc, argv);
+  if (argc != 3) return 2;
+  fs::create_directories(argv[1]);
+  fs::remove(fs::path(argv[1]) / "settings");
+  fs::remove_all(fs::path(argv[1]) / "cache");
+  Bench(argv[1], QByteArray(argv[2]).toInt()).run();
+  return 0;
+}

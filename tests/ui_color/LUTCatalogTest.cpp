@@ -1,0 +1,96 @@
+#include "engines/FolderBookmarkStore.h"
+#include "support/NoSystem.h"
+#include "support/TemporaryTree.h"
+#include "support/Wait.h"
+#include "ui/color/CloudLUTs.h"
+#include "ui/color/LocalLUTs.h"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+
+#include <gmock/gmock.h>
+
+using namespace orvex;
+
+namespace {
+
+QString shown(const LUTCatalog& luts) {
+  QStringList rows;
+  for (int row = 0; row < luts.rowCount(); ++row)
+    rows.append(luts.index(row).data(LUTCatalog::NameRole).toString() + u'|' +
+                luts.index(row).data(LUTCatalog::CaptionRole).toString());
+  return rows.join(u'\n');
+}
+
+TEST(CloudLUTs, DisplayName) {
+  const std::map<QString, QString> names{{u"Film.Look.cube"_qs, u"Film.Look"_qs},
+                                         {u"lutpack3.cube"_qs, u"LUT Pack 03"_qs},
+                                         {u"LUTPack012.CUBE"_qs, u"LUT Pack 12"_qs},
+                                         {u"lutpack0.cube"_qs, u"LUT Pack 00"_qs},
+                                         {u"lutpack123.cube"_qs, u"LUT Pack 123"_qs},
+                                         {u"lutpack7 sıcak.cube"_qs, u"LUT Pack 07 sıcak"_qs},
+                                         {u"lutpack.cube"_qs, u"lutpack"_qs},
+                                         {u"lutpack 3.cube"_qs, u"lutpack 3"_qs},
+                                         {u"my lutpack3.cube"_qs, u"my lutpack3"_qs},
+                                         {u"İ.cube"_qs, u"İ"_qs}};
+  for (const auto& [file, name] : names) EXPECT_EQ(CloudLUTs::displayName(file), name);
+}
+
+TEST(CloudLUTs, ListTheCubeFilesOfThePacksAndFindThemByNameAndPack) {
+  OrvexState state;
+  CloudLUTs luts;
+  const QAbstractItemModelTester tester(&luts);
+  luts.setState(&state);
+  EXPECT_EQ(luts.total(), 0);
+  const QUrl folder = QUrl::fromLocalFile(u"/packs/a%20b/1.0"_qs);
+  state.setInstalledPacks({{u"b"_qs,
+                            u"Işıklar"_qs,
+                            u"1.0"_qs,
+                            folder,
+                            {u"A.CUBE"_qs, u"b.cube"_qs, u"readme.txt"_qs, u".cube"_qs}},
+                           {u"a"_qs, u"Gece"_qs, u"2"_qs, folder, {u"lutpack3.cube"_qs}}});
+  EXPECT_EQ(shown(luts), u"A|Işıklar • v1.0\nb|Işıklar • v1.0\nLUT Pack 03|Gece • v2"_qs);
+  EXPECT_EQ(luts.index(0).data(LUTCatalog::FileRole).toUrl(),
+            QUrl::fromLocalFile(u"/packs/a%20b/1.0/A.CUBE"_qs));
+  EXPECT_EQ(luts.index(0).data(LUTCatalog::PathRole), u"/packs/a%20b/1.0/A.CUBE"_qs);
+  EXPECT_EQ(luts.index(2).data(LUTCatalog::RootRole).toUrl(), folder);
+
+  // Rows are places: they come and go at the end only.
+  QSignalSpy resets(&luts, &LUTCatalog::modelReset);
+  luts.setSearch(u"  gece\n"_qs);
+  EXPECT_EQ(shown(luts), u"LUT Pack 03|Gece • v2"_qs);
+  luts.setSearch(u"pack 03"_qs);
+  EXPECT_EQ(luts.count(), 1);
+  luts.setSearch(u"readme"_qs);
+  EXPECT_EQ(luts.count(), 0);
+  EXPECT_EQ(luts.total(), 3);
+  luts.setSearch(u" \t"_qs);
+  EXPECT_EQ(luts.count(), 3);
+  state.setInstalledPacks({});
+  EXPECT_EQ(luts.count(), 0);
+  EXPECT_EQ(resets.count(), 0);
+}
+
+TEST(LocalLUTs, FollowTheLibraryAndItsSearch) {
+  TemporaryTree tree;
+  tree.file("sub/b.cube", "TITLE \"Film Look\"\nLUT_3D_SIZE 33\n");
+  tree.file("a.cube");
+  NoFolders folders;
+  LUTRegistry registry(folders.bookmarks());
+  LocalLUTs luts;
+  const QAbstractItemModelTester tester(&luts);
+  luts.setRegistry(&registry);
+  EXPECT_EQ(luts.total(), 0);
+  ASSERT_EQ(registry.useFolder(QUrl::fromLocalFile(tree.text(""))), QString());
+  ASSERT_TRUE(waitUntil([&] { return luts.count() == 2; }));
+  EXPECT_EQ(shown(luts), u"a|CUBE\nb|Film Look • 3D 33"_qs);
+  EXPECT_EQ(luts.index(1).data(LUTCatalog::RootRole).toUrl(), *registry.rootURL());
+  luts.setSearch(u"LOOK"_qs);
+  EXPECT_EQ(shown(luts), u"b|Film Look • 3D 33"_qs);
+  ::unlink(tree.path("sub/b.cube").constData());
+  registry.scan();
+  ASSERT_TRUE(waitUntil([&] { return luts.total() == 1; }));
+  EXPECT_EQ(luts.count(), 0);
+}
+
+}  // namespace

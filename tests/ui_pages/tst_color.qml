@@ -1,0 +1,160 @@
+import QtQuick
+import QtTest
+import Orvex
+import Orvex.Pages
+import Orvex.Test
+
+PanelCase {
+    name: "Color"
+
+    property LibraryFiles files: null
+
+    Component {
+        id: filesComponent
+
+        LibraryFiles {}
+    }
+
+    // The page with two LUTs of a pack and two local ones, of which one cannot be used.
+    function openFilled(width = 1040, height = 2000) {
+        files = createTemporaryObject(filesComponent, this);
+        objects.installLUTs("Gece", { "A.CUBE": "plain.cube", "lutpack3.cube": "domain.cube", "readme.txt": "plain.cube" });
+        files.cube("own/broken.cube", "decimal-commas.cube");
+        files.cube("own/Film.cube", "shaper.cube");
+        compare(objects.luts.useFolder(files.root + "/own"), "");
+        tryCompare(objects.luts, "scanning", false);
+        open(width, height, "color");
+        tryVerify(() => cards().filter(card => named(card, "picture").ready || !card.usable).length === 4);
+    }
+
+    function cards() {
+        return allItems(panel, item => item.visible && item.revealDescription !== undefined && item.usable !== undefined);
+    }
+    function card(name) {
+        return cards().find(item => item.name === name);
+    }
+    function click(name, button = "apply") {
+        mouseClick(named(card(name), button));
+    }
+    function status() {
+        return named(panel, "engineStatus").text;
+    }
+
+    function test_says_why_there_is_nothing_and_what_to_do() {
+        open(1040, 1400, "color");
+        for (const text of ["Cloud LUT henüz yüklenmedi", "Update Center → Vantrelo Cloud Packs bölümünden LUT paketini yükle.", "Yerel LUT klasörü seçilmedi", "Bu alan isteğe bağlıdır. Cloud LUT'lar için klasör seçmen gerekmez."])
+            verify(showing(panel, text), text);
+        files = createTemporaryObject(filesComponent, this);
+        files.dropOn(page(), [files.file("note.txt")]);
+        tryVerify(() => objects.state.hasToast && objects.state.toast.kind === OrvexToast.Error);
+        files.dropOn(page(), [files.root]);
+        tryVerify(() => showing(panel, "Yerel LUT bulunamadı") && showing(panel, "Seçilen dizinde .cube dosyası bulunamadı."));
+        files.removeAll();
+        objects.luts.scan();
+        tryVerify(() => named(panel, "scanError").visible);
+        compare(named(panel, "scanError").message, objects.luts.lastError);
+        mouseClick(titled(panel, "Update Center’a git"));
+        compare(objects.state.activePage.id, "updates");
+    }
+
+    function test_shows_both_catalogues_and_searches_them_together() {
+        openFilled();
+        compare(cards().map(item => item.name + "|" + item.caption), ["A|Gece • v1.0", "LUT Pack 03|Gece • v1.0", "broken|3D 2", "Film|3D 2"]);
+        compare(["cloudCount", "localCount"].map(name => named(panel, name).count), [2, 2]);
+        compare(card("broken").error, "Satır 2: “1,0”: ondalık ayırıcı virgül değil nokta olmalı.");
+        verify(!named(card("broken"), "apply").visible);
+        const field = named(panel, "search");
+        const found = { "gece": 2, "PACK 03": 1, "film": 1, "xyz": 0, "  ": 4 };
+        for (const text in found) {
+            field.text = text;
+            compare(cards().length, found[text], text);
+        }
+        field.text = "xyz";
+        verify(showing(panel, "Cloud LUT bulunamadı") && showing(panel, "“xyz” ile eşleşen yerel LUT yok."));
+        click_clear(field);
+        click("A", "reveal");
+        compare(objects.revealed.map(url => url.toString().split("/").slice(-3).join("/")), ["Gece/1.0/A.CUBE"]);
+    }
+    function click_clear(field) {
+        field.forceActiveFocus();
+        keyClick(Qt.Key_Escape);
+        compare(field.text, "");
+    }
+
+    function test_applies_one_at_a_time_and_tells_the_result() {
+        openFilled();
+        for (const [name, ok, message] of [["A", true, "Uygulandı"], ["Film", false, "Klip yok"]]) {
+            objects.toast("", OrvexToast.Info, 0);
+            click(name);
+            compare(status(), "FİNAL CUT’A UYGULANIYOR");
+            compare(cards().filter(item => item.usable).map(item => named(item, "apply").title).sort(), ["UYGULA", "UYGULA", "UYGULANIYOR…"]);
+            compare(named(card(name), "apply").title, "UYGULANIYOR…");
+            verify(!named(card("LUT Pack 03"), "apply").enabled);
+            tryVerify(() => objects.answerLUTRequest(ok, message));
+            tryCompare(page().applyBridge, "activePath", "");
+            compare(objects.state.toast.message, message);
+            compare(objects.state.toast.kind, ok ? OrvexToast.Success : OrvexToast.Error);
+            compare(named(card(name), "apply").title, "UYGULA");
+        }
+        verify(!named(panel, "preparationError").visible);
+    }
+
+    function test_says_on_the_page_why_nothing_could_be_handed_over() {
+        openFilled();
+        objects.launchError = "Yardımcı başlatılamadı.";
+        click("A");
+        const notice = named(panel, "preparationError");
+        tryVerify(() => notice.visible);
+        compare(notice.title, "LUT uygulanamadı");
+        compare(notice.message, "Yardımcı başlatılamadı.");
+        compare(page().applyBridge.activePath, "");
+        objects.launchError = "";
+        click("A");
+        verify(!notice.visible);
+        // Gone in the middle of it.
+        objects.state.activePage = OrvexPages.byId("home");
+        tryVerify(() => objects.answerLUTRequest(true, "Geç"));
+    }
+
+    function test_compares_with_the_original() {
+        openFilled();
+        const picture = named(card("A"), "picture");
+        mousePress(picture, 40, 20);
+        compare(picture.split, 1);
+        mouseMove(picture, picture.width / 2, 20);
+        fuzzyCompare(picture.split, 0.5, 0.01);
+        mouseRelease(picture, picture.width / 2, 20);
+        compare(picture.split, 0);
+        named(card("A"), "apply").forceActiveFocus(Qt.TabFocusReason);
+        keyPress(Qt.Key_Shift);
+        compare(picture.split, 1);
+        keyRelease(Qt.Key_Shift);
+        compare(picture.split, 0);
+    }
+
+    function test_keyboard() {
+        openFilled();
+        page().forceActiveFocus();
+        keyClick("g");
+        keyClick("e");
+        compare(named(panel, "search").text, "ge");
+        keyClick(Qt.Key_Down);
+        verify(named(card("A"), "apply").visualFocus);
+        keyClick(Qt.Key_Right);
+        verify(named(card("LUT Pack 03"), "apply").visualFocus);
+        keyClick(Qt.Key_Return);
+        compare(page().applyBridge.activePath, card("LUT Pack 03").path);
+    }
+
+    function test_fits_data() {
+        return [[1040, 780], [700, 780], [360, 640], [320, 320]].map(([width, height]) => ({ tag: width + " × " + height, width: width, height: height }));
+    }
+    function test_fits(data) {
+        openFilled(data.width, data.height);
+        const content = named(panel, "content");
+        for (const item of cards().concat(cards().map(item => named(item, "reveal")), named(panel, "search"))) {
+            const left = item.mapToItem(content, 0, 0).x;
+            verify(left >= 16 && left + item.width <= content.width - 16);
+        }
+    }
+}
