@@ -36,6 +36,7 @@ TEST(SemanticVersion, Compares) {
       // A numeric character belongs to the digits even where it makes no number of them.
       {u"1½.2", u"0.2", 0},
       {u"٣", u"0", 0},
+      {u"5五.2", u"0.2", 0},
       {u"5\U0001D7D8", u"0", 0},
       {u"5\U0001F600", u"5", 0},
   };
