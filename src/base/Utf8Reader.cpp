@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace orvex {
 namespace {
@@ -22,10 +23,45 @@ std::size_t cutAtEnd(QByteArrayView bytes) {
   return 0;
 }
 
+// The first lines of a text that comes in pieces.
+class FirstLines {
+ public:
+  explicit FirstLines(int maximumLines) : left_(maximumLines) {}
+
+  void add(QByteArrayView piece) {
+    if (complete_) return;
+    const QByteArrayView fitting =
+        piece.first(std::min(piece.size(), Utf8Reader::kHeaderSize - text_.size()));
+    qsizetype end = 0;
+    while (left_ > 0 && end < fitting.size()) {
+      const qsizetype newline = fitting.indexOf('\n', end);
+      lineHasText_ = lineHasText_ || newline != end;
+      if (newline >= 0 && std::exchange(lineHasText_, false)) --left_;
+      end = newline < 0 ? fitting.size() : newline + 1;
+    }
+    text_.append(fitting.first(end));
+    complete_ = left_ == 0 || fitting.size() < piece.size();
+  }
+
+  // `isAll`: no text followed that did not fit.
+  [[nodiscard]] QByteArray take(bool isAll) {
+    if (left_ > 0 && !isAll) text_.truncate(text_.lastIndexOf('\n') + 1);
+    if (text_.startsWith("\xEF\xBB\xBF")) text_.remove(0, 3);
+    return std::move(text_);
+  }
+
+ private:
+  QByteArray text_;
+  int left_;
+  bool lineHasText_ = false;
+  bool complete_ = false;
+};
+
 }  // namespace
 
 std::expected<QByteArray, Utf8Reader::Failure> Utf8Reader::header(int file,
-                                                                  const std::stop_token& stop) {
+                                                                  const std::stop_token& stop,
+                                                                  int maximumLines) {
   const auto notUtf8 = std::unexpected(Failure::NotUtf8);
   struct stat status {};
   if (::fstat(file, &status) != 0 || !S_ISREG(status.st_mode))
@@ -33,7 +69,7 @@ std::expected<QByteArray, Utf8Reader::Failure> Utf8Reader::header(int file,
   // A file with holes can be far larger than the disk. Holes read as zeros, which are characters.
   const bool sparse = off_t{status.st_blocks} * 512 < status.st_size;
 
-  QByteArray header;
+  FirstLines header(maximumLines);
   off_t offset = 0;
   // Bytes at the beginning of the buffer that belong to the next piece.
   std::size_t held = 0;
@@ -59,16 +95,13 @@ std::expected<QByteArray, Utf8Reader::Failure> Utf8Reader::header(int file,
     const std::size_t cut = cutAtEnd(piece);
     const QByteArrayView whole = piece.chopped(static_cast<qsizetype>(cut));
     if (!whole.isValidUtf8()) return notUtf8;
-    if (header.size() < kHeaderSize)
-      header.append(whole.first(std::min(whole.size(), kHeaderSize - header.size())));
+    header.add(whole);
     std::copy(whole.end(), piece.end(), buffer_.begin());
     held = cut;
     offset += count;
   }
   if (held > 0) return notUtf8;
-  if (status.st_size > kHeaderSize) header.truncate(header.lastIndexOf('\n') + 1);
-  if (header.startsWith("\xEF\xBB\xBF")) header.remove(0, 3);
-  return header;
+  return header.take(status.st_size <= kHeaderSize);
 }
 
 }  // namespace orvex

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <expected>
+#include <limits>
 #include <stop_token>
 #include <vector>
 
@@ -24,13 +25,18 @@ class Utf8Reader {
     Stopped,
   };
 
-  Utf8Reader() : buffer_(static_cast<std::size_t>(kHeaderSize)) {}
+  Utf8Reader() : buffer_(kPieceSize) {}
 
-  /// The regular file open in `file`, or, if it is larger than `kHeaderSize`, its first whole lines
-  /// that fit; without a byte order mark. The file is read to the size it has now.
-  [[nodiscard]] std::expected<QByteArray, Failure> header(int file, const std::stop_token& stop);
+  /// The regular file open in `file`, or its first `maximumLines` lines that are not empty, or,
+  /// where these are larger than `kHeaderSize`, the first whole lines that fit; without a byte
+  /// order mark. The file is read to the size it has now.
+  [[nodiscard]] std::expected<QByteArray, Failure> header(
+      int file, const std::stop_token& stop, int maximumLines = std::numeric_limits<int>::max());
 
  private:
+  // What has just been copied from the disk cache is looked at while it is in the processor's.
+  static constexpr std::size_t kPieceSize = std::size_t{64} * 1024;
+
   std::vector<char> buffer_;
 };
 

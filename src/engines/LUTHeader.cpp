@@ -5,8 +5,6 @@
 namespace orvex {
 namespace {
 
-constexpr int kHeaderLines = 80;
-
 struct SizeLine {
   QLatin1StringView keyword;
   QLatin1StringView prefix;
@@ -35,7 +33,7 @@ bool isHorizontalSpace(QChar c) {
 LUTHeader LUTHeader::parse(const QByteArray& text) {
   LUTHeader header;
   int lines = 0;
-  for (qsizetype begin = 0; begin < text.size() && lines < kHeaderLines;) {
+  for (qsizetype begin = 0; begin < text.size() && lines < kLines;) {
     qsizetype end = text.indexOf('\n', begin);
     if (end < 0) end = text.size();
     const QByteArrayView bytes = QByteArrayView(text).sliced(begin, end - begin);

@@ -13,7 +13,10 @@ struct LUTHeader {
   /// "3D <n>" or "1D <n>" with the number as written, or "CUBE" when nothing says so.
   QString dimension = QStringLiteral("CUBE");
 
-  /// Reads the first 80 lines that are not empty of a text in UTF-8.
+  /// Of those that are not empty; what follows is the table.
+  static constexpr int kLines = 80;
+
+  /// Reads the first `kLines` lines that are not empty of a text in UTF-8.
   [[nodiscard]] static LUTHeader parse(const QByteArray& text);
 
   friend bool operator==(const LUTHeader&, const LUTHeader&) = default;

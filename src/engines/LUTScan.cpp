@@ -91,7 +91,7 @@ class Scan {
     }
     // What is read counts for the file that was opened, whatever was there before.
     found.toRead = FileIdentity::of(status);
-    const auto text = reader.header(file.get(), control_.stop);
+    const auto text = reader.header(file.get(), control_.stop, LUTHeader::kLines);
     if (text)
       found.header = LUTHeader::parse(*text);
     else if (text.error() != Utf8Reader::Failure::NotUtf8)

@@ -10,6 +10,7 @@
 #include <cstdio>
 
 Q_IMPORT_QML_PLUGIN(OrvexPlugin)
+Q_IMPORT_QML_PLUGIN(Orvex_LibraryPlugin)
 Q_IMPORT_QML_PLUGIN(Orvex_PagesPlugin)
 Q_IMPORT_QML_PLUGIN(Orvex_SpeedPlugin)
 

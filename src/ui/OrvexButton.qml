@@ -25,7 +25,8 @@ OrvexPressable {
     }
     contentItem: Item {
         implicitHeight: Math.max(symbol.visible ? symbol.implicitHeight : 0, label.implicitHeight)
-        implicitWidth: (symbol.visible ? symbol.implicitWidth : 0) + row.spacing + Math.ceil(label.implicitWidth)
+        // Not the row's, which follows the room that there is.
+        implicitWidth: Math.ceil(label.implicitWidth) + row.spacing + (symbol.visible ? symbol.implicitWidth : 0)
 
         Row {
             id: row

@@ -10,10 +10,10 @@ namespace {
 
 using Failure = Utf8Reader::Failure;
 
-std::expected<QByteArray, Failure> read(const QByteArray& path) {
+std::expected<QByteArray, Failure> read(const QByteArray& path, int lines = 1000) {
   const FileDescriptor file(::open(path.constData(), O_RDONLY | O_NONBLOCK));
   Utf8Reader reader;
-  return reader.header(file.get(), {});
+  return reader.header(file.get(), {}, lines);
 }
 
 constexpr qsizetype kPiece = Utf8Reader::kHeaderSize;
@@ -53,6 +53,14 @@ TEST(Utf8Reader, ChecksEveryByte) {
     else
       EXPECT_TRUE(header == std::unexpected(Failure::NotUtf8));
   }
+}
+
+TEST(Utf8Reader, KeepsNoMoreLinesThanAskedFor) {
+  const TemporaryTree tree;
+  const QByteArray wide(100'000, 'x');
+  tree.file("x", "\n\n" + wide + "\r\n\n" + wide + "\nc\n" + QByteArray(2 * kPiece, 'x'));
+  EXPECT_TRUE(read(tree.path("x"), 2) == "\n\n" + wide + "\r\n\n" + wide + "\n");
+  EXPECT_TRUE(read(tree.path("x"), 4) == "\n\n" + wide + "\r\n\n" + wide + "\nc\n");
 }
 
 // A character of several bytes across the border of two pieces, in every position.

@@ -1,3 +1,4 @@
+#include "base/FileUrl.h"
 #include "engines/FolderBookmarkStore.h"
 #include "engines/FxPlugRegistry.h"
 #include "engines/LUTRegistry.h"
@@ -99,10 +100,22 @@ TEST_F(FolderRegistryTest, GoesThroughItsStates) {
   EXPECT_EQ(luts.health(), EngineHealth::Empty);
   ASSERT_TRUE(finish(luts));
   EXPECT_EQ(luts.health(), EngineHealth::Ready);
-  // The next panel finds it again.
+  // What is dropped is as good as what was chosen: the next panel finds it again.
+  const TemporaryTree dropped;
+  dropped.file("\xFF/x.cube");
+  const QUrl raw = fileUrl(dropped.path("\xFF"));
+  for (const QUrl& no : {fileUrl(tree.path("a.cube")), fileUrl(tree.path("none")),
+                         QUrl(u"https://example.com/"_qs)}) {
+    EXPECT_TRUE(luts.useFolder(no).contains(u"bir klasör değil"));
+    EXPECT_EQ(luts.rootURL(), url(tree));
+  }
+  EXPECT_EQ(luts.useFolder(fileUrl(dropped.path("\xFF/"))), QString());
+  ASSERT_TRUE(finish(luts));
   const LUTRegistry next(store);
   ASSERT_TRUE(finish(next));
+  EXPECT_EQ(next.rootURL(), raw);
   EXPECT_EQ(next.items(), luts.items());
+  EXPECT_EQ(luts.useFolder(url(tree)), QString());
 
   std::filesystem::remove_all(tree.root().toStdString());
   luts.scan();

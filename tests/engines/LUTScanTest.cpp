@@ -70,20 +70,15 @@ TEST_F(LUTScan, SortsByNameAsTheLanguageDoes) {
             u"a/CAM.cube cam.cube z/cam.cube Çam.cube Ilık.cube ışık.cube İnce.cube zil.cube");
 }
 
-TEST_F(LUTScan, RemovesTheRootsPathWhereverItOccurs) {
+TEST_F(LUTScan, MakesIdsAndNamesOfRawPaths) {
   const QByteArray root = tree.root();
-  tree.file("in" + root + "/x.cube");
-  tree.file("in" + root + "x/y.cube");
-  EXPECT_EQ(ids(), QString::fromUtf8("inx.cube in" + root + "x/y.cube"));
-}
-
-TEST_F(LUTScan, KeepsNamesThatAreNotUtf8) {
-  tree.file("\xFF/\xE7.cube", "LUT_3D_SIZE 2\n");
-  const auto items = scan(tree.root()).items;
-  ASSERT_EQ(items.size(), 1);
-  EXPECT_EQ(items[0].name, u"\uFFFD");
-  EXPECT_EQ(items[0].dimension, u"3D 2");
-  EXPECT_EQ(filePath(items[0].fileURL), tree.path("\xFF/\xE7.cube"));
+  for (const QByteArray& file :
+       {"in" + root + "/x.cube", "in" + root + "x/y.cube", QByteArray("\xFF/\xE7.cube")})
+    tree.file(file, "LUT_3D_SIZE 2\n");
+  EXPECT_EQ(ids(), QString::fromUtf8("inx.cube in" + root + "x/y.cube \uFFFD/\uFFFD.cube"));
+  const LUTItem raw = scan(root).items.last();
+  EXPECT_EQ(raw.dimension, u"3D 2");
+  EXPECT_EQ(filePath(raw.fileURL), tree.path("\xFF/\xE7.cube"));
 }
 
 TEST_F(LUTScan, FailsOnlyWhenTheRootCannotBeAskedFor) {

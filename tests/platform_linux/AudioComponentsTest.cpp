@@ -1,5 +1,5 @@
 #include "Lv2Bundles.h"
-#include "platform/SystemLog.h"
+#include "engines/ScriptedAccess.h"
 #include "platform/linux/Lv2AudioComponents.h"
 
 #include <future>
@@ -8,12 +8,6 @@
 using namespace orvex;
 
 namespace {
-
-class Lines final : public SystemLog {
- public:
-  void line(const QString& text) override { lines.append(text); }
-  QStringList lines;
-};
 
 class Lv2Effects : public testing::Test {
  protected:
@@ -34,7 +28,7 @@ class Lv2Effects : public testing::Test {
   }
 
   const Lv2Bundles bundles_;
-  const std::shared_ptr<Lines> log_ = std::make_shared<Lines>();
+  const std::shared_ptr<RecordedLog> log_ = std::make_shared<RecordedLog>();
   Lv2AudioComponents components_{QString::fromUtf8(LV2_PROGRAM), log_};
 };
 
@@ -199,7 +193,7 @@ TEST_F(Lv2Effects, PathsAreSearchedInOrderAndOddEntriesPassedOver) {
   EXPECT_TRUE(log_->lines.isEmpty()) << qPrintable(log_->lines.join(u'|'));
 }
 
-TEST_F(Lv2Effects, AStopEndsAListThatHangs) {
+TEST_F(Lv2Effects, AStopEndsAListThatHangsAndAMissingProgramIsLogged) {
   addGood(u"First"_qs);
   bundles_.add(u"Hangs"_qs, "urn:hangs", " .");
   const QString data = bundles_.path(u"Hangs.lv2/p.ttl"_qs);
@@ -212,11 +206,9 @@ TEST_F(Lv2Effects, AStopEndsAListThatHangs) {
   EXPECT_EQ(listed.wait_for(300ms), std::future_status::timeout);
   stop.request_stop();
   EXPECT_EQ(listed.wait_for(5s), std::future_status::ready);
-}
 
-TEST_F(Lv2Effects, WithoutItsProgramTheListIsEmptyAndTheLogSaysSo) {
   EXPECT_TRUE(Lv2AudioComponents(u"/nonexistent/orvex-lv2"_qs, log_).effects({}).isEmpty());
-  EXPECT_EQ(log_->lines.size(), 1);
+  EXPECT_EQ(log_->lines.size(), 1) << "without its program the list is empty, and the log says so";
 }
 
 }  // namespace

@@ -148,22 +148,14 @@ TEST_F(FolderChoosing, ThePortalIsAskedForOneFolderInItsWords) {
 TEST_F(FolderChoosing, WhateverElseThePortalAnswersIsNoFolder) {
   const auto uris = [](const QStringList& list) { return QVariantMap{{kUris, list}}; };
   const QStringList folder{u"file:///tmp"_qs};
-  const QVariantList responses[] = {
-      {1U, QVariantMap()},
-      {1U, uris(folder)},
-      {7U, uris(folder)},
-      {0U, QVariantMap()},
-      {0U, uris({folder[0], folder[0]})},
-      {0U, uris({u"sftp://elsewhere/tmp"_qs})},
-      {0U, uris({u"file://elsewhere/tmp"_qs})},
-      {0U, uris({u"file:///tmp%00"_qs})},
-      {0U, uris({u"/tmp"_qs})},
-      {0U, QVariantMap{{kUris, 3}}},
-      {0, uris(folder)},
-      {0U, folder},
-      {},
-  };
-  for (std::size_t i = 0; i < std::size(responses); ++i) {
+  QList<QVariantList> responses{{}, {0U, folder}, {0, uris(folder)}, {0U, QVariantMap{{kUris, 3}}}};
+  for (const uint code : {1U, 7U}) responses.append({code, uris(folder)});
+  for (const QStringList& list :
+       {QStringList(), QStringList{folder[0], folder[0]}, QStringList{u"sftp://elsewhere/tmp"_qs},
+        QStringList{u"file://elsewhere/tmp"_qs}, QStringList{u"file:///tmp%00"_qs},
+        QStringList{u"/tmp"_qs}})
+    responses.append({0U, uris(list)});
+  for (qsizetype i = 0; i < responses.size(); ++i) {
     Portal portal;
     choose();
     ASSERT_TRUE(asked(portal)) << i;

@@ -5,6 +5,7 @@
 #include "engines/LUTRegistry.h"
 #include "engines/MotionTemplateRegistry.h"
 #include "host/FinalCutHostAdapter.h"
+#include "platform/AudioComponents.h"
 #include "platform/HostRuntime.h"
 #include "platform/SystemLog.h"
 #include "platform/Workspace.h"
@@ -17,6 +18,8 @@
 #include <QAbstractItemModelTester>
 #include <QMetaProperty>
 #include <QUrl>
+
+#include <atomic>
 
 namespace orvex {
 
@@ -99,6 +102,8 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
     return static_cast<int>(std::ranges::count_if(
         requests, [&](const auto& request) { return request.target.startsWith(path.toUtf8()); }));
   }
+  /// From the next refresh on, the system has one audio effect.
+  Q_INVOKABLE void installEffect() { effects_->installed = true; }
   Q_INVOKABLE void toast(const QString& message, int kind, double duration) {
     state_->showToast(message, static_cast<OrvexToast::Kind>(kind), duration);
   }
@@ -109,6 +114,23 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
     std::shared_ptr<FCPXHost> hostSingleton() override { return host_; }
 
     std::shared_ptr<BuiltInHost> host_ = std::make_shared<BuiltInHost>();
+  };
+
+  class Effects final : public AudioComponents {
+   public:
+    QList<AudioComponent> effects(const std::stop_token&) override {
+      if (!installed) return {};
+      AudioComponent effect;
+      effect.name = QStringLiteral("Yankı");
+      effect.manufacturerName = QStringLiteral("Kurgu Ses");
+      effect.versionString = QStringLiteral("2.4");
+      effect.typeName = QStringLiteral("Delay Plugin");
+      effect.passesValidation = true;
+      effect.manufacturer = 0x4B75'7267;  // "Kurg"
+      effect.subType = 7;
+      return {effect};
+    }
+    std::atomic<bool> installed = false;
   };
 
   bool open(const QUrl& url) override {
@@ -128,7 +150,8 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
   std::shared_ptr<OrvexState> state_ = std::make_shared<OrvexState>(cloud_.services());
   NoFolders folders_;
   MotionTemplateRegistry motion_{folders_.bookmarks()};
-  AudioUnitRegistry audio_{std::make_shared<NoAudio>()};
+  std::shared_ptr<Effects> effects_ = std::make_shared<Effects>();
+  AudioUnitRegistry audio_{effects_};
   LUTRegistry luts_{folders_.bookmarks()};
   FxPlugRegistry fxplug_{folders_.bookmarks()};
   BuiltInRuntime runtime_;

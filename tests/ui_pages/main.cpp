@@ -1,3 +1,4 @@
+#include "LibraryFiles.h"
 #include "PanelObjects.h"
 
 #include <QLocale>
@@ -6,6 +7,7 @@
 #include <QtQuickTest>
 
 Q_IMPORT_QML_PLUGIN(OrvexPlugin)
+Q_IMPORT_QML_PLUGIN(Orvex_LibraryPlugin)
 Q_IMPORT_QML_PLUGIN(Orvex_PagesPlugin)
 Q_IMPORT_QML_PLUGIN(Orvex_SpeedPlugin)
 
@@ -17,6 +19,7 @@ class Setup final : public QObject {
     // Numbers are written the same in every language, also in one with decimal commas.
     QLocale::setDefault(QLocale(QLocale::Turkish));
     qmlRegisterType<orvex::PanelObjects>("Orvex.Test", 1, 0, "PanelObjects");
+    qmlRegisterType<orvex::LibraryFiles>("Orvex.Test", 1, 0, "LibraryFiles");
   }
   void qmlEngineAvailable(QQmlEngine* engine) {
     engine->addImportPath(QStringLiteral("qrc:/qt/qml"));

@@ -1,17 +1,53 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
-import QtQuick.Layouts
 import Orvex
+import Orvex.Library
 
 // The FxPlug bundles found.
-OrvexScrollPage {
+LibraryPage {
     id: page
 
     required property FxPlugRegistry registry
 
-    OrvexSectionTitle {
-        Layout.fillWidth: true
-        eyebrow: "ORVEX FXPLUG"
-        title: "FxPlug Registry"
-        subtitle: "Seçilen FxPlug root içindeki gerçek bundle envanteri"
+    signal revealFile(file: url)
+
+    accessMessage: "Örn. /Library/Plug-Ins/FxPlug veya ~/Library/Plug-Ins/FxPlug klasörünü seçebilirsin."
+    accessTitle: "FxPlug klasörüne erişim gerekli"
+    chooseTitle: "FxPlug klasörünü seç"
+    emptyIcon: "shippingbox.fill"
+    emptyMessage: "Seçilen root altında okunabilir plug-in bundle bulunamadı."
+    emptyTitle: "Bundle bulunamadı"
+    eyebrow: "ORVEX FXPLUG"
+    folder: page.registry
+    placeholder: "FxPlug ara…"
+    refreshTitle: "FxPlug registry yenile"
+    subtitle: "Seçilen FxPlug root içindeki gerçek bundle envanteri"
+    summary: page.folder.summary
+    title: "FxPlug Registry"
+    unit: "bundle"
+    onRefresh: page.folder.scan()
+
+    items: FxPlugModel {
+        registry: page.registry
+    }
+
+    cards: LibraryCard {
+        required property int index
+        required property string name
+        required property string bundleIdentifier
+        required property string version
+        required property url fileURL
+
+        current: index === page.currentIndex
+        detail: version + " · " + bundleIdentifier
+        height: page.cardHeight
+        icon: "shippingbox.fill"
+        label: "FINDER"
+        title: name
+        width: page.cardWidth
+
+        onClicked: page.revealFile(fileURL)
+        onTouched: page.select(index)
     }
 }

@@ -116,6 +116,8 @@ Item {
 
         OrvexMotionView {
             registry: view.motion
+            onRefused: reason => view.state.showToast(reason, OrvexToast.Error, 5.0)
+            onRevealFile: file => view.desktop.reveal(file)
         }
     }
 
@@ -124,6 +126,7 @@ Item {
 
         OrvexAudioView {
             registry: view.audio
+            onCopied: view.state.showToast("Audio Unit bilgileri kopyalandı.", OrvexToast.Success, 3.2)
         }
     }
 
@@ -141,6 +144,8 @@ Item {
 
         OrvexFxPlugView {
             registry: view.fxplug
+            onRefused: reason => view.state.showToast(reason, OrvexToast.Error, 5.0)
+            onRevealFile: file => view.desktop.reveal(file)
         }
     }
 

@@ -1,0 +1,120 @@
+#include "ui/library/TemplatePreviews.h"
+
+#include "base/FileUrl.h"
+#include "base/SmallFile.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <QPainter>
+#include <QPainterPath>
+#include <QQmlEngine>
+#include <QQuickAsyncImageProvider>
+#include <QRunnable>
+#include <QThreadPool>
+
+#include <atomic>
+#include <fcntl.h>
+
+namespace orvex {
+namespace {
+
+// A preview is some hundred points wide.
+constexpr qsizetype kMaximumBytes = qsizetype{8} * 1024 * 1024;
+constexpr qint64 kMaximumPixels = qint64{4} * 1024 * 1024;
+constexpr int kMaximumExtent = 512;
+// Of the corners, of a picture's height.
+constexpr double kRadius = 0.14;
+
+QImage read(const QByteArray& path) {
+  auto bytes = readSmallFile(AT_FDCWD, path, kMaximumBytes);
+  if (!bytes) return {};
+  QBuffer buffer(&*bytes);
+  buffer.open(QIODevice::ReadOnly);
+  QImageReader reader(&buffer, "png");
+  const QSize size = reader.size();
+  if (size.isEmpty() || qint64{size.width()} * size.height() > kMaximumPixels) return {};
+  return reader.read();
+}
+
+// The middle of `picture`, as large as fills `size`.
+QImage filled(const QImage& picture, QSize size) {
+  const QImage scaled =
+      picture.scaled(size, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
+  QImage result(size, QImage::Format_ARGB32_Premultiplied);
+  result.fill(Qt::transparent);
+  QPainter painter(&result);
+  painter.setRenderHint(QPainter::Antialiasing);
+  QPainterPath shape;
+  shape.addRoundedRect(result.rect(), kRadius * size.height(), kRadius * size.height());
+  painter.setClipPath(shape);
+  painter.drawImage(QPointF(size.width() - scaled.width(), size.height() - scaled.height()) / 2,
+                    scaled);
+  return result;
+}
+
+QImage nothing() {
+  QImage pixel(1, 1, QImage::Format_ARGB32_Premultiplied);
+  pixel.fill(Qt::transparent);
+  return pixel;
+}
+
+class Response final : public QQuickImageResponse, public QRunnable {
+ public:
+  Response(QByteArray path, QSize size) : path_(std::move(path)), size_(size) {
+    setAutoDelete(false);
+  }
+
+  void run() override {
+    // What has been scrolled out of view meanwhile is not worth the reading.
+    if (!cancelled_) picture_ = read(path_);
+    if (!picture_.isNull()) picture_ = filled(picture_, size_);
+    // Not an error, which would fill the log: an image of one clear pixel shows nothing.
+    if (picture_.isNull()) picture_ = nothing();
+    Q_EMIT finished();
+  }
+  void cancel() override { cancelled_ = true; }
+  [[nodiscard]] QQuickTextureFactory* textureFactory() const override {
+    return QQuickTextureFactory::textureFactoryForImage(picture_);
+  }
+
+ private:
+  const QByteArray path_;
+  const QSize size_;
+  std::atomic<bool> cancelled_ = false;
+  QImage picture_;
+};
+
+// An id is the generation and the path's bytes in base 64.
+class Provider final : public QQuickAsyncImageProvider {
+ public:
+  Provider() { threads_.setMaxThreadCount(2); }
+
+  QQuickImageResponse* requestImageResponse(const QString& id, const QSize& size) override {
+    const QByteArray path =
+        QByteArray::fromBase64(id.section(u'/', 1).toLatin1(), QByteArray::Base64UrlEncoding);
+    auto* response = new Response(path, size.boundedTo({kMaximumExtent, kMaximumExtent}));
+    threads_.start(response);
+    return response;
+  }
+
+ private:
+  QThreadPool threads_;
+};
+
+}  // namespace
+
+TemplatePreviews* TemplatePreviews::create(QQmlEngine* engine, QJSEngine*) {
+  engine->addImageProvider(QStringLiteral("template-previews"), new Provider);
+  return new TemplatePreviews;
+}
+
+QUrl TemplatePreviews::source(const QUrl& file, int generation) {
+  const QByteArray path = filePath(file);
+  if (path.isEmpty()) return {};
+  return QUrl(QStringLiteral("image://template-previews/%1/%2")
+                  .arg(generation)
+                  .arg(QString::fromLatin1(path.toBase64(QByteArray::Base64UrlEncoding |
+                                                         QByteArray::OmitTrailingEquals))));
+}
+
+}  // namespace orvex
