@@ -19,8 +19,8 @@ ColumnLayout {
     required property real scanTotal
     required property real skippedFolders
     required property string refreshTitle
-    /// Empty where there is no folder to choose.
     required property string chooseTitle
+    property bool choosable: true
     property bool refreshable: true
 
     /// There is room for titles on the buttons. Not from the own width: that changes while things are
@@ -81,7 +81,7 @@ ColumnLayout {
             name: status.chooseTitle
             objectName: "choose"
             title: status.wide ? status.chooseTitle : ""
-            visible: status.chooseTitle.length > 0
+            visible: status.choosable
 
             onClicked: status.choose()
         }
