@@ -15,6 +15,7 @@ PanelCase {
         objects.watchModel(grid.model);
         tryCompare(grid, "count", count, 20000);
         tryVerify(() => !objects.state.packsRefreshing);
+        tryVerify(() => count === 0 || allItems(grid, item => item.pack !== undefined).length > 0);
     }
 
     function card(name) {
