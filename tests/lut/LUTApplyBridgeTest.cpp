@@ -91,6 +91,7 @@ class Bridge : public testing::Test, public Workspace, public FolderAccess, publ
   }
 
   bool open(const QUrl&) override { return false; }
+  void reveal(const QUrl&, Revealed) override {}
   void launch(const QUrl& application, Launched launched) override {
     launches.append(application);
     QTimer::singleShot(0, &context, [this, launched = std::move(launched)] {
