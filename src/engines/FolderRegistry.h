@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Background.h"
+#include "base/Discard.h"
 #include "engines/EngineRegistry.h"
 #include "engines/Inventory.h"
 
@@ -134,11 +135,13 @@ class InventoryRegistry : public FolderRegistry {
 
  private:
   void beginScan(const QByteArray& root) final {
-    run<Inventory<Item>>([scanner = scanner_,
-                          root](const WorkControl& control) { return scanner(root, control, {}); },
-                         [this](Inventory<Item> found) { inventory_ = std::move(found); });
+    run<Inventory<Item>>(
+        [scanner = scanner_, root](const WorkControl& control) {
+          return scanner(root, control, {});
+        },
+        [this](Inventory<Item> found) { discard(std::exchange(inventory_, std::move(found))); });
   }
-  void clearItems() final { inventory_ = {}; }
+  void clearItems() final { discard(std::exchange(inventory_, {})); }
   [[nodiscard]] qint64 itemCount() const final { return inventory_.items.size(); }
 
   Scan scanner_;

@@ -62,7 +62,7 @@ TEST_F(LibraryModelTest, RowsStayAndGetOtherItems) {
                            {u"ab", Any, u"ab", 0},
                            {u"", Any, u"a b c ab", 0},
                            {u"", Title, u"a b c", -1},
-                           {u"a", Title, u"a b c", -1},
+                           {u"a", Title, u"a b", -1},
                            {u"b", Transition, u"ab", 0},
                            {u"x", Transition, u"", -1},
                            {u"", Any, u"a b c ab", -1}}) {

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
@@ -17,7 +19,7 @@ T.Popup {
     property bool sandboxSafe
 
     readonly property var rows: [["Üretici", details.manufacturer], ["Sürüm", details.version], ["Tür", details.typeName], ["Üretici kodu", details.codes[0]], ["Tür kodu", details.codes[1]], ["Alt tür kodu", details.codes[2]], ["Doğrulama", details.passesAUVal ? "Geçti" : "Geçmedi"], ["Sandbox", details.sandboxSafe ? "Güvenli" : "Güvenli değil"]]
-    readonly property string asText: [details.name].concat(details.rows.map(row => row[0] + ": " + row[1])).join("\n")
+    readonly property string asText: [details.name, ...details.rows.map(row => row[0] + ": " + row[1])].join("\n")
 
     signal copied
 

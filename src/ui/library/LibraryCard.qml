@@ -27,9 +27,10 @@ OrvexPressable {
         card.forceActiveFocus(Qt.TabFocusReason);
     }
 
-    Accessible.description: [card.detail].concat(Array.from(card.badges).map(badge => badge.text + (badge.holds ? ": var" : ": yok"))).join(", ")
+    Accessible.description: [card.detail, ...Array.from(card.badges).map(badge => badge.text + (badge.holds ? ": var" : ": yok"))].join(", ")
     Accessible.name: card.title
-    focusPolicy: card.current ? Qt.StrongFocus : Qt.ClickFocus
+    // What has the focus must not lose its place in the order of the Tab key.
+    focusPolicy: card.current || card.activeFocus ? Qt.StrongFocus : Qt.ClickFocus
     padding: 12
     // A view that keeps a card for later only stops drawing it.
     GridView.onPooled: card.visible = false
@@ -118,9 +119,10 @@ OrvexPressable {
             asynchronous: true
             objectName: "picture"
             source: card.picture
-            sourceSize: Qt.size(68 * Screen.devicePixelRatio, 42 * Screen.devicePixelRatio)
+            sourceSize.height: 42 * Screen.devicePixelRatio
+            sourceSize.width: 68 * Screen.devicePixelRatio
             // Until it is there, and for good where it cannot be shown, the icon speaks for the item.
-            visible: status === Image.Ready
+            visible: status === Image.Ready && implicitWidth > 1
         }
     }
 

@@ -29,23 +29,21 @@ void LibraryModel::show(QList<qsizetype> rows, const std::function<void()>& take
   const qsizetype first = take ? 0 : differing;
   if (!take && before == after && first == kept) return;
 
-  const auto exchange = [&] {
-    if (take) take();
-    rows_ = std::move(rows);
-  };
+  // What leaves or joins the rows does so while the others are as they were or as they will be.
   if (after < before) {
     beginRemoveRows({}, static_cast<int>(after), static_cast<int>(before - 1));
-    exchange();
+    rows_.resize(after);
     endRemoveRows();
-  } else if (after > before) {
-    beginInsertRows({}, static_cast<int>(before), static_cast<int>(after - 1));
-    exchange();
-    endInsertRows();
-  } else {
-    exchange();
   }
+  if (take) take();
+  rows_ = rows.first(kept);
   if (first < kept)
     Q_EMIT dataChanged(index(static_cast<int>(first)), index(static_cast<int>(kept - 1)));
+  if (after > before) {
+    beginInsertRows({}, static_cast<int>(before), static_cast<int>(after - 1));
+    rows_ = std::move(rows);
+    endInsertRows();
+  }
   Q_EMIT listChanged();
 }
 

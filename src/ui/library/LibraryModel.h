@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Discard.h"
+
 #include <QAbstractListModel>
 #include <QPointer>
 #include <QtQml/qqmlregistration.h>
@@ -64,7 +66,7 @@ class LibraryModel : public QAbstractListModel {
     const auto reload = [this, &source] {
       const QList<Item> latest = source.latest();
       if (latest.isSharedWith(source.items) || (latest.isEmpty() && source.items.isEmpty())) return;
-      replace([&] { source.items = latest; });
+      replace([&] { discard(std::exchange(source.items, latest)); });
     };
     if (registry != nullptr) connect(registry, &Registry::changed, this, reload);
     reload();

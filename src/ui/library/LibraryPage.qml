@@ -10,8 +10,9 @@ OrvexScrollPage {
 
     required property LibraryModel items
     required property engineSummary summary
-    /// Null where the inventory is not of a folder.
-    property FolderRegistry folder: null
+    /// The FolderRegistry; null where the inventory is not of a folder. The linter cannot follow the
+    /// registries to what they have in common.
+    property var folder: null
     property bool scanning: page.folder !== null && page.folder.scanning
     property alias cards: grid.delegate
     /// Stands beside the search field.
@@ -35,7 +36,7 @@ OrvexScrollPage {
     readonly property real cardWidth: grid.cardWidth
     readonly property real cardHeight: grid.cardHeight
     readonly property int currentIndex: grid.currentIndex
-    readonly property bool hasRoot: page.folder !== null && page.folder.rootURL.toString().length > 0
+    readonly property bool hasRoot: page.folder !== null && String(page.folder.rootURL).length > 0
     // A first scan says nothing of the folder until it has ended.
     property bool settled: !page.scanning
     readonly property string situation: {
@@ -75,7 +76,7 @@ OrvexScrollPage {
     }
 
     Shortcut {
-        sequences: [StandardKey.Find]
+        sequence: "Ctrl+F"
 
         onActivated: {
             field.forceActiveFocus(Qt.ShortcutFocusReason);
@@ -85,7 +86,7 @@ OrvexScrollPage {
 
     Shortcut {
         enabled: page.scanning === false
-        sequences: [StandardKey.Refresh]
+        sequence: "F5"
 
         onActivated: page.refresh()
     }
@@ -161,7 +162,7 @@ OrvexScrollPage {
     }
 
     LibraryStatus {
-        chooseTitle: page.chooseTitle
+        chooseTitle: page.situation === "access" ? "" : page.chooseTitle
         found: page.items.count
         refreshTitle: page.refreshTitle
         refreshable: page.folder === null || page.hasRoot
@@ -172,6 +173,7 @@ OrvexScrollPage {
         skippedFolders: page.folder !== null ? page.folder.skippedFolders : 0
         summary: page.summary
         unit: page.unit
+        wide: page.width >= 600
 
         onChoose: page.folder.chooseFolder()
         onRefresh: page.refresh()

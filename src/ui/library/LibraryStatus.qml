@@ -23,6 +23,10 @@ ColumnLayout {
     required property string chooseTitle
     property bool refreshable: true
 
+    /// There is room for titles on the buttons. Not from the own width: that changes while things are
+    /// being laid out, and a layout does not hear of what grows meanwhile.
+    required property bool wide
+
     readonly property string counted: {
         if (status.scanning)
             return status.scanTotal > 0 ? "Taranıyor: " + status.scanDone + " / " + status.scanTotal + " dosya" : status.scanDone > 0 ? "Taranıyor: " + status.scanDone + " girdi" : "Taranıyor…";
@@ -66,7 +70,7 @@ ColumnLayout {
             icon: "arrow.clockwise"
             name: status.refreshTitle
             objectName: "refresh"
-            title: status.width >= 560 ? status.refreshTitle : ""
+            title: status.wide ? status.refreshTitle : ""
             visible: status.refreshable
 
             onClicked: status.refresh()
@@ -76,7 +80,7 @@ ColumnLayout {
             icon: "folder.badge.plus"
             name: status.chooseTitle
             objectName: "choose"
-            title: status.width >= 560 ? status.chooseTitle : ""
+            title: status.wide ? status.chooseTitle : ""
             visible: status.chooseTitle.length > 0
 
             onClicked: status.choose()

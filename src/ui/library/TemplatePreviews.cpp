@@ -52,6 +52,12 @@ QImage filled(const QImage& picture, QSize size) {
   return result;
 }
 
+QImage nothing() {
+  QImage pixel(1, 1, QImage::Format_ARGB32_Premultiplied);
+  pixel.fill(Qt::transparent);
+  return pixel;
+}
+
 class Response final : public QQuickImageResponse, public QRunnable {
  public:
   Response(QByteArray path, QSize size) : path_(std::move(path)), size_(size) {
@@ -62,14 +68,13 @@ class Response final : public QQuickImageResponse, public QRunnable {
     // What has been scrolled out of view meanwhile is not worth the reading.
     if (!cancelled_) picture_ = read(path_);
     if (!picture_.isNull()) picture_ = filled(picture_, size_);
+    // Not an error, which would fill the log: an image of one clear pixel shows nothing.
+    if (picture_.isNull()) picture_ = nothing();
     Q_EMIT finished();
   }
   void cancel() override { cancelled_ = true; }
   [[nodiscard]] QQuickTextureFactory* textureFactory() const override {
     return QQuickTextureFactory::textureFactoryForImage(picture_);
-  }
-  [[nodiscard]] QString errorString() const override {
-    return picture_.isNull() ? QStringLiteral("no picture") : QString();
   }
 
  private:

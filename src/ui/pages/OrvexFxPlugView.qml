@@ -10,7 +10,7 @@ LibraryPage {
 
     required property FxPlugRegistry registry
 
-    signal reveal(file: url)
+    signal revealFile(file: url)
 
     accessMessage: "Örn. /Library/Plug-Ins/FxPlug veya ~/Library/Plug-Ins/FxPlug klasörünü seçebilirsin."
     accessTitle: "FxPlug klasörüne erişim gerekli"
@@ -23,10 +23,10 @@ LibraryPage {
     placeholder: "FxPlug ara…"
     refreshTitle: "FxPlug registry yenile"
     subtitle: "Seçilen FxPlug root içindeki gerçek bundle envanteri"
-    summary: page.registry.summary
+    summary: page.folder.summary
     title: "FxPlug Registry"
     unit: "bundle"
-    onRefresh: page.registry.scan()
+    onRefresh: page.folder.scan()
 
     items: FxPlugModel {
         registry: page.registry
@@ -47,7 +47,7 @@ LibraryPage {
         title: name
         width: page.cardWidth
 
-        onClicked: page.reveal(fileURL)
+        onClicked: page.revealFile(fileURL)
         onTouched: page.select(index)
     }
 }

@@ -15,7 +15,7 @@ LibraryPage {
     readonly property var kindNames: ["Tümü", "Effects", "Generators", "Titles", "Transitions"]
     readonly property var kindIcons: ["wand.and.stars", "square.3.layers.3d", "textformat", "rectangle.split.2x1"]
 
-    signal reveal(file: url)
+    signal revealFile(file: url)
 
     accessMessage: "Sandbox nedeniyle klasörü bir kez seç. Vantrelo Orvex güvenlik kapsamlı bookmark ile sonraki açılışlarda erişimi geri yükler."
     accessTitle: "Motion Templates erişimi gerekli"
@@ -29,10 +29,10 @@ LibraryPage {
     placeholder: "Template ara…"
     refreshTitle: "Motion Templates yenile"
     subtitle: "Gerçek .moef / .motn / .moti / .motr taraması"
-    summary: page.registry.summary
+    summary: page.folder.summary
     title: "Motion Template Registry"
     unit: "template"
-    onRefresh: page.registry.scan()
+    onRefresh: page.folder.scan()
 
     items: MotionTemplateModel {
         id: templates
@@ -67,7 +67,7 @@ LibraryPage {
         title: name
         width: page.cardWidth
 
-        onClicked: page.reveal(fileURL)
+        onClicked: page.revealFile(fileURL)
         onTouched: page.select(index)
     }
 }

@@ -119,7 +119,7 @@ Item {
         OrvexMotionView {
             registry: view.motion
             onRefused: reason => view.state.showToast(reason, OrvexToast.Error, 5.0)
-            onReveal: file => view.desktop.reveal(file)
+            onRevealFile: file => view.desktop.reveal(file)
         }
     }
 
@@ -149,7 +149,7 @@ Item {
         OrvexFxPlugView {
             registry: view.fxplug
             onRefused: reason => view.state.showToast(reason, OrvexToast.Error, 5.0)
-            onReveal: file => view.desktop.reveal(file)
+            onRevealFile: file => view.desktop.reveal(file)
         }
     }
 
