@@ -104,7 +104,8 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
   }
   /// Answers the request that the LUT bridge left, as the helper would. False while there is none.
   Q_INVOKABLE bool answerLUTRequest(bool ok, const QString& message) {
-    const QString folder = QFile::decodeName(ManagedLibrary::userPath()) + u"/Bridge Requests";
+    const QString folder =
+        QFile::decodeName(ManagedLibrary::userPath()) + QStringLiteral("/Bridge Requests");
     const QStringList requests = QDir(folder).entryList({QStringLiteral("request-*.plist")});
     QFile request(folder + u'/' + requests.value(0));
     if (requests.isEmpty() || !request.open(QIODevice::ReadOnly)) return false;

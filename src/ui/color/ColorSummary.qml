@@ -84,7 +84,7 @@ OrvexPanel {
         }
 
         Item {
-            Layout.fillWidth: !summary.wide
+            Layout.fillWidth: false
             Layout.preferredHeight: width * 9 / 16
             Layout.preferredWidth: 176
 

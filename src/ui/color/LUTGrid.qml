@@ -16,7 +16,7 @@ OrvexCardGrid {
     signal reveal(file: url)
 
     // A picture of 16 by 9 between the paddings, and what stands below it.
-    cardHeight: Math.round((cardWidth - 20) * 9 / 16) + 108
+    cardHeight: Math.round((cardWidth - 20) * 9 / 16) + 100
     minimumWidth: 186
 
     delegate: LUTCard {
