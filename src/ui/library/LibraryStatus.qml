@@ -100,13 +100,16 @@ ColumnLayout {
     }
 
     // Keeps its place, so that a scan moves nothing.
-    OrvexProgressBar {
+    Item {
         Layout.fillWidth: true
         Layout.preferredHeight: 3
-        done: status.scanDone
-        objectName: "progress"
-        opacity: status.scanning ? 1 : 0
-        total: status.scanTotal
-        visible: opacity > 0
+
+        OrvexProgressBar {
+            anchors.fill: parent
+            done: status.scanDone
+            objectName: "progress"
+            total: status.scanTotal
+            visible: status.scanning
+        }
     }
 }
