@@ -6,12 +6,16 @@
 #include "LutCommand.h"
 #include "LutsCommand.h"
 #include "MotionCommand.h"
+#include "PacksCommand.h"
+#include "ReleaseCommand.h"
+#include "RequestCommand.h"
 
 namespace orvex {
 
 const QList<Command>& allCommands() {
-  static const QList<Command> commands{lutsCommand(),  motionCommand(), fxPlugCommand(),
-                                       audioCommand(), lutCommand(),    hostCommand()};
+  static const QList<Command> commands{lutsCommand(),  motionCommand(),  fxPlugCommand(),
+                                       audioCommand(), lutCommand(),     releaseCommand(),
+                                       packsCommand(), requestCommand(), hostCommand()};
   return commands;
 }
 
@@ -26,7 +30,9 @@ QString helpText() {
              "  orvex --help | --version\n\n"
              "  --json   tablo yerine tek bir JSON belgesi yazdırır\n\n"
              "Ortam:\n"
-             "  ORVEX_HOST   builtin, builtin:RATE, mpv, mpv:SOCKET ya da none\n\n"
+             "  ORVEX_HOST      builtin, builtin:RATE, mpv, mpv:SOCKET ya da none\n"
+             "  ORVEX_SERVICE   servislerin https adresi\n"
+             "  ORVEX_CA_FILE   sistemdekilerin yanında güvenilecek sertifikalar (PEM)\n\n"
              "Çıkış kodu: 0 yapıldı, 1 yapılamadı, 2 yanlış kullanım.\n")
       .arg(commands);
 }

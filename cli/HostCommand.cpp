@@ -1,57 +1,26 @@
 #include "HostCommand.h"
 
+#include "HostConnection.h"
 #include "HostRequest.h"
 #include "Output.h"
-#include "host/FinalCutHostAdapter.h"
-#include "host/HostState.h"
 #include "host/Timecode.h"
-#include "platform/HostRuntime.h"
-#include "platform/Platform.h"
-#include "platform/SystemLog.h"
-#include "platform/hosts/HostChoice.h"
 #include "platform/hosts/MpvHost.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMetaProperty>
-#include <QTimer>
 
 #include <chrono>
-#include <optional>
 
 namespace orvex {
 namespace {
 
 using namespace std::chrono_literals;
 
-// Longer than a player may take to report itself, shorter than it may take to show a frame: a move
-// that the host gives up must not pass for one that ended.
-constexpr auto kConnectDeadline = MpvHost::kReportDeadline + 500ms;
+// Shorter than a player may take to show a frame: a move that the host gives up must not pass for
+// one that ended.
 constexpr auto kMoveDeadline = 3s;
 static_assert(kMoveDeadline < MpvHost::kSeekDeadline);
-
-// Keeps what the adapter reports, for printing.
-class ReportedState final : public HostState {
- public:
-  [[nodiscard]] const HostSnapshot& host() const override { return host_; }
-  void setHost(const HostSnapshot& snapshot) override { host_ = snapshot; }
-  void showHostNotice(const QString& message, Notice kind) override {
-    notice = message;
-    noticeKind = kind;
-  }
-
-  std::optional<QString> notice;
-  Notice noticeKind = Notice::Info;
-
- private:
-  HostSnapshot host_;
-};
-
-// What the panel writes to the system's log would be noise around this program's output.
-class NoLog final : public SystemLog {
- public:
-  void line(const QString&) override {}
-};
 
 void printSnapshot(const HostSnapshot& host, bool json) {
   if (json) {
@@ -88,20 +57,10 @@ void printSnapshot(const HostSnapshot& host, bool json) {
 class HostSession final : public QObject, private FCPXTimelineObserver {
  public:
   HostSession(const HostChoice& choice, HostRequest request, Finish finish, QObject& owner)
-      : QObject(&owner),
-        request_(std::move(request)),
-        finish_(std::move(finish)),
-        runtime_(makeHostRuntime(choice)),
-        platform_(makePlatform()),
-        adapter_(state_, *runtime_, platform_->workspace(), log_) {
+      : QObject(&owner), request_(std::move(request)), finish_(std::move(finish)), host_(choice) {
     deadline_.setSingleShot(true);
-    connect(&deadline_, &QTimer::timeout, this, &HostSession::handleDeadline);
-    connect(runtime_.get(), &HostRuntime::hostSingletonChanged, this, &HostSession::connectHost);
-    // Only a player may still be on its way.
-    if (choice.kind == HostChoice::Kind::Mpv && !runtime_->hostSingleton())
-      deadline_.start(kConnectDeadline);
-    else
-      connectHost();
+    connect(&deadline_, &QTimer::timeout, this, &HostSession::failToMove);
+    host_.start([this] { handleHost(); });
   }
 
   ~HostSession() override {
@@ -110,35 +69,34 @@ class HostSession final : public QObject, private FCPXTimelineObserver {
 
  private:
   // Also when the host went away in the middle: the adapter then says so.
-  void connectHost() {
+  void handleHost() {
     deadline_.stop();
-    adapter_.connect();
-    if (state_->notice) return fail();
+    if (host_.notice()) return fail();
     perform();
-    if (state_->notice && (request_.verb != HostRequest::Verb::Action ||
-                           state_->noticeKind == HostState::Notice::Error))
+    if (host_.notice() && (request_.verb != HostRequest::Verb::Action || host_.noticeIsError()))
       return fail();
     if (!observed_) return succeed();
-    wanted_ = state_->host().playheadSeconds;
+    wanted_ = host_.snapshot().playheadSeconds;
     deadline_.start(kMoveDeadline);
   }
 
   void perform() {
     using Verb = HostRequest::Verb;
-    if (request_.verb == Verb::Action) return adapter_.performTimelineAction(request_.action);
+    if (request_.verb == Verb::Action)
+      return host_.adapter().performTimelineAction(request_.action);
     if (request_.verb == Verb::Status) return;
-    before_ = state_->host().playheadSeconds;
-    observed_ = runtime_->hostSingleton();
+    before_ = host_.snapshot().playheadSeconds;
+    observed_ = host_.runtime().hostSingleton();
     observed_->timeline()->addTimelineObserver(this);
     switch (request_.verb) {
       case Verb::Start:
-        return adapter_.moveToStart();
+        return host_.adapter().moveToStart();
       case Verb::End:
-        return adapter_.moveToEnd();
+        return host_.adapter().moveToEnd();
       case Verb::Seconds:
-        return adapter_.moveBy(request_.seconds);
+        return host_.adapter().moveBy(request_.seconds);
       case Verb::Frames:
-        return adapter_.moveByFrames(request_.frames);
+        return host_.adapter().moveByFrames(request_.frames);
       case Verb::Status:
       case Verb::Action:
         break;
@@ -153,20 +111,12 @@ class HostSession final : public QObject, private FCPXTimelineObserver {
 
   void settled() {
     if (!finish_) return;
-    adapter_.refresh(QStringLiteral("command line"));
-    const double playhead = state_->host().playheadSeconds;
+    host_.adapter().refresh(QStringLiteral("command line"));
+    const double playhead = host_.snapshot().playheadSeconds;
     if (playhead == before_ && playhead != wanted_)
       failToMove();
     else
       succeed();
-  }
-
-  void handleDeadline() {
-    // Without a host, the adapter says so; with one, the move was not confirmed.
-    if (observed_)
-      failToMove();
-    else
-      connectHost();
   }
 
   void failToMove() {
@@ -177,29 +127,25 @@ class HostSession final : public QObject, private FCPXTimelineObserver {
   }
 
   void fail() {
-    printError(*state_->notice);
+    printError(*host_.notice());
     end(Failed);
   }
 
   void succeed() {
-    if (state_->notice && !request_.json) printLine(*state_->notice);
-    printSnapshot(state_->host(), request_.json);
+    if (host_.notice() && !request_.json) printLine(*host_.notice());
+    printSnapshot(host_.snapshot(), request_.json);
     end(Done);
   }
 
   void end(ExitCode code) {
     deadline_.stop();
-    runtime_->disconnect(this);
+    host_.stop();
     if (finish_) std::exchange(finish_, nullptr)(code);
   }
 
   HostRequest request_;
   Finish finish_;
-  NoLog log_;
-  std::shared_ptr<ReportedState> state_ = std::make_shared<ReportedState>();
-  std::unique_ptr<HostRuntime> runtime_;
-  std::unique_ptr<Platform> platform_;
-  FinalCutHostAdapter adapter_;
+  HostConnection host_;
   // Of a move: the host it is made on, where its playhead was and is to be, in seconds.
   std::shared_ptr<FCPXHost> observed_;
   double before_ = 0;

@@ -1,22 +1,16 @@
 #include "InventoryCommand.h"
 
-#include <QElapsedTimer>
 #include <QFile>
 
 #include <cerrno>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
-#include <mutex>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace orvex {
 namespace {
-
-// Often enough for the eye.
-constexpr qint64 kShowEveryMs = 100;
 
 // As the system names the folder; one that cannot be asked for is named as it was written.
 QByteArray absolutePath(const QByteArray& path) {
@@ -51,39 +45,6 @@ std::expected<InventoryRequest, QString> InventoryRequest::parse(const QString& 
   if (words.size() > 1) return wrongUsage(QStringLiteral("\"%1\" fazla.").arg(words[1]));
   request.folder = absolutePath(QFile::encodeName(words[0]));
   return request;
-}
-
-class TerminalProgress::State {
- public:
-  void show(Progress progress) {
-    const std::scoped_lock lock(mutex_);
-    if (timer_.isValid() && timer_.elapsed() < kShowEveryMs) return;
-    timer_.start();
-    if (progress.total > 0)
-      std::fprintf(stderr, "\r%lld / %lld\033[K", static_cast<long long>(progress.done),
-                   static_cast<long long>(progress.total));
-    else
-      std::fprintf(stderr, "\r%lld\033[K", static_cast<long long>(progress.done));
-    shown_ = true;
-  }
-
-  ~State() {
-    if (shown_) std::fputs("\r\033[K", stderr);
-  }
-
- private:
-  std::mutex mutex_;
-  QElapsedTimer timer_;
-  bool shown_ = false;
-};
-
-TerminalProgress::TerminalProgress()
-    : state_(::isatty(STDERR_FILENO) != 0 ? std::make_unique<State>() : nullptr) {}
-
-TerminalProgress::~TerminalProgress() = default;
-
-void TerminalProgress::show(Progress progress) {
-  if (state_) state_->show(progress);
 }
 
 // What the panel would show as an empty library needs a reason here: nobody chose the folder in a

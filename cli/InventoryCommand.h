@@ -2,6 +2,7 @@
 
 #include "Command.h"
 #include "Output.h"
+#include "TerminalProgress.h"
 #include "engines/Inventory.h"
 
 #include <QJsonArray>
@@ -22,22 +23,6 @@ struct InventoryRequest {
   /// Reads the arguments after the command's name; the error, in Turkish, says what can be written.
   [[nodiscard]] static std::expected<InventoryRequest, QString> parse(const QString& command,
                                                                       const QStringList& arguments);
-};
-
-/// Writes how far a scan is to standard error, if that is a terminal, and removes it at the end.
-/// Any thread.
-class TerminalProgress {
- public:
-  TerminalProgress();
-  ~TerminalProgress();
-  TerminalProgress(const TerminalProgress&) = delete;
-  TerminalProgress& operator=(const TerminalProgress&) = delete;
-
-  void show(Progress progress);
-
- private:
-  class State;
-  std::unique_ptr<State> state_;
 };
 
 /// Whether `folder` can be listed; otherwise says why on standard error.
@@ -61,7 +46,7 @@ void runInventory(const QString& command, const QStringList& arguments, const Fi
   if (!isListable(request->folder)) return finish(Failed);
   Inventory<Item> inventory;
   try {
-    TerminalProgress progress;
+    TerminalProgress progress(TerminalProgress::Unit::Items);
     inventory =
         scan(request->folder, {{}, [&progress](Progress latest) { progress.show(latest); }}, {});
   } catch (const DescribedError& error) {

@@ -1,11 +1,18 @@
 #include "Output.h"
 
 #include <QJsonDocument>
+#include <QLocale>
 
 #include <algorithm>
 #include <cstdio>
 
 namespace orvex {
+
+QString printable(QString text) {
+  for (QChar& c : text)
+    if (c.category() == QChar::Other_Control) c = QChar::ReplacementCharacter;
+  return text;
+}
 
 void printLine(const QString& text) {
   std::printf("%s\n", qUtf8Printable(text));
@@ -19,27 +26,26 @@ void printJson(const QJsonDocument& document) {
   std::fputs(document.toJson(QJsonDocument::Indented).constData(), stdout);
 }
 
+QString bytesText(qint64 bytes) {
+  return QLocale::c().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat);
+}
+
 void printTable(const QList<std::pair<QString, QString>>& rows) {
   qsizetype width = 0;
   for (const auto& [label, value] : rows) width = std::max(width, label.size());
   for (const auto& [label, value] : rows)
-    printLine(label.leftJustified(width) + QStringLiteral("  ") + value);
+    printLine(label.leftJustified(width) + QStringLiteral("  ") + printable(value));
 }
 
 void printColumns(const QList<QStringList>& rows) {
-  const auto shown = [](QString text) {
-    for (QChar& c : text)
-      if (c.category() == QChar::Other_Control) c = QChar::ReplacementCharacter;
-    return text;
-  };
   QList<qsizetype> widths(rows.value(0).size(), 0);
   for (const QStringList& row : rows)
     for (qsizetype i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], row[i].size());
   for (const QStringList& row : rows) {
     QString line;
     for (qsizetype i = 0; i + 1 < row.size(); ++i)
-      line += shown(row[i]).leftJustified(widths[i]) + QStringLiteral("  ");
-    printLine(line + shown(row.last()));
+      line += printable(row[i]).leftJustified(widths[i]) + QStringLiteral("  ");
+    printLine(line + printable(row.last()));
   }
 }
 

@@ -9,16 +9,20 @@ class QJsonDocument;
 
 namespace orvex {
 
+/// `text` with replacement characters for the control characters in it, which the names of files
+/// and what servers say may hold, and terminals obey.
+[[nodiscard]] QString printable(QString text);
 /// Writes `text` and a line break to standard output, as UTF-8.
 void printLine(const QString& text);
 /// Writes `text` and a line break to standard error, as UTF-8.
 void printError(const QString& text);
 /// Writes the document to standard output.
 void printJson(const QJsonDocument& document);
-/// Writes rows of a label and a value, the values in one column.
+/// A size as people read it, such as "12.3 MB".
+[[nodiscard]] QString bytesText(qint64 bytes);
+/// Writes rows of a label and a value, the values in one column and printable.
 void printTable(const QList<std::pair<QString, QString>>& rows);
-/// Writes rows of as many texts each, in columns as wide as they need. Control characters, which
-/// file names may hold and terminals obey, are shown as replacement characters.
+/// Writes rows of as many texts each, printable, in columns as wide as they need.
 void printColumns(const QList<QStringList>& rows);
 
 }  // namespace orvex

@@ -73,7 +73,7 @@ JsonReader::JsonReader(QJsonValue value, const JsonReader* parent, QStringView k
 QString JsonReader::path() const {
   if (parent_ == nullptr) return {};
   const QString parent = parent_->path();
-  if (index_ >= 0) return QStringLiteral("%1[%2]").arg(parent).arg(index_);
+  if (index_ >= 0) return parent + u'[' + QString::number(index_) + u']';
   QString key = key_.first(std::min(key_.size(), kShownKey)).toString();
   if (key.size() < key_.size()) key += u'…';
   return parent.isEmpty() ? key : parent + u'.' + key;

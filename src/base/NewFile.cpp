@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <tuple>
 
 namespace orvex {
 
@@ -28,6 +29,11 @@ void NewFile::write(QByteArrayView bytes) {
       throw FileError(QStringLiteral("yazılamadı"), folder_.path(), count == 0 ? EIO : errno);
     bytes = bytes.sliced(count);
   }
+}
+
+void NewFile::beginSync() const noexcept {
+  // Only a hint: what goes wrong, `sync` will tell.
+  std::ignore = ::sync_file_range(file_.get(), 0, 0, SYNC_FILE_RANGE_WRITE);
 }
 
 void NewFile::sync() {

@@ -15,6 +15,8 @@ class NewFile final {
   NewFile& operator=(const NewFile&) = delete;
 
   void write(QByteArrayView bytes);
+  /// Has the system begin to put on the disk what was written, so that `sync` waits less later.
+  void beginSync() const noexcept;
   /// Makes what was written durable.
   void sync();
   /// Ends the writing. A file or link called `name` is replaced; what the link leads to stays.

@@ -18,8 +18,8 @@ using Clock = std::chrono::steady_clock;
 
 constexpr long kMaximumRedirects = 5;
 // Of all answers on the way, redirects included.
-constexpr std::size_t kMaximumHeaderBytes = 256 * 1024;
-constexpr long kReceiveBufferBytes = 256 * 1024;
+constexpr std::size_t kMaximumHeaderBytes = 256 * 1024UL;
+constexpr long kReceiveBufferBytes = 256 * 1024L;
 // How often the clock is looked at while nothing happens; a stop wakes the wait itself.
 constexpr auto kTick = 100ms;
 

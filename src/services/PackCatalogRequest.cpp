@@ -12,7 +12,7 @@ using Kind = UniversalPackClientError::Kind;
 
 constexpr auto kTimeout = 20s;
 // Room for ten thousand packs of twenty files each.
-constexpr qint64 kMaximumBytes = 64 * 1024 * 1024;
+constexpr qint64 kMaximumBytes = qint64{64} * 1024 * 1024;
 
 }  // namespace
 

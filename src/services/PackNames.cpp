@@ -41,8 +41,10 @@ bool isAssetName(const QString& name) {
 }
 
 // The scheme of a parsed address is in lower case whatever it was.
-bool isDownloadAddress(const std::optional<QString>& url) {
-  return url && url->startsWith(u"https://") && QUrl(*url, QUrl::StrictMode).isValid();
+bool isDownloadAddress(const std::optional<QString>& text) {
+  if (!text || !text->startsWith(u"https:")) return false;
+  const QUrl url(*text, QUrl::StrictMode);
+  return url.isValid() && !url.host().isEmpty();
 }
 
 }  // namespace

@@ -72,11 +72,12 @@ void PackRoot::put(const QByteArray& hidden, const QByteArray& id) const {
   folder_.rename(id, aside);
   try {
     folder_.rename(hidden, id);
+    folder_.rename(aside, hidden);
   } catch (const FileError&) {
+    if (!folder_.has(hidden)) folder_.rename(id, hidden);
     folder_.rename(aside, id);
     throw;
   }
-  folder_.rename(aside, hidden);
 }
 
 }  // namespace orvex

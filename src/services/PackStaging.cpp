@@ -1,13 +1,19 @@
 #include "services/PackStaging.h"
 
 #include "base/FileError.h"
-#include "base/NewFile.h"
 #include "base/Sha256.h"
 #include "services/UniversalPackClientError.h"
 
 namespace orvex {
 
 using Kind = UniversalPackClientError::Kind;
+
+namespace {
+
+// Each is an open file, of which a process has few.
+constexpr std::size_t kMaximumPending = 64;
+
+}  // namespace
 
 PackStaging::Leftover::~Leftover() {
   try {
@@ -25,7 +31,7 @@ PackStaging::PackStaging(const Directory& root, const PackPlan& plan)
 
 void PackStaging::add(const UniversalPackAsset& asset, const PackFetch& fetch,
                       const std::function<void(qint64)>& taken) {
-  NewFile file(version_);
+  auto file = std::make_unique<NewFile>(version_);
   Sha256 digest;
   std::int64_t size = 0;
   fetch(asset, [&](QByteArrayView bytes) {
@@ -34,18 +40,28 @@ void PackStaging::add(const UniversalPackAsset& asset, const PackFetch& fetch,
       throw UniversalPackClientError(Kind::SizeMismatch, asset.file);
     size += bytes.size();
     digest.add(bytes);
-    file.write(bytes);
+    file->write(bytes);
     taken(bytes.size());
   });
   if (size != asset.bytes) throw UniversalPackClientError(Kind::SizeMismatch, asset.file);
   // In lower case, as the catalog must have it.
   if (QLatin1StringView(digest.finish().toHex()) != asset.sha256)
     throw UniversalPackClientError(Kind::HashMismatch, asset.file);
-  file.sync();
-  file.moveTo(asset.file.toUtf8());
+  file->beginSync();
+  pending_.emplace_back(std::move(file), asset.file.toUtf8());
+  if (pending_.size() == kMaximumPending) settle();
+}
+
+void PackStaging::settle() {
+  for (const auto& [file, name] : pending_) {
+    file->sync();
+    file->moveTo(name);
+  }
+  pending_.clear();
 }
 
 void PackStaging::finish(const QByteArray& record) {
+  settle();
   replaceDurably(version_, kPackRecordName, record);
   pack_.sync();
 }

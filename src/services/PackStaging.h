@@ -1,9 +1,13 @@
 #pragma once
 
 #include "base/FolderLock.h"
+#include "base/NewFile.h"
 #include "services/PackNames.h"
 
 #include <functional>
+#include <memory>
+#include <utility>
+#include <vector>
 
 namespace orvex {
 
@@ -30,6 +34,8 @@ class PackStaging final {
   void finish(const QByteArray& record);
 
  private:
+  void settle();
+
   struct Leftover {
     ~Leftover();
     const Directory& root;
@@ -40,6 +46,8 @@ class PackStaging final {
   Directory pack_;
   FolderLock lock_;
   Directory version_;
+  // Files that are complete while the disk still takes them in, and the names that they get.
+  std::vector<std::pair<std::unique_ptr<NewFile>, QByteArray>> pending_;
 };
 
 }  // namespace orvex

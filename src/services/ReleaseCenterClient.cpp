@@ -7,7 +7,7 @@ using namespace std::chrono_literals;
 
 constexpr auto kTimeout = 15s;
 // A manifest is a page of text at most.
-constexpr qint64 kMaximumBytes = 1024 * 1024;
+constexpr qint64 kMaximumBytes = qint64{1024} * 1024;
 
 QString describe(ReleaseCenterError::Kind kind, int code) {
   switch (kind) {

@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 
 constexpr auto kTimeout = 20s;
 // An identifier or a message.
-constexpr qint64 kMaximumBytes = 1024 * 1024;
+constexpr qint64 kMaximumBytes = qint64{1024} * 1024;
 
 QByteArray encode(const FeatureRequest& request) {
   const QJsonObject diagnostics{

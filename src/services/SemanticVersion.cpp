@@ -3,25 +3,27 @@
 #include <QString>
 
 #include <algorithm>
+#include <unicode/uchar.h>
+#include <unicode/utf16.h>
 
 namespace orvex {
 namespace {
 
-// Whether the character at `at`, which may be a pair, has a numeric property; moves past it if so.
-bool takeNumeric(QStringView text, qsizetype& at) {
-  const bool isPair =
-      at + 1 < text.size() && text[at].isHighSurrogate() && text[at + 1].isLowSurrogate();
-  const char32_t character =
-      isPair ? QChar::surrogateToUcs4(text[at], text[at + 1]) : text[at].unicode();
-  if (!QChar::isNumber(character)) return false;
-  at += isPair ? 2 : 1;
-  return true;
+// Where the characters end that have a numeric property, which letters such as "五" can have too.
+qsizetype numericPrefix(QStringView text) {
+  const qsizetype size = text.size();
+  const auto* const units = reinterpret_cast<const UChar*>(text.utf16());
+  for (qsizetype next = 0; next < size;) {
+    const qsizetype at = next;
+    UChar32 character = 0;
+    U16_NEXT(units, next, size, character);
+    if (u_getNumericValue(character) == U_NO_NUMERIC_VALUE) return at;
+  }
+  return size;
 }
 
 std::int64_t component(QStringView piece) {
-  qsizetype end = 0;
-  while (end < piece.size() && takeNumeric(piece, end)) continue;
-  const QStringView digits = piece.first(end);
+  const QStringView digits = piece.first(numericPrefix(piece));
   // Numbers of other scripts, fractions and the like have no say.
   if (!std::ranges::all_of(digits, [](QChar c) { return c >= u'0' && c <= u'9'; })) return 0;
   return digits.toLongLong();

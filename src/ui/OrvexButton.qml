@@ -26,7 +26,7 @@ OrvexPressable {
     contentItem: Item {
         implicitHeight: Math.max(symbol.visible ? symbol.implicitHeight : 0, label.implicitHeight)
         // Not the row's, which follows the room that there is.
-        implicitWidth: (symbol.visible ? symbol.implicitWidth : 0) + row.spacing + Math.ceil(label.implicitWidth)
+        implicitWidth: Math.ceil(label.implicitWidth) + row.spacing + (symbol.visible ? symbol.implicitWidth : 0)
 
         Row {
             id: row

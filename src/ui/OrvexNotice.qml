@@ -75,7 +75,6 @@ Rectangle {
             }
 
             OrvexTextButton {
-                Accessible.name: notice.actionTitle.length > 0 ? notice.actionTitle : notice.title
                 Layout.bottomMargin: -bottomPadding
                 Layout.fillWidth: true
                 Layout.maximumWidth: Math.ceil(implicitWidth)

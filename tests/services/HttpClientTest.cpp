@@ -30,7 +30,7 @@ std::optional<Kind> failureOf(Work work) {
     EXPECT_TRUE(error.description().contains(u"localhost")) << error.description();
     kind = error.kind();
   }
-  EXPECT_LT(std::chrono::steady_clock::now() - start, 5s);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 15s);
   return kind;
 }
 
@@ -178,27 +178,30 @@ TEST(HttpClient, EndsWhatAServerDoesWrong) {
        [](Peer& peer, const auto&) { peer.reply(302, {}, {"Location: /garbage"}); }, Kind::NotHttp,
        Kind::NotHttp},
   };
+  struct Clients {
+    explicit Clients(const HttpOptions& options) : sender(options), loader(options) {}
+    HttpClient sender;
+    HttpClient loader;
+  };
+  Clients patient(server.options());
+  Clients impatient(server.options(500ms));
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     const QByteArray path = '/' + QByteArray(row.name).replace(' ', '-');
     server.on(path, row.handler);
-    const HttpOptions options = server.options(row.sent == Kind::TimedOut ? 500ms : 20s);
+    auto& [sender, loader] = row.sent == Kind::TimedOut ? impatient : patient;
     auto sent = std::async(std::launch::async, [&] {
-      return failureOf([&] {
-        HttpClient client(options);
-        return fetch(client, server.url(path));
-      });
+      return failureOf([&] { return fetch(sender, server.url(path)); });
     });
     qint64 count = 0;
     struct Enough {};
     try {
       EXPECT_EQ(failureOf([&] {
-                  return HttpClient(options).download(server.url(path),
-                                                      [&](QByteArrayView bytes) {
-                                                        if ((count += bytes.size()) > 1'000'000)
-                                                          throw Enough();
-                                                      },
-                                                      {});
+                  return loader.download(server.url(path),
+                                         [&](QByteArrayView bytes) {
+                                           if ((count += bytes.size()) > 1'000'000) throw Enough();
+                                         },
+                                         {});
                 }),
                 row.downloaded);
     } catch (const Enough&) {
@@ -264,7 +267,7 @@ TEST(HttpClient, Stops) {
     EXPECT_THROW(std::ignore = client.download(
                      server.url(path), [](auto) {}, stop.get_token()),
                  Stopped);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, 5s);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 15s);
     EXPECT_THROW(std::ignore = fetch(client, server.url(path), stop.get_token()), Stopped);
   }
 }

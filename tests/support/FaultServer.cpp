@@ -9,7 +9,6 @@
 #include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
-#include <utility>
 
 namespace orvex {
 namespace {
@@ -74,6 +73,8 @@ void FaultServer::Peer::reset() {
 
 FaultServer::FaultServer(TestCertificate::Kind kind)
     : context_(SSL_CTX_new(TLS_server_method()), &SSL_CTX_free) {
+  // Whoever runs the tests may reach the rest of the world through a proxy.
+  qputenv("no_proxy", "localhost");
   const TestCertificate certificate = TestCertificate::make(kind);
   SSL_CTX_use_certificate(context_.get(), certificate.certificate.get());
   SSL_CTX_use_PrivateKey(context_.get(), certificate.key.get());
@@ -85,6 +86,7 @@ FaultServer::FaultServer(TestCertificate::Kind kind)
 
 void FaultServer::listen() {
   listener_ = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  ASSERT_GE(listener_, 0);
   constexpr int kOn = 1;
   ::setsockopt(listener_, SOL_SOCKET, SO_REUSEADDR, &kOn, sizeof kOn);
   sockaddr_in address{.sin_family = AF_INET,
@@ -157,9 +159,9 @@ FaultServer::Handler FaultServer::handlerOf(const QByteArray& target) const {
                          [](Peer& peer, const Request&) { peer.reply(404, "nothing here"); });
 }
 
-void FaultServer::on(const QByteArray& path, Handler handler) {
+void FaultServer::on(const QByteArray& path, const Handler& handler) {
   const std::scoped_lock lock(mutex_);
-  handlers_.insert(path, std::move(handler));
+  handlers_.insert(path, handler);
 }
 
 void FaultServer::answer(const QByteArray& path, int status, const QByteArray& body,

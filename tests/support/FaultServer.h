@@ -74,7 +74,7 @@ class FaultServer {
   FaultServer& operator=(const FaultServer&) = delete;
 
   /// Any time; what has no handler is answered with 404.
-  void on(const QByteArray& path, Handler handler);
+  void on(const QByteArray& path, const Handler& handler);
   void answer(const QByteArray& path, int status, const QByteArray& body,
               const QList<QByteArray>& headers = {});
   void redirect(const QByteArray& path, const QByteArray& location) {

@@ -150,7 +150,7 @@ PanelCase {
         for (const page of OrvexPages.all) {
             objects.state.activePage = page;
             compare(named(panel, "content").Accessible.name, page.title);
-            const pressable = allItems(panel, item => item.clicked !== undefined && item.keyHeld !== undefined);
+            const pressable = allItems(panel, item => item.visible && item.clicked !== undefined && item.keyHeld !== undefined);
             verify(pressable.length >= 9);
             for (const item of pressable)
                 verify(item.Accessible.name !== "", page.id + ": " + item);

@@ -15,6 +15,7 @@ PanelCase {
         objects.watchModel(grid.model);
         tryCompare(grid, "count", count, 20000);
         tryVerify(() => !objects.state.packsRefreshing);
+        tryVerify(() => count === 0 || allItems(grid, item => item.pack !== undefined).length > 0);
     }
 
     function card(name) {
@@ -25,7 +26,7 @@ PanelCase {
     function button(name, title) {
         const found = findItem(card(name), item => item.title === title && item.visible);
         if (found)
-            page().reveal(card(name));
+            page().bringIntoView(card(name));
         return found;
     }
 

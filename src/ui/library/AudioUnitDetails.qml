@@ -26,6 +26,7 @@ T.Popup {
     anchors.centerIn: T.Overlay.overlay
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
     focus: true
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
     modal: true
     padding: 18
     width: Math.min(420, (parent ? parent.Window.width : 420) - 32)

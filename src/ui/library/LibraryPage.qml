@@ -26,7 +26,7 @@ OrvexScrollPage {
     required property string placeholder
     required property string unit
     required property string refreshTitle
-    property string chooseTitle
+    property string chooseTitle: "Klasör seç"
     property string accessTitle
     property string accessMessage
     required property string emptyIcon
@@ -162,7 +162,8 @@ OrvexScrollPage {
     }
 
     LibraryStatus {
-        chooseTitle: page.situation === "access" ? "" : page.chooseTitle
+        choosable: page.folder !== null && page.situation !== "access"
+        chooseTitle: page.chooseTitle
         found: page.items.count
         refreshTitle: page.refreshTitle
         refreshable: page.folder === null || page.hasRoot

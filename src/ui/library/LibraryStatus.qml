@@ -19,8 +19,8 @@ ColumnLayout {
     required property real scanTotal
     required property real skippedFolders
     required property string refreshTitle
-    /// Empty where there is no folder to choose.
     required property string chooseTitle
+    property bool choosable: true
     property bool refreshable: true
 
     /// There is room for titles on the buttons. Not from the own width: that changes while things are
@@ -81,7 +81,7 @@ ColumnLayout {
             name: status.chooseTitle
             objectName: "choose"
             title: status.wide ? status.chooseTitle : ""
-            visible: status.chooseTitle.length > 0
+            visible: status.choosable
 
             onClicked: status.choose()
         }
@@ -100,13 +100,16 @@ ColumnLayout {
     }
 
     // Keeps its place, so that a scan moves nothing.
-    OrvexProgressBar {
+    Item {
         Layout.fillWidth: true
         Layout.preferredHeight: 3
-        done: status.scanDone
-        objectName: "progress"
-        opacity: status.scanning ? 1 : 0
-        total: status.scanTotal
-        visible: opacity > 0
+
+        OrvexProgressBar {
+            anchors.fill: parent
+            done: status.scanDone
+            objectName: "progress"
+            total: status.scanTotal
+            visible: status.scanning
+        }
     }
 }

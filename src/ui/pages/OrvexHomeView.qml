@@ -65,8 +65,8 @@ OrvexScrollPage {
 
     OrvexAdaptiveGrid {
         // All in one row, or two in each, or one.
-        maximumColumns: page.width >= 800 ? 4 : 2
-        minimumWidth: page.width >= 800 ? 180 : 250
+        maximumColumns: page.width >= 1000 ? 4 : 2
+        minimumWidth: 220
         spacing: OrvexTheme.gridSpacing
 
         FolderEngineCard {

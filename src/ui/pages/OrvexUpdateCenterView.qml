@@ -54,29 +54,37 @@ OrvexScrollPage {
         }
     }
 
-    RowLayout {
-        spacing: 12
+    ColumnLayout {
+        spacing: 10
 
-        OrvexSectionTitle {
+        RowLayout {
+            spacing: 12
+
+            OrvexSectionTitle {
+                Layout.fillWidth: true
+                eyebrow: "UNIVERSAL CONTENT"
+                title: "Vantrelo Cloud Packs"
+                subtitle: "Release Center'dan Final Cut'a gönderilen içerikler"
+            }
+
+            OrvexButton {
+                enabled: !page.state.packsRefreshing
+                icon: "arrow.triangle.2.circlepath"
+                name: "Cloud Pack kataloğunu yenile"
+                title: page.width >= 620 ? name : ""
+
+                onClicked: page.state.refreshPacks(false)
+            }
+        }
+
+        // Keeps its place, so that nothing below it moves.
+        OrvexProgressBar {
+            Accessible.ignored: !page.state.packsRefreshing
+            Accessible.name: "Katalog okunuyor"
             Layout.fillWidth: true
-            eyebrow: "UNIVERSAL CONTENT"
-            title: "Vantrelo Cloud Packs"
-            subtitle: "Release Center'dan Final Cut'a gönderilen içerikler"
+            implicitHeight: 2
+            opacity: page.state.packsRefreshing ? 1 : 0
         }
-
-        OrvexButton {
-            enabled: !page.state.packsRefreshing
-            icon: "arrow.triangle.2.circlepath"
-            name: "Cloud Pack kataloğunu yenile"
-            title: page.width >= 620 ? name : ""
-
-            onClicked: page.state.refreshPacks(false)
-        }
-    }
-
-    OrvexProgressBar {
-        visible: page.state.packsRefreshing
-        Accessible.name: "Katalog okunuyor"
     }
 
     OrvexNotice {
