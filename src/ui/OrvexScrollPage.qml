@@ -52,7 +52,7 @@ Flickable {
     }
 
     /// Scrolls as little as shows all of `item`, with some air around it.
-    function reveal(item: Item) {
+    function bringIntoView(item: Item) {
         const air = 12;
         const top = item.mapToItem(contentItem, 0, 0).y - air;
         const bottom = top + item.height + 2 * air;
@@ -75,7 +75,7 @@ Flickable {
         // A press with the mouse must not move what is being pressed.
         const control = focusItem as T.Control;
         if (focusItem && isWithin(focusItem) && (!control || control.visualFocus))
-            reveal(focusItem);
+            bringIntoView(focusItem);
     }
 
     // A grid of a single column.

@@ -26,7 +26,7 @@ PanelCase {
     function button(name, title) {
         const found = findItem(card(name), item => item.title === title && item.visible);
         if (found)
-            page().reveal(card(name));
+            page().bringIntoView(card(name));
         return found;
     }
 

@@ -60,6 +60,7 @@ FocusScope {
 
     OrvexPanel {
         anchors.fill: parent
+        focus: true
         glow: hover.hovered || card.applying
         padding: card.padding
 
@@ -82,6 +83,8 @@ FocusScope {
                     previews: card.previews
                     radius: OrvexTheme.buttonRadius
                     split: card.keyHeld ? 1 : compare.split
+                    // A card that the view keeps for later stands for no LUT.
+                    visible: card.index >= 0
 
                     Behavior on opacity {
                         enabled: card.OrvexMotion.animated

@@ -244,6 +244,7 @@ OrvexScrollPage {
         summary: page.registry.summary
         unit: "LUT"
         visible: page.hasFolder
+        wide: page.width >= 620
 
         onChoose: page.registry.chooseFolder()
         onRefresh: page.registry.scan()
