@@ -35,7 +35,7 @@ OrvexPressable {
                     OrvexSymbol {
                         anchors.centerIn: parent
                         name: card.icon
-                        size: 20
+                        size: 16
                     }
                 }
 

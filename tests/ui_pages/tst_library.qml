@@ -130,6 +130,7 @@ PanelCase {
         const made = {
             good: path => files.picture(path, 90, 60),
             vast: path => files.picture(path, 3000, 2000),
+            thin: path => files.picture(path, 1, 400000),
             fifo: path => files.fifo(path),
             text: path => files.file(path)
         };
@@ -139,8 +140,8 @@ PanelCase {
         }
         drop([files.root]);
         tryCompare(objects.motion, "scanning", false);
-        tryVerify(() => cards().length === 4 && cards().every(card => named(card, "picture").status !== Image.Loading));
-        compare(cards().filter(card => named(card, "picture").visible).map(card => card.title), ["good"]);
+        tryVerify(() => cards().length === 5 && cards().every(card => named(card, "picture").status !== Image.Loading));
+        compare(cards().filter(card => named(card, "picture").visible).map(card => card.title), ["good", "thin"]);
     }
 
     function test_effects() {

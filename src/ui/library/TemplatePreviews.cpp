@@ -36,10 +36,13 @@ QImage read(const QByteArray& path) {
   return reader.read();
 }
 
-// The middle of `picture`, as large as fills `size`.
+// The middle of `picture`, as large as fills `size`. It is cut out before it is scaled: a picture
+// of a single column, scaled whole, would be millions of rows high.
 QImage filled(const QImage& picture, QSize size) {
+  QRect middle({}, size.scaled(picture.size(), Qt::KeepAspectRatio).expandedTo({1, 1}));
+  middle.moveCenter(picture.rect().center());
   const QImage scaled =
-      picture.scaled(size, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
+      picture.copy(middle).scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   QImage result(size, QImage::Format_ARGB32_Premultiplied);
   result.fill(Qt::transparent);
   QPainter painter(&result);
@@ -47,8 +50,7 @@ QImage filled(const QImage& picture, QSize size) {
   QPainterPath shape;
   shape.addRoundedRect(result.rect(), kRadius * size.height(), kRadius * size.height());
   painter.setClipPath(shape);
-  painter.drawImage(QPointF(size.width() - scaled.width(), size.height() - scaled.height()) / 2,
-                    scaled);
+  painter.drawImage(QPoint(), scaled);
   return result;
 }
 
