@@ -10,9 +10,8 @@ inline constexpr auto kMotionFolder = "Motion Templates";
 inline constexpr auto kFxPlugFolder = "FxPlug";
 inline constexpr auto kEffectFolder = "LV2";
 
-/// Fills `folder` with LUTs, Motion templates with pictures, plug-in bundles and audio
-/// effects. Throws
-/// `DescribedError`.
+/// Fills `folder` with LUTs, Motion templates with pictures, plug-in bundles and audio effects.
+/// Throws `DescribedError`.
 void makeLibrary(const QString& folder);
 
 }  // namespace orvex::samples
