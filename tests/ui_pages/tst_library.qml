@@ -156,6 +156,8 @@ PanelCase {
         keyClick(Qt.Key_Space);
         const copy = () => named(panel.Window.window.contentItem, "copy");
         tryVerify(() => copy() !== null && copy().activeFocus);
+        const content = copy().parent.parent;
+        fuzzyCompare(content.mapToItem(page(), content.width / 2, 0).x, page().width / 2, 1);
         OrvexClipboard.text = "";
         keyClick(Qt.Key_Return);
         for (const text of ["Yankı", "1265988199 · Kurg", "1635083896 · aufx", "7 · 0x00000007", "Geçti", "Güvenli değil"])

@@ -5,7 +5,7 @@ import QtQuick.Layouts
 import QtQuick.Templates as T
 import Orvex
 
-/// All that is known of one audio effect.
+/// All that is known of one audio effect, in the middle of the item that is its parent.
 T.Popup {
     id: details
 
@@ -23,13 +23,13 @@ T.Popup {
 
     signal copied
 
-    anchors.centerIn: T.Overlay.overlay
+    anchors.centerIn: parent
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
     focus: true
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     modal: true
     padding: 18
-    width: Math.min(420, (parent ? parent.Window.width : 420) - 32)
+    width: Math.min(420, (parent ? parent.width : 420) - 32)
 
     T.Overlay.modal: Rectangle {
         color: OrvexTheme.fade(OrvexTheme.background, 0.6)
@@ -84,6 +84,7 @@ T.Popup {
             spacing: 8
 
             OrvexButton {
+                Layout.fillHeight: true
                 focus: true
                 icon: "doc.on.doc"
                 objectName: "copy"
@@ -96,6 +97,7 @@ T.Popup {
             }
 
             OrvexButton {
+                Layout.fillHeight: true
                 objectName: "close"
                 title: "Kapat"
 

@@ -81,6 +81,8 @@ LibraryPage {
         id: details
 
         objectName: "details"
+        // The panel may be smaller than the window.
+        parent: page
 
         onCopied: page.copied()
     }
