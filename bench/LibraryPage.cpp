@@ -224,6 +224,10 @@ class Bench {
     print("a jump of the scroll bar", jumped);
     page_->setProperty("contentY", 0);
     OrvexMotion::setReduced(false);
+    // What the frames have left behind is not the next row's.
+    QElapsedTimer settled;
+    settled.start();
+    wait([&] { return settled.hasExpired(500); });
   }
 
   const fs::path data_;

@@ -1,6 +1,7 @@
 #include "Commands.h"
 
 #include "AudioCommand.h"
+#include "CloudCommand.h"
 #include "FxPlugCommand.h"
 #include "HostCommand.h"
 #include "LutCommand.h"
@@ -13,9 +14,9 @@
 namespace orvex {
 
 const QList<Command>& allCommands() {
-  static const QList<Command> commands{lutsCommand(),  motionCommand(),  fxPlugCommand(),
-                                       audioCommand(), lutCommand(),     releaseCommand(),
-                                       packsCommand(), requestCommand(), hostCommand()};
+  static const QList<Command> commands{
+      lutsCommand(), motionCommand(), fxPlugCommand(),  audioCommand(),   hostCommand(),
+      lutCommand(),  packsCommand(),  releaseCommand(), requestCommand(), cloudCommand()};
   return commands;
 }
 

@@ -6,7 +6,7 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 
 for folder in "${TMPDIR:-/tmp}" /dev/shm; do
   [[ -w $folder ]] || continue
-  echo "== packs in $folder ($(stat -f -c %T "$folder"))"
+  echo "== in $folder ($(stat -f -c %T "$folder"))"
   for check in kill errors space together names; do
     TMPDIR=$folder build/dev/tests/orvex-reliability "$check"
   done

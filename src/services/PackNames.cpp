@@ -30,6 +30,8 @@ bool isBareName(const QString& name) {
          name.toUtf8().size() <= kMaximumName;
 }
 
+}  // namespace
+
 bool isPackName(const QString& name) {
   return isBareName(name) && !name.startsWith(u'.') &&
          name.toUtf8().size() <= kMaximumName - kHiddenExtra;
@@ -39,6 +41,8 @@ bool isAssetName(const QString& name) {
   return isBareName(name) &&
          name.compare(QLatin1StringView(kPackRecordName), Qt::CaseInsensitive) != 0;
 }
+
+namespace {
 
 // The scheme of a parsed address is in lower case whatever it was.
 bool isDownloadAddress(const std::optional<QString>& text) {

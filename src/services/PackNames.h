@@ -8,6 +8,11 @@
 
 namespace orvex {
 
+/// Whether a pack, or a version of one, can be called `name`.
+[[nodiscard]] bool isPackName(const QString& name);
+/// Whether a file of a pack can.
+[[nodiscard]] bool isAssetName(const QString& name);
+
 /// Where a pack goes, and what belongs into it.
 struct PackPlan {
   /// Names of folders, as the file system has them.

@@ -45,7 +45,7 @@ ReleaseManifest ReleaseCenterClient::fetchManifest(const std::stop_token& stop) 
   if (!isSuccess(response.status))
     throw ReleaseCenterError(ReleaseCenterError::Kind::Http, response.status);
   ReleaseManifest manifest = ReleaseManifest::decode(response.body);
-  if (manifest.productId != u"vantrelo-orvex-finalcut")
+  if (manifest.productId != kProduct)
     throw ReleaseCenterError(ReleaseCenterError::Kind::InvalidProduct);
   return manifest;
 }

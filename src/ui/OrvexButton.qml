@@ -26,7 +26,7 @@ OrvexPressable {
     contentItem: Item {
         implicitHeight: Math.max(symbol.visible ? symbol.implicitHeight : 0, label.implicitHeight)
         // Not the row's, which follows the room that there is.
-        implicitWidth: Math.ceil(label.implicitWidth) + row.spacing + (symbol.visible ? symbol.implicitWidth : 0)
+        implicitWidth: (symbol.visible ? symbol.implicitWidth + row.spacing : 0) + Math.ceil(label.implicitWidth)
 
         Row {
             id: row

@@ -21,6 +21,8 @@ struct Scenario {
   std::function<std::string(const QByteArray& folder, const std::string& found)> aftermath;
   /// As on a file system that cannot exchange two names in one step.
   bool withoutExchange = false;
+  /// A change that is refused may have been made all the same.
+  bool maybeDone = false;
 };
 
 }  // namespace orvex

@@ -109,7 +109,7 @@ bool checkSpace(std::size_t most) {
       if (process == 0) ::_exit(updateIn(tree, options));
       const int result = waitFor(process);
       if (result == kNotPermitted) {
-        std::printf("%-36s not permitted here\n", "space");
+        std::printf("%-42s not permitted here\n", "space");
         return true;
       }
       refused += result == kRefused ? 1 : 0;

@@ -21,7 +21,7 @@ class Tally {
   }
   /// The row of this name. Returns whether all was well; nothing tried is not.
   [[nodiscard]] bool print(const std::string& detail) const {
-    std::printf("%-36s %s, %d runs, %d failures\n", name_.c_str(), detail.c_str(), tried_, failed_);
+    std::printf("%-42s %s, %d runs, %d failures\n", name_.c_str(), detail.c_str(), tried_, failed_);
     std::fflush(stdout);
     return tried_ > 0 && failed_ == 0;
   }
