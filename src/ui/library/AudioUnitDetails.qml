@@ -27,6 +27,7 @@ T.Popup {
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
     focus: true
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    margins: 8
     modal: true
     padding: 18
     width: Math.min(420, (parent ? parent.width : 420) - 32)
