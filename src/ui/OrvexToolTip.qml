@@ -19,9 +19,23 @@ T.ToolTip {
         color: OrvexTheme.panelStrong
         radius: OrvexTheme.chipRadius
     }
-    contentItem: OrvexText {
-        size: 10
-        text: tip.text
-        wrapMode: Text.Wrap
+    // Few of the many that a page holds are ever seen: the text is made when one is.
+    contentItem: Loader {
+        active: tip.visible
+        sourceComponent: words
     }
+
+    // The toolkit's Loader cannot make bound components, so this one is not, and the linter does not
+    // know the identifiers in it.
+    // qmllint disable unqualified
+    Component {
+        id: words
+
+        OrvexText {
+            size: 10
+            text: tip.text
+            wrapMode: Text.Wrap
+        }
+    }
+    // qmllint enable unqualified
 }
