@@ -13,7 +13,6 @@
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLocale>
 
 #include <fcntl.h>
 #include <memory>
@@ -53,7 +52,7 @@ void build(const CloudRequest& request, const Finish& finish) {
                   .arg(built.changed ? QStringLiteral("Yayımlandı") : QStringLiteral("Değişmedi"))
                   .arg(built.packs)
                   .arg(built.files)
-                  .arg(QLocale(QLocale::Turkish).formattedDataSize(built.bytes), built.revision));
+                  .arg(bytesText(built.bytes), built.revision));
   finish(Done);
 }
 

@@ -27,7 +27,11 @@ void printJson(const QJsonDocument& document) {
 }
 
 QString bytesText(qint64 bytes) {
-  return QLocale::c().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat);
+  // As the panel writes them; the library would say "bytes" and "kB".
+  if (bytes < 1000) return QString::number(bytes) + QStringLiteral(" B");
+  return QLocale::c()
+      .formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat)
+      .replace(QStringLiteral("kB"), QStringLiteral("KB"));
 }
 
 void printTable(const QList<std::pair<QString, QString>>& rows) {

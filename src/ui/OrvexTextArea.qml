@@ -87,6 +87,7 @@ Item {
                 size: 12
                 text: edit.placeholderText
                 visible: edit.length === 0 && edit.preeditText.length === 0
+                wrapMode: Text.Wrap
                 y: edit.topPadding
             }
         }

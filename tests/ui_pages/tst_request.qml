@@ -35,6 +35,8 @@ PanelCase {
         }
         compare(sendButton().title, "Gönderiliyor");
         verify(!sendButton().enabled);
+        // The fields are emptied when it has arrived: what was written meanwhile would go with it.
+        verify(named(page(), "title").readOnly && named(page(), "detail").readOnly);
     }
 
     function test_sends_what_it_shows_and_starts_over() {

@@ -135,7 +135,7 @@ PanelCase {
         objects.installElsewhere("a");
         objects.cutNetwork();
         openUpdates(1);
-        verify(shows("Gece", "Kurulu: v1"));
+        verify(shows("Gece", "Kurulu: v1") && shows("Gece", "1 dosya • FINAL CUT"));
         verify(titled(page(), "Son pack işlemi tamamlanamadı").visible);
         mouseClick(titled(page(), "Güncellemeyi kontrol et"));
         tryVerify(() => titled(page(), "Sürüm denetlenemedi").visible);

@@ -14,6 +14,8 @@ FocusScope {
     required property string name
     required property string version
     required property bool listed
+    // There is a catalog to be listed in; without one nothing is known of what it holds.
+    required property bool catalogKnown
     required property int fileCount
     required property real totalBytes
     required property bool installed
@@ -29,7 +31,7 @@ FocusScope {
     property bool current: false
 
     readonly property bool upToDate: card.listed && card.installed && !card.needsUpdate && !card.busy
-    readonly property string fileLine: card.listed ? card.fileCount + " dosya • FINAL CUT" : card.fileCount + " dosya • Katalogda yok"
+    readonly property string fileLine: card.fileCount + (card.listed || !card.catalogKnown ? " dosya • FINAL CUT" : " dosya • Katalogda yok")
     readonly property string progressLine: {
         if (card.cancelling)
             return "İptal ediliyor…";

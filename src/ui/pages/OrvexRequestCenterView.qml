@@ -11,7 +11,10 @@ OrvexScrollPage {
 
     readonly property var moduleValues: ["final-cut", "timeline", "motion", "audio", "color", "fxplug", "release"]
     readonly property string module: moduleValues[modulePicker.currentIndex] ?? moduleValues[0]
-    readonly property bool sendable: titleField.text.trim().length > 0 && detailArea.text.trim().length > 0 && !page.state.requestSending
+    readonly property bool sendable: titleField.text.trim().length > 0 && detailArea.text.trim().length > 0 && !page.locked
+
+    // What arrives clears the fields: nothing may be written into them that has not been sent.
+    readonly property bool locked: page.state.requestSending
 
     function send(): void {
         if (page.sendable)
@@ -76,6 +79,7 @@ OrvexScrollPage {
                 Layout.fillWidth: true
                 name: "Talep başlığı"
                 placeholderText: "Talep başlığı"
+                readOnly: page.locked
             }
 
             OrvexTextArea {
@@ -85,6 +89,7 @@ OrvexScrollPage {
                 Layout.fillWidth: true
                 name: "Talep açıklaması"
                 placeholderText: "Ne istediğini ve nerede işine yarayacağını yaz."
+                readOnly: page.locked
             }
 
             RowLayout {

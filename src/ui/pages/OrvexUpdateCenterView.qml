@@ -121,6 +121,7 @@ OrvexScrollPage {
             height: cards.cardHeight
             current: index === cards.currentIndex
             state: page.state
+            catalogKnown: packs.catalogCount > 0
 
             onTouched: cards.currentIndex = index
         }
