@@ -143,11 +143,17 @@ class Bench {
     page_->setSize(QSizeF(window_.size()));
   }
 
+  // The pictures of the cards in view; delegates are children of their view for the eye only.
+  static void collect(const QQuickItem* item, std::vector<const LUTPreview*>& pictures) {
+    if (const auto* picture = qobject_cast<const LUTPreview*>(item)) pictures.push_back(picture);
+    for (const QQuickItem* child : item->childItems()) collect(child, pictures);
+  }
   [[nodiscard]] bool allShown() const {
-    const auto pictures = page_->findChildren<LUTPreview*>();
-    return std::ranges::all_of(pictures, [](const LUTPreview* picture) {
-      return !picture->isVisible() || picture->isReady();
-    });
+    std::vector<const LUTPreview*> pictures;
+    collect(page_.get(), pictures);
+    return pictures.size() > 1 && std::ranges::all_of(pictures, [](const LUTPreview* picture) {
+             return !picture->isVisible() || picture->isReady();
+           });
   }
 
   // Until the frame that shows it has been drawn.
