@@ -1,6 +1,7 @@
 #include "samples/SampleLibrary.h"
 
 #include "samples/CubeFile.h"
+#include "samples/SampleEffects.h"
 #include "samples/TemplatePicture.h"
 #include "samples/Write.h"
 
@@ -108,6 +109,7 @@ void makeLibrary(const QString& folder) {
   makeLuts(part(kLutFolder));
   makeTemplates(part(kMotionFolder));
   makePlugs(part(kFxPlugFolder));
+  makeEffects(part(kEffectFolder));
 }
 
 }  // namespace orvex::samples

@@ -8,8 +8,10 @@ namespace orvex::samples {
 inline constexpr auto kLutFolder = "LUT";
 inline constexpr auto kMotionFolder = "Motion Templates";
 inline constexpr auto kFxPlugFolder = "FxPlug";
+inline constexpr auto kEffectFolder = "LV2";
 
-/// Fills `folder` with LUTs, Motion templates with pictures and plug-in bundles. Throws
+/// Fills `folder` with LUTs, Motion templates with pictures, plug-in bundles and audio
+/// effects. Throws
 /// `DescribedError`.
 void makeLibrary(const QString& folder);
 

@@ -49,7 +49,8 @@ int run(const QStringList& arguments) {
     samples::makePacks(folder, samples::PackState::Updated);
   else {
     std::fputs(
-        "usage: orvex-samples library DIR         LUTs, Motion templates, plug-in bundles\n"
+        "usage: orvex-samples library DIR         LUTs, Motion templates, plug-in bundles, "
+        "effects\n"
         "       orvex-samples grant DIR           gives the panel that library's folders\n"
         "       orvex-samples packs DIR           content packs for orvex cloud build\n"
         "       orvex-samples updated-packs DIR   the same with a newer version of one\n",

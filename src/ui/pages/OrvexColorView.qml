@@ -92,6 +92,32 @@ OrvexScrollPage {
         onRefused: reason => page.refuse(reason)
     }
 
+    // Stays in sight, wherever on the page the LUT was.
+    Rectangle {
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.margins: page.padding
+        anchors.right: parent.right
+        color: OrvexTheme.panelStrong
+        height: notice.height
+        parent: page
+        radius: notice.radius
+        visible: page.preparationError.length > 0
+        z: 1
+
+        OrvexNotice {
+            id: notice
+
+            actionTitle: "Kapat"
+            message: page.preparationError
+            objectName: "preparationError"
+            title: "LUT uygulanamadı"
+            width: parent.width
+
+            onClicked: page.preparationError = ""
+        }
+    }
+
     // A picture of every frame of a clip that plays would be of use to nobody.
     Timer {
         id: settled
@@ -166,16 +192,6 @@ OrvexScrollPage {
             size: 16
             x: 11
         }
-    }
-
-    OrvexNotice {
-        actionTitle: "Kapat"
-        message: page.preparationError
-        objectName: "preparationError"
-        title: "LUT uygulanamadı"
-        visible: page.preparationError.length > 0
-
-        onClicked: page.preparationError = ""
     }
 
     ColorSummary {
