@@ -56,6 +56,8 @@ OrvexScrollPage {
             event.accepted = page.scrollFor(event.key);
         }
     }
+    // The last cards can be scrolled out from below the notice.
+    bottomMargin: page.preparationError.length > 0 ? notice.height + page.padding : 0
     onFrameChanged: settled.restart()
     onScanningChanged: if (!page.scanning)
         page.previews.forget()
@@ -104,6 +106,11 @@ OrvexScrollPage {
         radius: notice.radius
         visible: page.preparationError.length > 0
         z: 1
+
+        // A press beside its button is not one on the card that it covers.
+        MouseArea {
+            anchors.fill: parent
+        }
 
         OrvexNotice {
             id: notice
