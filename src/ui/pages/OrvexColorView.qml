@@ -56,8 +56,6 @@ OrvexScrollPage {
             event.accepted = page.scrollFor(event.key);
         }
     }
-    // The last cards can be scrolled out from below the notice.
-    bottomMargin: page.preparationError.length > 0 ? notice.height + page.padding : 0
     onFrameChanged: settled.restart()
     onScanningChanged: if (!page.scanning)
         page.previews.forget()
@@ -110,6 +108,7 @@ OrvexScrollPage {
         // A press beside its button is not one on the card that it covers.
         MouseArea {
             anchors.fill: parent
+            hoverEnabled: true
         }
 
         OrvexNotice {
