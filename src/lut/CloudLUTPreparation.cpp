@@ -153,12 +153,6 @@ bool hasSizeLine(QByteArrayView text) {
   return false;
 }
 
-void requireThreeDimensional(QByteArrayView bytes) {
-  require(bytes.isValidUtf8(), Kind::UnsupportedLUT);
-  if (bytes.startsWith(kByteOrderMark)) bytes = bytes.sliced(kByteOrderMark.size());
-  require(hasSizeLine(bytes), Kind::UnsupportedLUT);
-}
-
 // Whether the file `name` in `folder` holds exactly `bytes`. What is no file, or not there, does
 // not.
 bool holds(const Directory& folder, const QByteArray& name, QByteArrayView bytes) {
@@ -186,6 +180,12 @@ bool holds(const Directory& folder, const QByteArray& name, QByteArrayView bytes
 
 PreparationError::PreparationError(Kind kind) : DescribedError(textOf(kind)), kind_(kind) {}
 
+bool CloudLUTPreparation::isThreeDimensional(QByteArrayView bytes) {
+  if (!bytes.isValidUtf8()) return false;
+  if (bytes.startsWith(kByteOrderMark)) bytes = bytes.sliced(kByteOrderMark.size());
+  return hasSizeLine(bytes);
+}
+
 QUrl CloudLUTPreparation::prepare(const QUrl& source, const QUrl& packRoot, const QUrl& library,
                                   const std::stop_token& stop) {
   const QByteArray path = normalised(source);
@@ -195,7 +195,7 @@ QUrl CloudLUTPreparation::prepare(const QUrl& source, const QUrl& packRoot, cons
   require(FileName(name).hasExtension("cube"), Kind::InvalidSource);
 
   const QByteArray bytes = readSource(root, path, stop);
-  requireThreeDimensional(bytes);
+  require(isThreeDimensional(bytes), Kind::UnsupportedLUT);
   const QByteArray digest = Sha256::of(bytes).toHex();
   if (stop.stop_requested()) throw Stopped();
 

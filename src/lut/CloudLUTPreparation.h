@@ -2,6 +2,7 @@
 
 #include "base/DescribedError.h"
 
+#include <QByteArrayView>
 #include <QUrl>
 
 #include <stop_token>
@@ -24,6 +25,10 @@ class PreparationError final : public DescribedError {
  private:
   Kind kind_;
 };
+
+/// Whether `bytes` are the text of what says that it is a 3D LUT, which is all that `prepare` asks of
+/// a file's contents.
+[[nodiscard]] bool isThreeDimensional(QByteArrayView bytes);
 
 /// Copies `source`, a `.cube` file with a 3D LUT inside `packRoot`, to
 /// `<library>/<SHA-256 of its bytes>/<its name>` and gives back where that is, once the copy is

@@ -17,6 +17,8 @@ using Rgb = std::array<float, 3>;
 struct CubeLattice {
   /// Points on each edge, 2 to 256.
   int size = 0;
+  /// Where the file states the size, counted from 1.
+  int sizeLine = 0;
   /// The inputs that the first and the last point of an edge stand for.
   Rgb domainMin{0, 0, 0};
   Rgb domainMax{1, 1, 1};

@@ -149,6 +149,7 @@ class CubeReader {
     if (!lattice_.shaper.empty() && std::ssize(lattice_.shaper) < shaperSize_)
       fail(QStringLiteral("LUT_3D_SIZE tablodan önce gelmeli."));
     lattice_.size = count("LUT_3D_SIZE", kMaximumSize);
+    lattice_.sizeLine = lines_.number();
     reserve(lattice_.points, latticeRows());
   }
 

@@ -82,6 +82,9 @@ TEST_F(LUTPreviewWork, SaysWhyThereIsNone) {
   for (const char* name : {"fifo.cube", "folder.cube", "device.cube", "missing.cube"})
     EXPECT_EQ(make(name).error(), unreadable) << name;
   EXPECT_EQ(make("huge.cube").error().reason, QStringLiteral("Dosya 64 MiB'tan büyük."));
+  // Its colours are clear, but it cannot be handed over.
+  tree.file("tabs.cube", oddCube(QStringLiteral("tabs-and-indents.cube")));
+  EXPECT_EQ(make("tabs.cube").error().line, 1);
   EXPECT_FALSE(QDir(cache.text("previews")).exists());
 }
 

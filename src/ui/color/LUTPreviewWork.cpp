@@ -3,6 +3,7 @@
 #include "base/FileDescriptor.h"
 #include "base/Sha256.h"
 #include "base/SmallFile.h"
+#include "lut/CloudLUTPreparation.h"
 #include "ui/color/GradedPicture.h"
 #include "ui/color/PreviewStore.h"
 
@@ -46,6 +47,11 @@ LUTPreviewResult makeLUTPreview(const QByteArray& path, const PreviewSource& sou
   if (picture.isNull()) {
     const auto lattice = readCube(*text);
     if (!lattice) return std::unexpected(lattice.error());
+    // It would be offered, and refused as soon as it is to be applied.
+    if (!CloudLUTPreparation::isThreeDimensional(*text))
+      return std::unexpected(
+          CubeError{lattice->sizeLine,
+                    QStringLiteral("LUT_3D_SIZE ile sayı arasında sekme değil boşluk olmalı.")});
     picture = graded(*lattice, source.picture);
     store.add(digest, source.digest, picture);
   }

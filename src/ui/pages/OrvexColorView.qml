@@ -105,6 +105,12 @@ OrvexScrollPage {
         visible: page.preparationError.length > 0
         z: 1
 
+        // A press beside its button is not one on the card that it covers.
+        MouseArea {
+            anchors.fill: parent
+            hoverEnabled: true
+        }
+
         OrvexNotice {
             id: notice
 
