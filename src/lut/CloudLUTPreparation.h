@@ -26,8 +26,8 @@ class PreparationError final : public DescribedError {
   Kind kind_;
 };
 
-/// Whether `bytes` are the text of what says that it is a 3D LUT, which is all that `prepare` asks of
-/// a file's contents.
+/// Whether `bytes` are the text of what says that it is a 3D LUT, which is all that `prepare` asks
+/// of a file's contents.
 [[nodiscard]] bool isThreeDimensional(QByteArrayView bytes);
 
 /// Copies `source`, a `.cube` file with a 3D LUT inside `packRoot`, to
