@@ -13,7 +13,7 @@ packages_panel=(
   qml6-module-qtquick-controls qml6-module-qtquick-layouts qml6-module-qtquick-templates
   qml6-module-qtquick-window
   fonts-inter fonts-material-design-icons-iconfont
-  dbus
+  ca-certificates dbus
 )
 packages_test=(clang-format git libglib2.0-bin libgmock-dev libgtest-dev mpv qml6-module-qttest)
 

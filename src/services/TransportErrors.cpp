@@ -76,6 +76,10 @@ TransportError transportError(const TransportFailure& failure) {
     case CURLE_PEER_FAILED_VERIFICATION:
     case CURLE_SSL_ISSUER_ERROR:
       return certificateError(host, failure.verifyResult);
+    case CURLE_SSL_CACERT_BADFILE:
+      return error(Kind::Certificate,
+                   u"\"%1\" ile bağlantı kurulmadı: sistemin güvendiği sertifikaların listesi yok. "
+                   u"ca-certificates paketini kur.");
     case CURLE_SSL_CONNECT_ERROR:
     case CURLE_SSL_CIPHER:
       return error(Kind::Broken,
