@@ -1,5 +1,6 @@
 #include "services/PackCatalogRequest.h"
 
+#include "services/JsonRequest.h"
 #include "services/UniversalPackClientError.h"
 
 #include <QDateTime>
@@ -20,20 +21,10 @@ UniversalPackCatalog fetchPackCatalog(QUrl url, const HttpOptions& http,
                                       const std::stop_token& stop) {
   url.setQuery(QStringLiteral("ts=%1").arg(QDateTime::currentSecsSinceEpoch()));
   if (!url.isValid()) throw UniversalPackClientError(Kind::InvalidCatalog);
-  const HttpRequest request{.url = url,
-                            .headers = {{"Accept", "application/json"}},
-                            .body = {},
-                            .timeout = kTimeout,
-                            .maximumBytes = kMaximumBytes};
-  HttpResponse response;
-  try {
-    response = HttpClient(http).send(request, stop);
-  } catch (const TransportError& error) {
-    if (error.kind() != TransportError::Kind::NotHttp) throw;
-    throw UniversalPackClientError(Kind::InvalidResponse);
-  }
-  if (!isSuccess(response.status)) throw UniversalPackClientError(response.status);
-  UniversalPackCatalog catalog = UniversalPackCatalog::decode(response.body);
+  const auto response = fetchJson(url, http, kTimeout, kMaximumBytes, stop);
+  if (!response) throw UniversalPackClientError(Kind::InvalidResponse);
+  if (!isSuccess(response->status)) throw UniversalPackClientError(response->status);
+  UniversalPackCatalog catalog = UniversalPackCatalog::decode(response->body);
   if (catalog.schemaVersion != 1) throw UniversalPackClientError(Kind::InvalidCatalog);
   return catalog;
 }

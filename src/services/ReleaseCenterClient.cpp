@@ -1,5 +1,7 @@
 #include "services/ReleaseCenterClient.h"
 
+#include "services/JsonRequest.h"
+
 namespace orvex {
 namespace {
 
@@ -30,21 +32,11 @@ ReleaseCenterClient::ReleaseCenterClient(QUrl manifestURL, HttpOptions http)
     : manifestURL_(std::move(manifestURL)), http_(std::move(http)) {}
 
 ReleaseManifest ReleaseCenterClient::fetchManifest(const std::stop_token& stop) const {
-  const HttpRequest request{.url = manifestURL_,
-                            .headers = {{"Accept", "application/json"}},
-                            .body = {},
-                            .timeout = kTimeout,
-                            .maximumBytes = kMaximumBytes};
-  HttpResponse response;
-  try {
-    response = HttpClient(http_).send(request, stop);
-  } catch (const TransportError& error) {
-    if (error.kind() != TransportError::Kind::NotHttp) throw;
-    throw ReleaseCenterError(ReleaseCenterError::Kind::InvalidResponse);
-  }
-  if (!isSuccess(response.status))
-    throw ReleaseCenterError(ReleaseCenterError::Kind::Http, response.status);
-  ReleaseManifest manifest = ReleaseManifest::decode(response.body);
+  const auto response = fetchJson(manifestURL_, http_, kTimeout, kMaximumBytes, stop);
+  if (!response) throw ReleaseCenterError(ReleaseCenterError::Kind::InvalidResponse);
+  if (!isSuccess(response->status))
+    throw ReleaseCenterError(ReleaseCenterError::Kind::Http, response->status);
+  ReleaseManifest manifest = ReleaseManifest::decode(response->body);
   if (manifest.productId != kProduct)
     throw ReleaseCenterError(ReleaseCenterError::Kind::InvalidProduct);
   return manifest;
