@@ -4,6 +4,7 @@
 #include "HostConnection.h"
 #include "Output.h"
 #include "Service.h"
+#include "services/Product.h"
 #include "shell/OrvexConfig.h"
 
 #include <QJsonDocument>
@@ -16,9 +17,12 @@ namespace {
 
 // The first is the one that counts where none is given.
 const QStringList& modules() {
-  static const QStringList values{QStringLiteral("final-cut"), QStringLiteral("timeline"),
-                                  QStringLiteral("motion"),    QStringLiteral("audio"),
-                                  QStringLiteral("color"),     QStringLiteral("fxplug"),
+  static const QStringList values{kPackTarget,
+                                  QStringLiteral("timeline"),
+                                  QStringLiteral("motion"),
+                                  QStringLiteral("audio"),
+                                  QStringLiteral("color"),
+                                  QStringLiteral("fxplug"),
                                   QStringLiteral("release")};
   return values;
 }
