@@ -4,7 +4,6 @@
 #include "HostConnection.h"
 #include "Output.h"
 #include "Service.h"
-#include "services/Product.h"
 #include "shell/OrvexConfig.h"
 
 #include <QJsonDocument>
@@ -17,12 +16,9 @@ namespace {
 
 // The first is the one that counts where none is given.
 const QStringList& modules() {
-  static const QStringList values{kPackTarget,
-                                  QStringLiteral("timeline"),
-                                  QStringLiteral("motion"),
-                                  QStringLiteral("audio"),
-                                  QStringLiteral("color"),
-                                  QStringLiteral("fxplug"),
+  static const QStringList values{QStringLiteral("final-cut"), QStringLiteral("timeline"),
+                                  QStringLiteral("motion"),    QStringLiteral("audio"),
+                                  QStringLiteral("color"),     QStringLiteral("fxplug"),
                                   QStringLiteral("release")};
   return values;
 }

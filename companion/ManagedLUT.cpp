@@ -29,12 +29,15 @@ bool isCopyName(QByteArrayView name) {
 // Removes copies that no player has been given for so long. What cannot be removed stays.
 void sweep(const Directory& copies) {
   const std::time_t oldest = std::time(nullptr) - kKeptSeconds;
-  for (const QByteArray& name : copies.names()) {
-    struct stat status {};
-    if (isCopyName(name) &&
-        ::fstatat(copies.descriptor(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
-        status.st_mtim.tv_sec < oldest)
-      ::unlinkat(copies.descriptor(), name.constData(), 0);
+  try {
+    for (const QByteArray& name : copies.names()) {
+      struct stat status {};
+      if (isCopyName(name) &&
+          ::fstatat(copies.descriptor(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+          status.st_mtim.tv_sec < oldest)
+        ::unlinkat(copies.descriptor(), name.constData(), 0);
+    }
+  } catch (const FileError&) {
   }
 }
 
