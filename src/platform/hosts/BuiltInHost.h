@@ -70,17 +70,17 @@ class BuiltInHost : public QObject, public FCPXHost, private FCPXTimeline {
   /// The pace of the clock.
   [[nodiscard]] int speedPercent() const noexcept { return speedPercent_; }
   /// `percent` is brought into 1 to 10,000.
-  void setSpeedPercent(int percent);
+  Q_INVOKABLE void setSpeedPercent(int percent);
   /// Seconds (double), ascending.
   [[nodiscard]] QVariantList speedPoints() const;
   /// `BuiltInClip`s, one after another over the whole sequence.
   [[nodiscard]] QVariantList clips() const;
 
   /// "toggle-retime", "blade-speed" or "normal-speed"; false for anything else.
-  bool performTimelineAction(const QString& action);
+  Q_INVOKABLE bool performTimelineAction(const QString& action);
   /// Puts the LUT called `name` on the clip under the playhead, in place of the one before; returns
   /// the clip's name. The host has no picture that it could change.
-  QString applyLUT(const QString& name);
+  Q_INVOKABLE QString applyLUT(const QString& name);
   /// Moves to the frame nearest to `seconds` within the sequence; not-a-number is ignored.
   Q_INVOKABLE void seek(double seconds);
 
