@@ -114,7 +114,7 @@ TEST_F(Program, SaysWhatIsWrong) {
       {u"none"_s, "host", 1, u"Final Cut Pro host proxy bulunamadı.\n"_s},
       {u"mpv:/nonexistent/s"_s, "host end", 1, u"Final Cut Pro host proxy bulunamadı.\n"_s},
       {u"vlc"_s, "host", 2, u"ORVEX_HOST: "_s},
-      {builtIn, "host action Toggle-Retime", 1, u"Geçersiz timeline komutu.\n"_s},
+      {builtIn, "host action Toggle-Retime", 2, u"toggle-retime, blade-speed, normal-speed."_s},
       {builtIn, "host action blade-speed", 1, u"Vantrelo yardımcı motoru açılamadı.\n"_s},
       {builtIn, "host jump", 2, u"\"jump\" anlaşılmadı."_s},
       {builtIn, "dance", 2, u"\"dance\" diye bir komut yok."_s},

@@ -44,7 +44,7 @@ TEST_F(LutCommand, ReadsItsArguments) {
       {"copy a --root r", u"\"copy\" anlaşılmadı"},
       {"prepare", u"Bir LUT dosyası"},
       {"prepare a", u"--root ile"},
-      {"prepare a --root", u"--root bir klasör"},
+      {"prepare a --root", u"\"--root\" bir değer"},
       {"prepare a b --root r", u"\"b\" fazla"},
       {"prepare a --root r --force", u"\"--force\" diye"},
       {"apply a --root r --library l", u"--library yalnız"},

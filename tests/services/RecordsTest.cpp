@@ -129,6 +129,7 @@ TEST(Json, SurvivesDocumentsThatAreNone) {
            {deep, u"derin"},
            {"{\"packs\":" + deep, u"derin"},
            {valid + "x", u"fazlalık"},
+           {"\xEF\xBB\xBF" + valid, u"BOM"},
            {QByteArray(valid).replace("r\"", "\xff\""), u"UTF-8"},
            {QByteArray(valid).replace("r\"", "\xc0\x80\""), u"UTF-8"},
            {valid.chopped(1), u"yazım bozuk"},
@@ -141,7 +142,6 @@ TEST(Json, SurvivesDocumentsThatAreNone) {
                                                 << description;
     EXPECT_LT(description.size(), 200);
   }
-  EXPECT_EQ(refusal<UniversalPackCatalog>("\xEF\xBB\xBF" + valid), QString());
   // Of equal keys the last one counts.
   EXPECT_EQ(UniversalPackCatalog::decode(R"({"revision":1,)" + valid.sliced(1)).revision, u"r"_s);
   EXPECT_EQ(refusal<UniversalPackCatalog>(valid.chopped(1) + R"(,"revision":1})"),

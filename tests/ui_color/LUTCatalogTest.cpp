@@ -8,6 +8,7 @@
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 
+#include <filesystem>
 #include <gmock/gmock.h>
 
 using namespace orvex;
@@ -37,28 +38,31 @@ TEST(CloudLUTs, DisplayName) {
 }
 
 TEST(CloudLUTs, ListTheCubeFilesOfThePacksAndFindThemByNameAndPack) {
-  OrvexState state;
+  const TemporaryTree tree;
+  tree.file("packs/a%20b/1.0/installed.json",
+            R"({"id":"a%20b","name":"Işıklar","version":"1.0","installedAt":0,
+                "files":["A.CUBE","b.cube","readme.txt",".cube"]})");
+  tree.file("packs/z/2/installed.json",
+            R"({"id":"z","name":"Küre","version":"2","installedAt":0,"files":["lutpack3.cube"]})");
+  OrvexState state({ReleaseCenterClient({}, {}), UniversalPackClient({}, tree.text("packs"), {}),
+                    RequestCenterClient({}, {})});
   CloudLUTs luts;
   const QAbstractItemModelTester tester(&luts);
   luts.setState(&state);
   EXPECT_EQ(luts.total(), 0);
-  const QUrl folder = QUrl::fromLocalFile(u"/packs/a%20b/1.0"_qs);
-  state.setInstalledPacks({{u"b"_qs,
-                            u"Işıklar"_qs,
-                            u"1.0"_qs,
-                            folder,
-                            {u"A.CUBE"_qs, u"b.cube"_qs, u"readme.txt"_qs, u".cube"_qs}},
-                           {u"a"_qs, u"Gece"_qs, u"2"_qs, folder, {u"lutpack3.cube"_qs}}});
-  EXPECT_EQ(shown(luts), u"A|Işıklar • v1.0\nb|Işıklar • v1.0\nLUT Pack 03|Gece • v2"_qs);
+  state.refreshInstalledPacks();
+  ASSERT_TRUE(waitUntil([&] { return luts.total() == 3; }));
+  EXPECT_EQ(shown(luts), u"A|Işıklar • v1.0\nb|Işıklar • v1.0\nLUT Pack 03|Küre • v2"_qs);
   EXPECT_EQ(luts.index(0).data(LUTCatalog::FileRole).toUrl(),
-            QUrl::fromLocalFile(u"/packs/a%20b/1.0/A.CUBE"_qs));
-  EXPECT_EQ(luts.index(0).data(LUTCatalog::PathRole), u"/packs/a%20b/1.0/A.CUBE"_qs);
-  EXPECT_EQ(luts.index(2).data(LUTCatalog::RootRole).toUrl(), folder);
+            QUrl::fromLocalFile(tree.text("packs/a%20b/1.0/A.CUBE")));
+  EXPECT_EQ(luts.index(0).data(LUTCatalog::PathRole), tree.text("packs/a%20b/1.0/A.CUBE"));
+  EXPECT_EQ(luts.index(2).data(LUTCatalog::RootRole).toUrl(),
+            QUrl::fromLocalFile(tree.text("packs/z/2")));
 
   // Rows are places: they come and go at the end only.
   QSignalSpy resets(&luts, &LUTCatalog::modelReset);
-  luts.setSearch(u"  gece\n"_qs);
-  EXPECT_EQ(shown(luts), u"LUT Pack 03|Gece • v2"_qs);
+  luts.setSearch(u"  küre\n"_qs);
+  EXPECT_EQ(shown(luts), u"LUT Pack 03|Küre • v2"_qs);
   luts.setSearch(u"pack 03"_qs);
   EXPECT_EQ(luts.count(), 1);
   luts.setSearch(u"readme"_qs);
@@ -66,8 +70,9 @@ TEST(CloudLUTs, ListTheCubeFilesOfThePacksAndFindThemByNameAndPack) {
   EXPECT_EQ(luts.total(), 3);
   luts.setSearch(u" \t"_qs);
   EXPECT_EQ(luts.count(), 3);
-  state.setInstalledPacks({});
-  EXPECT_EQ(luts.count(), 0);
+  std::filesystem::remove_all(tree.path("packs").toStdString());
+  state.refreshInstalledPacks();
+  ASSERT_TRUE(waitUntil([&] { return luts.count() == 0; }));
   EXPECT_EQ(resets.count(), 0);
 }
 
