@@ -169,6 +169,13 @@ void FaultServer::answer(const QByteArray& path, int status, const QByteArray& b
   on(path, [=](Peer& peer, const Request&) { peer.reply(status, body, headers); });
 }
 
+void FaultServer::say(const QByteArray& path, const QByteArray& bytes, Then then) {
+  on(path, [=](Peer& peer, const Request&) {
+    peer.send(bytes);
+    (peer.*then)();
+  });
+}
+
 QUrl FaultServer::url(const QByteArray& path) const {
   return QUrl(QStringLiteral("https://localhost:%1").arg(port_) + QString::fromUtf8(path));
 }
