@@ -27,6 +27,9 @@ TEST_F(CommandLine, RefusesWrongUsage) {
       {u"Kullanım: orvex request ",
        {u"request"_s, u"request --title T"_s, u"request --title T --detail"_s,
         u"request --title T --detail D --module x"_s, u"request --title T --detail D x"_s}},
+      {u"Kullanım: orvex cloud ",
+       {u"cloud publish"_s, u"cloud build"_s, u"cloud build d --port 1"_s,
+        u"cloud serve d --port 65536"_s, u"cloud serve d --rate"_s, u"cloud serve d --cert x"_s}},
       {u"http://localhost", {u"packs"_s}},
   };
   for (const auto& [reason, lines] : rows) {

@@ -191,7 +191,6 @@ TEST_F(CloudServerTest, StoresRequests) {
       {{"Content-Type: text/plain"}, request, 415},
       {{json}, "{", 400},
       {{json}, with("\"module\"", "\"m\""), 400},
-      {{json}, with("\"normal\"", "1"), 400},
       {{json}, with("Başlık", " "), 400},
       {{json}, with("Uzun", QByteArray(70'000, 'x')), 413},
       {{json, chunked}, QByteArray(70'000, 'x'), 413},
@@ -282,12 +281,8 @@ TEST_F(CloudServerTest, SaysWhatIsWrong) {
     int code;
     QString fragment;
   } rows[]{
-      {u"publish"_s, 2, u"\"publish\" anlaşılmadı"_s},
       {u"build DIR --base-url http://x"_s, 2, u"--base-url geçersiz"_s},
-      {u"build DIR --port 1"_s, 2, u"\"--port\" diye bir seçenek yok"_s},
       {u"build DIR/missing"_s, 1, u"missing"_s},
-      {u"serve DIR --port 65536"_s, 2, u"\"65536\" olmaz"_s},
-      {u"serve DIR --cert x"_s, 2, u"birlikte"_s},
       {u"serve DIR --port %1"_s.arg(port), 1, u"başka bir program kullanıyor"_s},
       {u"serve DIR --address host"_s, 1, u"IP adresi değil"_s},
       {u"serve DIR/empty"_s, 1, u"orvex cloud build"_s},

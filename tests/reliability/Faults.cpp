@@ -1,7 +1,5 @@
 #include "Checks.h"
-#include "Luts.h"
-#include "Packs.h"
-#include "Tally.h"
+#include "Scenario.h"
 #include "Traced.h"
 #include "base/DescribedError.h"
 #include "support/TemporaryTree.h"
@@ -100,9 +98,7 @@ std::vector<long> callsOf(const Scenario& scenario, const Before& before) {
 bool check(const char* what, std::size_t most,
            const std::function<std::vector<Fault>(long call)>& faultsAt) {
   bool isWell = true;
-  std::vector<Scenario> scenarios = packScenarios();
-  std::ranges::move(lutScenarios(), std::back_inserter(scenarios));
-  for (const Scenario& scenario : scenarios) {
+  for (const Scenario& scenario : scenarios()) {
     const Before before(scenario);
     // What libraries do once is done here, not in every process.
     const TemporaryTree warm;
