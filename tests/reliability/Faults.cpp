@@ -92,6 +92,10 @@ std::vector<long> callsOf(const Scenario& scenario, const Before& before) {
   Trace trace = runTraced([&] { return tryChange(scenario, tree.root()); },
                           {.withoutExchange = scenario.withoutExchange});
   if (trace.exitCode != 0 || scenario.state(tree.root()) != scenario.after) return {};
+  if (std::ranges::count(trace.calls, SYS_fsync) < scenario.syncs) {
+    std::fprintf(stderr, "%s: something is not made durable\n", scenario.name.c_str());
+    return {};
+  }
   return std::move(trace.calls);
 }
 

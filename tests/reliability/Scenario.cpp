@@ -36,8 +36,8 @@ std::string withOther(const std::string& state) {
   return state.empty() ? "other" : state + " other";
 }
 
-Scenario packScenario(const char* name, const std::string& before, const std::string& after,
-                      bool withoutExchange = false) {
+Scenario packScenario(const char* name, std::ptrdiff_t syncs, const std::string& before,
+                      const std::string& after, bool withoutExchange = false) {
   const auto root = [](const QByteArray& folder) { return folder + "/store/packs"; };
   const auto installOther = [root](const QByteArray& folder) {
     packOf("other").installIn(PackStore(root(folder)));
@@ -54,6 +54,7 @@ Scenario packScenario(const char* name, const std::string& before, const std::st
                 installOther(folder);
               },
           .change = [=](const QByteArray& folder) { change(root(folder), after); },
+          .syncs = syncs,
           .state = [=](const QByteArray& folder) { return stateOf(root(folder)); },
           .before = state(before),
           .after = state(after),
@@ -67,7 +68,7 @@ Scenario packScenario(const char* name, const std::string& before, const std::st
           .withoutExchange = withoutExchange};
 }
 
-Scenario lutScenario(const char* name, const std::string& before) {
+Scenario lutScenario(const char* name, std::ptrdiff_t syncs, const std::string& before) {
   const auto copyIn = [](const QByteArray& folder) {
     return folder + "/library/" + Sha256::of(kLut).toHex() + "/film.cube";
   };
@@ -87,6 +88,7 @@ Scenario lutScenario(const char* name, const std::string& before) {
                                                            fileUrl(folder + "/pack"),
                                                            fileUrl(folder + "/library"));
               },
+          .syncs = syncs,
           .state = state,
           .before = before,
           .after = "whole",
@@ -136,14 +138,14 @@ void change(const QByteArray& root, const std::string& version) {
 }
 
 std::vector<Scenario> scenarios() {
-  return {packScenario("install", "", "1"),
-          packScenario("update", "1", "2"),
-          packScenario("reinstall", "1", "1b"),
-          packScenario("uninstall", "1", ""),
-          packScenario("update without exchange", "1", "2", true),
-          packScenario("reinstall without exchange", "1", "1b", true),
-          lutScenario("copy of a LUT", ""),
-          lutScenario("copy of a LUT over a damaged one", "damaged")};
+  return {packScenario("install", 9, "", "1"),
+          packScenario("update", 6, "1", "2"),
+          packScenario("reinstall", 6, "1", "1b"),
+          packScenario("uninstall", 1, "1", ""),
+          packScenario("update without exchange", 6, "1", "2", true),
+          packScenario("reinstall without exchange", 6, "1", "1b", true),
+          lutScenario("copy of a LUT", 4, ""),
+          lutScenario("copy of a LUT over a damaged one", 2, "damaged")};
 }
 
 }  // namespace orvex

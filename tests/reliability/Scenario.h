@@ -14,6 +14,8 @@ struct Scenario {
   std::function<void(const QByteArray& folder)> prepare;
   /// Throws a described error where it is refused.
   std::function<void(const QByteArray& folder)> change;
+  /// How many files and folders it makes durable: each that it writes, before it is seen.
+  std::ptrdiff_t syncs = 0;
   /// What whoever looks finds.
   std::function<std::string(const QByteArray& folder)> state;
   std::string before;
