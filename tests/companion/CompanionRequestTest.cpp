@@ -32,38 +32,35 @@ TEST(Request, EachHasOneSpelling) {
 TEST(Request, EverythingElseIsRefusedWithAReason) {
   const QByteArray scheme = "vantrelo-finalcut:";
   const qsizetype room = CompanionRequest::kMaximumBytes - kFocus.size();
-  const std::pair<const char16_t*, QByteArrayList> rows[] = {
-      {u"başlamalı",
-       {"", scheme, scheme + "focus-panel", scheme + "/focus-panel", "http://focus-panel"}},
-      {u"\"quit\" bilinmiyor", {scheme + "//quit"}},
-      {u"bilinmiyor",
-       {scheme + "//", scheme + "//?action=blade-speed", kFocus + QByteArray(room, 'x')}},
-      {u"sorgu almaz", {kFocus + "?", kFocus + "?action=blade-speed"}},
-      {u"yol", {kFocus + "/", scheme + "///focus-panel", kTimeline + "/?action=blade-speed"}},
-      {u"parça", {kFocus + "#", kAction + "#x"}},
-      {u"port", {kFocus + ":80", kTimeline + ":1?action=blade-speed"}},
-      {u"kullanıcı", {scheme + "//me@focus-panel"}},
-      {u"ters bölü", {scheme + "//\\focus-panel"}},
-      {u"?action=",
-       {kTimeline, kTimeline + "?", kTimeline + "?action", kTimeline + "?verb=blade-speed",
-        kTimeline + "??action=blade-speed"}},
-      {u"\"\" diye", {kTimeline + "?action="}},
-      {u"diye bir komut yok", {kAction + "x", kTimeline + "?action=blade", kAction + "?"}},
-      {u"tek sorgu",
-       {kAction + "&", kAction + "&action=blade-speed", kAction + ";x=1",
-        kTimeline + "?x=1&action=blade-speed"}},
-      {u"yüzde", {kTimeline + "?action=%62lade-speed", scheme + "//focus%2Dpanel", kFocus + "%00"}},
-      {u"denetim", {kFocus + " ", kFocus + "\n", kFocus + QByteArray(1, '\0')}},
-      {u"ASCII", {kFocus + "\xff"}},
-      {u"en çok 256 bayt", {kFocus + QByteArray(room + 1, 'x'), QByteArray(1 << 20, '%')}},
+  const std::pair<QByteArray, const char16_t*> rows[] = {
+      {"", u"başlamalı"},
+      {scheme + "focus-panel", u"başlamalı"},
+      {scheme + "//quit", u"\"quit\" bilinmiyor"},
+      {scheme + "//?action=blade-speed", u"bilinmiyor"},
+      {kFocus + QByteArray(room, 'x'), u"bilinmiyor"},
+      {kFocus + "?", u"sorgu almaz"},
+      {kTimeline + "/?action=blade-speed", u"yol"},
+      {kAction + "#x", u"parça"},
+      {kTimeline + ":1?action=blade-speed", u"port"},
+      {scheme + "//me@focus-panel", u"kullanıcı"},
+      {scheme + "//\\focus-panel", u"ters bölü"},
+      {kTimeline, u"?action="},
+      {kTimeline + "??action=blade-speed", u"?action="},
+      {kTimeline + "?action=", u"\"\" diye"},
+      {kTimeline + "?action=blade", u"diye bir komut yok"},
+      {kAction + "&action=blade-speed", u"tek sorgu"},
+      {kAction + ";x=1", u"tek sorgu"},
+      {kFocus + "%00", u"yüzde"},
+      {kFocus + "\n", u"denetim"},
+      {kFocus + "\xff", u"ASCII"},
+      {kFocus + QByteArray(room + 1, 'x'), u"en çok 256 bayt"},
   };
-  for (const auto& [reason, urls] : rows)
-    for (const QByteArray& url : urls) {
-      const auto request = CompanionRequest::parse(url);
-      ASSERT_FALSE(request) << url.constData();
-      EXPECT_TRUE(request.error().contains(QStringView(reason)))
-          << url.left(300).constData() << " → " << request.error();
-    }
+  for (const auto& [url, reason] : rows) {
+    const auto request = CompanionRequest::parse(url);
+    ASSERT_FALSE(request) << url.constData();
+    EXPECT_TRUE(request.error().contains(QStringView(reason)))
+        << url.constData() << " → " << request.error();
+  }
 }
 
 }  // namespace

@@ -124,7 +124,6 @@ TEST_F(LUTService, RemovesGarbageAndWritesNowhereElse) {
         library(u"Bridge Requests/"_s + file), good, library(u""_s), file, u""_s})
     leave(QString::number(count++), good, reply);
   leave(u"huge"_s, QByteArray(1 << 20, 'x'));
-  leave(u"empty"_s, "");
   leave(u"types"_s, "<plist><dict><key>path</key><true/><key>reply</key><true/></dict></plist>");
   ASSERT_EQ(::mkfifo(qPrintable(requestPath(u"fifo"_s)), 0600), 0);
   QFile::link(u"/dev/zero"_s, requestPath(u"device"_s));

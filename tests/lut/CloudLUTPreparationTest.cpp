@@ -165,17 +165,6 @@ TEST_F(Preparation, ReplacesACopyThatIsNotTheSource) {
   EXPECT_EQ(prepare("Pack/a.cube"), "errno " + QByteArray::number(ENOTDIR));
 }
 
-TEST_F(Preparation, PassesTheSystemsErrorsOn) {
-  tree.file("Pack/a.cube", kLUT);
-  tree.file("Pack/closed.cube", kLUT);
-  ::chmod(tree.path("Pack/closed.cube").constData(), 0);
-  tree.folder("library");
-  ::chmod(tree.path("library").constData(), 0555);
-  const OrdinaryUser user(tree);
-  EXPECT_EQ(prepare("Pack/closed.cube"), "errno " + QByteArray::number(EACCES));
-  EXPECT_EQ(prepare("Pack/a.cube"), "errno " + QByteArray::number(EACCES));
-}
-
 // Whatever becomes of the source meanwhile, the copy lies under the digest of the bytes it holds.
 TEST_F(Preparation, WhatWasCheckedIsWhatIsCopiedWhileTheSourceChanges) {
   tree.file("Pack/a.cube", kLUT + QByteArray(1 << 18, '1'));
