@@ -145,13 +145,12 @@ TEST_F(Bridge, LeavesOneRequestAndTakesItsReply) {
 
   EXPECT_EQ(fields.keys(), (QStringList{u"path"_s, u"reply"_s}));
   const std::string root = library({}).toStdString();
+  const QString reply = fields[u"reply"_s].toString();
   EXPECT_THAT(fields[u"path"_s].toString().toStdString(),
               MatchesRegex(root + "[0-9a-f]{64}/a\\.cube"));
-  EXPECT_THAT(fields[u"reply"_s].toString().toStdString(),
-              MatchesRegex(root + "apply-result-" + kUuid + "\\.plist"));
-  EXPECT_FALSE(QFile::exists(fields[u"reply"_s].toString()));
-  const QString name = requests().value(0);
-  EXPECT_THAT(name.toStdString(), MatchesRegex("request-" + kUuid + "\\.plist"));
+  EXPECT_THAT(reply.toStdString(), MatchesRegex(root + "apply-result-" + kUuid + "\\.plist"));
+  EXPECT_FALSE(QFile::exists(reply));
+  EXPECT_THAT(requests().value(0).toStdString(), MatchesRegex("request-" + kUuid + "\\.plist"));
   EXPECT_EQ(launches, QList{fileUrl(tree.path("X.app"))});
   EXPECT_EQ(started, QList{fileUrl(tree.path("Pack"))});
   EXPECT_EQ(slept, QList{200ms});

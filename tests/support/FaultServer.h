@@ -107,8 +107,8 @@ class FaultServer {
   void listen();
   void accept();
   void serve(int socket);
-  void converse(SSL* connection);
-  [[nodiscard]] Handler handlerOf(const QByteArray& target) const;
+  // Remembers the request, too.
+  [[nodiscard]] Handler handlerOf(const Request& request);
 
   const QTemporaryDir folder_;
   std::unique_ptr<SSL_CTX, void (*)(SSL_CTX*)> context_;
