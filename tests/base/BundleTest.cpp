@@ -30,9 +30,6 @@ TEST(Bundle, FindsItsInformationWhereItIsCustomary) {
   framework.link("Versions/Current", "A");
   framework.link("Resources", "Versions/Current/Resources");
   EXPECT_EQ(nameOf(framework, {}), u"N"_qs);
-  const TemporaryTree waiting;
-  waiting.fifo("Info.plist");
-  EXPECT_FALSE(nameOf(waiting, {}).isValid());
 }
 
 TEST(Bundle, SpeaksTheUsersLanguage) {

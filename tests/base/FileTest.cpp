@@ -1,11 +1,8 @@
 #include "base/FileError.h"
 #include "base/FileUrl.h"
 #include "base/NewFile.h"
-#include "base/Sha256.h"
 #include "base/SmallFile.h"
 #include "support/TemporaryTree.h"
-
-#include <QDir>
 
 #include <gmock/gmock.h>
 
@@ -50,10 +47,8 @@ TEST(NewFile, ReplacesTheFileAndNotWhatALinkLeadsTo) {
   // Nothing is left behind where it cannot be written.
   tree.folder("taken/x");
   EXPECT_FALSE(replaceFile(tree.path("taken"), "x"));
-  EXPECT_FALSE(replaceFile(tree.path("target/below"), "x"));
-  EXPECT_EQ(QDir(tree.text(".")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-            (QStringList{QStringLiteral("cache"), QStringLiteral("new"), QStringLiteral("taken"),
-                         QStringLiteral("target")}));
+  EXPECT_THAT(Directory::open(tree.root()).names(),
+              testing::UnorderedElementsAre("cache", "new", "taken", "target"));
 }
 
 TEST(Directory, FollowsNoLinkAndWaitsForNothing) {
@@ -87,15 +82,6 @@ TEST(Directory, RemovesAllBelowAndNothingBehindLinks) {
   for (const char* name : {"pack", "link", "deep", "missing"}) root.remove(name);
   EXPECT_TRUE(root.names().isEmpty());
   EXPECT_TRUE(QFile::exists(tree.text("outside/kept")));
-}
-
-TEST(Sha256, IsTheDigestOfAllPieces) {
-  Sha256 digest;
-  digest.add("a");
-  digest.add({});
-  digest.add("bc");
-  EXPECT_EQ(digest.finish().toHex(),
-            "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
 }
 
 }  // namespace

@@ -56,17 +56,12 @@ TEST(AudioUnitList, IsOrderedByManufacturerThenByName) {
     const char* ordered;
   } rows[] = {
       {QLocale::English, "b Z,a Y,b a,A x,c B", "a Y,A x,b a,b Z,c B"},
-      {QLocale::English, "b B,b a,b C,b b, z", " z,b a,b B,b b,b C"},
       // One maker in two spellings: neither comes first, so the system's order stands, and what
       // stands between two effects of one spelling keeps them apart.
-      {QLocale::English, "Apple Z,apple A", "Apple Z,apple A"},
       {QLocale::English, "Apple Z,apple M,Apple A", "Apple Z,apple M,Apple A"},
       {QLocale::English, "apple M,Apple Z,Apple A", "apple M,Apple A,Apple Z"},
-      {QLocale::English, "Écho A,Echo B,Echz A", "Echo B,Écho A,Echz A"},
       {QLocale::Turkish, "İz A,ız B,iz C,Iz D", "ız B,Iz D,İz A,iz C"},
       {QLocale::Turkish, "z A,ö A,o A,ş A,s A,ç A,c A", "c A,ç A,o A,ö A,s A,ş A,z A"},
-      // No duplicate is removed.
-      {QLocale::English, "a A,a A", "a A,a A"},
   };
   for (const auto& [language, listed, ordered] : rows) {
     Components components;
@@ -74,16 +69,6 @@ TEST(AudioUnitList, IsOrderedByManufacturerThenByName) {
     EXPECT_EQ(written(listAudioUnits(components, {}, Collation(QLocale(language)))),
               QString::fromUtf8(ordered));
   }
-}
-
-TEST(AudioUnitList, ItemsCarryTheComponentsFields) {
-  Components components;
-  components.answer({{u"Oda"_qs, u"Yapımcı"_qs, u"2.4"_qs, u"Reverb"_qs, true, false, 4294967295U,
-                      AudioComponent::kEffectType, 0}});
-  EXPECT_THAT(
-      listAudioUnits(components, {}),
-      testing::ElementsAre(AudioUnitItem{u"4294967295-1635083896-0"_qs, u"Oda"_qs, u"Yapımcı"_qs,
-                                         u"2.4"_qs, u"Reverb"_qs, true, false}));
 }
 
 TEST(AudioUnits, AreRefreshedAtOnceAndTheLatestRefreshCounts) {
@@ -94,11 +79,8 @@ TEST(AudioUnits, AreRefreshedAtOnceAndTheLatestRefreshCounts) {
   const EngineSummary empty{EngineHealth::Empty, u"Audio Units"_qs,
                             u"Kayıtlı AU effect bulunamadı."_qs, 0};
   EXPECT_EQ(registry->summary(), empty);
-  const QDateTime made = registry->lastRefresh();
-
   QList<AudioComponent> found = effects("Maker Plain,Other Confined,Maker Good");
   found[1].passesValidation = found[1].sandboxSafe = found[2].passesValidation = true;
-  QThread::msleep(2);
   components->answer(found);
   ASSERT_TRUE(settled());
   EXPECT_EQ(written(registry->items()), u"Maker Good,Maker Plain,Other Confined");
@@ -107,7 +89,6 @@ TEST(AudioUnits, AreRefreshedAtOnceAndTheLatestRefreshCounts) {
   EXPECT_EQ(registry->summary(),
             (EngineSummary{EngineHealth::Ready, u"Audio Units"_qs,
                            u"macOS tarafından kayıtlı Audio Unit effect envanteri."_qs, 3}));
-  EXPECT_GT(registry->lastRefresh(), made);
   EXPECT_EQ(registry->matching(u" mAKER "), (QList<qsizetype>{0, 1}));
   EXPECT_EQ(registry->matching(u"conf"), QList<qsizetype>{2});
 

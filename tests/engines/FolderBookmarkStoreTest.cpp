@@ -1,4 +1,3 @@
-#include "engines/EngineHealth.h"
 #include "engines/FolderBookmarkStore.h"
 #include "engines/ScriptedAccess.h"
 
@@ -92,14 +91,6 @@ TEST_F(BookmarkStore, AnAnswerAfterItsEndReachesNobody) {
   other.reset();
   access.answer(kFolder);
   EXPECT_FALSE(stored().isValid());
-}
-
-TEST(EngineHealth, ConvertsToItsRawValueAndBack) {
-  for (const auto health : {EngineHealth::Ready, EngineHealth::NeedsAccess, EngineHealth::Empty,
-                            EngineHealth::Unavailable, EngineHealth::Error})
-    EXPECT_EQ(engineHealthFromRawValue(rawValue(health)), health);
-  EXPECT_EQ(rawValue(EngineHealth::NeedsAccess), u"needsAccess");
-  EXPECT_EQ(engineHealthFromRawValue(u"Ready"), std::nullopt);
 }
 
 }  // namespace

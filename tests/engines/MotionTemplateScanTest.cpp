@@ -11,21 +11,6 @@ Inventory<MotionTemplateItem> scan(const QByteArray& root) {
   return scanMotionTemplates(root, {}, {QLocale(QLocale::English), {}});
 }
 
-TEST(MotionTemplateScan, DescribesATemplateInItsFolder) {
-  const TemporaryTree tree;
-  const QByteArray folder = "Titles/Lower Thirds/Name Key/";
-  tree.file(folder + "Name Key.moti");
-  tree.file(folder + "small.png");
-  const auto found = scan(tree.root());
-  EXPECT_THAT(found.items, testing::ElementsAre(MotionTemplateItem{
-                               QString::fromUtf8(folder + "Name Key.moti"), u"Name Key"_qs,
-                               MotionTemplateKind::Title, u"Lower Thirds"_qs,
-                               QUrl::fromLocalFile(tree.text(folder + "Name Key.moti")),
-                               QUrl::fromLocalFile(tree.text(folder + "small.png"))}));
-  EXPECT_EQ(found.search.find(u"lower").size(), 1);
-  EXPECT_EQ(found.search.find(u"titles").size(), 0);
-}
-
 TEST(MotionTemplateScan, TellsKindCategoryAndPreview) {
   const struct {
     const char* path;

@@ -16,10 +16,8 @@ using namespace orvex;
 
 namespace {
 
-class Lines final : public SystemLog {
- public:
-  void line(const QString& text) override { lines.append(text); }
-  QStringList lines;
+class NoLog final : public SystemLog {
+  void line(const QString& text) override { ADD_FAILURE() << qPrintable(text); }
 };
 
 QQuickItem* itemWithText(QQuickItem* root, const QString& text) {
@@ -58,7 +56,7 @@ class FolderDialogs : public testing::Test {
 
   QQmlEngine engine_;
   QQuickWindow window_;
-  Lines log_;
+  NoLog log_;
   std::unique_ptr<QuickFolderChooser> chooser_ =
       std::make_unique<QuickFolderChooser>(engine_, window_, log_);
   QStringList answers_;
@@ -72,7 +70,6 @@ TEST_F(FolderDialogs, AnswerTheAcceptedFolderAndNothingWhenCancelled) {
   ASSERT_TRUE(answered());
   EXPECT_TRUE(QFileInfo(answers_[0]).isDir()) << qPrintable(answers_[0]);
   EXPECT_FALSE(answers_.takeFirst().endsWith(u'/'));
-  EXPECT_TRUE(log_.lines.isEmpty());
 
   choose();
   ASSERT_TRUE(button(u"Seç"_qs));

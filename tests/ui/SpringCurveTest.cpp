@@ -51,20 +51,6 @@ TEST(SpringCurve, FollowsTheEquationOfMotion) {
   }
 }
 
-TEST(SpringCurve, OvershootsOnlyBelowCriticalDamping) {
-  const auto highest = [](double dampingFraction) {
-    const SpringCurve curve{0.28, dampingFraction};
-    double value = 0;
-    for (double seconds = 0; seconds < 2; seconds += 0.001)
-      value = std::max(value, curve.at(seconds, {0, 0}, 1).value);
-    return value;
-  };
-  // The first overshoot of a damped spring is e^(−πd/√(1−d²)).
-  EXPECT_NEAR(highest(0.78), 1 + std::exp(-std::numbers::pi * 0.78 / std::sqrt(1 - 0.78 * 0.78)),
-              1e-4);
-  EXPECT_LE(highest(1), 1);
-}
-
 TEST(SpringCurve, AnImpossibleSpringIsSettledRatherThanEndless) {
   const SpringCurve curve{0, 0.8};
   EXPECT_TRUE(curve.settled(curve.at(0.1, {0, 0}, 1), 1, 0.001));
