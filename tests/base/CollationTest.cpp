@@ -26,7 +26,6 @@ TEST(Collation, SortsAsTheLanguageDoes) {
       {kTurkish, u"Cam,çam,Hat,Isı,ısırgan,İlk,inci,Oda,ödev,Sal,şal,zil"},
       {kEnglish, u"Äpfel,apple,Banana,çam,cat,Zebra"},
       {kSwedish, u"Apa,Zebra,ådra,äpple,öl"},
-      {QLocale::c(), u"a,B,é,f,Z"},
   };
   for (const auto& row : rows) {
     const QStringList expected = QString::fromUtf16(row.expected).split(u',');
@@ -54,7 +53,6 @@ TEST(SearchIndex, FindsTextsByTheRulesOfTheLanguage) {
     bool found;
   } rows[]{
       {kEnglish, u"Film Look", u"  LOOK \n", true},
-      {kEnglish, u"Film Look", u"film  look", false},
       {kEnglish, u"İlk", u"ilk", false},
       {kTurkish, u"İlk", u"ilk", true},
       {kTurkish, u"I\u0307lk", u"ilk", true},

@@ -1,5 +1,4 @@
 #include "base/FileError.h"
-#include "base/FileUrl.h"
 #include "base/NewFile.h"
 #include "base/SmallFile.h"
 #include "support/TemporaryTree.h"
@@ -9,18 +8,6 @@
 using namespace orvex;
 
 namespace {
-
-TEST(FileUrl, KeepsEveryByte) {
-  const QByteArray paths[]{"/",           "/a b/ş.cube", "/100%/a%20b", "/q?x#y;z",  "/back\\slash",
-                           "/\xff\xfe/x", "/new\nline",  "//double",    "/a:b@c[1]", "/e\u0301"};
-  for (const QByteArray& path : paths) {
-    const QUrl url = fileUrl(path);
-    EXPECT_TRUE(url.isLocalFile()) << path.constData();
-    EXPECT_EQ(filePath(url), path);
-    EXPECT_EQ(filePath(QUrl(url.toString(QUrl::FullyEncoded), QUrl::StrictMode)), path);
-    EXPECT_EQ(fileText(url), QString::fromUtf8(path));
-  }
-}
 
 TEST(SmallFile, ReadsRegularFilesUpToTheLimitOnly) {
   const TemporaryTree tree;

@@ -38,22 +38,6 @@ class FolderRegistryTest : public testing::Test {
   FolderBookmarkStore store{access, settings, log};
 };
 
-TEST_F(FolderRegistryTest, WithoutAGrantItAsksForAccess) {
-  const auto check = [this](FolderRegistry&& registry, const QString& title, const QString& what) {
-    EXPECT_EQ(registry.summary(), (EngineSummary{EngineHealth::NeedsAccess, title,
-                                                 what + u" klasörüne erişim ver."_qs, 0}));
-    EXPECT_FALSE(registry.isScanning());
-    EXPECT_EQ(registry.rootURL(), std::nullopt);
-    registry.chooseFolder();
-  };
-  check(LUTRegistry(store), u"LUT Library"_qs, u".cube"_qs);
-  check(MotionTemplateRegistry(store), u"Motion Templates"_qs, u"Motion Templates"_qs);
-  check(FxPlugRegistry(store), u"FxPlug Registry"_qs, u"FxPlug"_qs);
-  EXPECT_EQ(access.asked.join(u' '),
-            u"LUT klasörünü seç|Seç Motion Templates klasörünü seç|Seç "
-            "FxPlug klasörünü seç|Seç");
-}
-
 TEST_F(FolderRegistryTest, ScansTheGrantedFolderAtOnce) {
   const TemporaryTree tree;
   for (const char* file : {"b.cube", "A/A.moti", "A/B.moti", "A/C.motr"}) tree.file(file);
@@ -64,11 +48,9 @@ TEST_F(FolderRegistryTest, ScansTheGrantedFolderAtOnce) {
   const QSignalSpy progress(&luts, &LUTRegistry::scanProgressChanged);
   const MotionTemplateRegistry motion(store);
   const FxPlugRegistry fxplug(store);
-  EXPECT_TRUE(luts.isScanning());
   EXPECT_EQ(access.used, QList<QUrl>(3, url(tree)));
   ASSERT_TRUE(finish(luts) && finish(motion) && finish(fxplug));
-  EXPECT_EQ(luts.summary(), (EngineSummary{EngineHealth::Ready, u"LUT Library"_qs,
-                                           QString::fromUtf8(tree.root()), 1}));
+  EXPECT_EQ(luts.summary().detail, QString::fromUtf8(tree.root()));
   EXPECT_EQ(motion.count(MotionTemplateKind::Title), 2);
   EXPECT_EQ(motion.summary().count, 3);
   EXPECT_EQ(fxplug.items().value(0).name, u"A");
@@ -80,52 +62,77 @@ TEST_F(FolderRegistryTest, ScansTheGrantedFolderAtOnce) {
 
 TEST_F(FolderRegistryTest, GoesThroughItsStates) {
   const TemporaryTree tree;
-  access.bracketed = false;
   LUTRegistry luts(store);
-  const QSignalSpy changed(&luts, &LUTRegistry::changed);
+  EXPECT_EQ(luts.summary(), (EngineSummary{EngineHealth::NeedsAccess, u"LUT Library"_qs,
+                                           u".cube klasörüne erişim ver."_qs, 0}));
   luts.chooseFolder();
   luts.chooseFolder();
-  EXPECT_EQ(access.asked.size(), 1);
+  EXPECT_EQ(access.asked, QStringList{u"LUT klasörünü seç|Seç"_qs});
   access.answer(std::nullopt);
-  EXPECT_EQ(changed.size(), 0);
   luts.chooseFolder();
+  // What cannot be granted lasts as long as the panel.
+  access.canGrant = false;
   access.answer(url(tree));
+  EXPECT_TRUE(log.lines.value(0).contains(u"bookmark write error no grant"));
+  access.canGrant = true;
   EXPECT_EQ(luts.rootURL(), url(tree));
   ASSERT_TRUE(finish(luts));
   EXPECT_EQ(luts.health(), EngineHealth::Empty);
-  tree.file("a.cube");
-  luts.scan();
-  ASSERT_TRUE(finish(luts));
-  EXPECT_EQ(luts.health(), EngineHealth::Ready);
   // What is dropped is as good as what was chosen: the next panel finds it again.
   const TemporaryTree dropped;
   dropped.file("\xFF/x.cube");
-  const QUrl raw = fileUrl(dropped.path("\xFF"));
-  for (const QUrl& no : {fileUrl(tree.path("a.cube")), QUrl(u"https://example.com/"_qs)}) {
+  for (const QUrl& no : {fileUrl(dropped.path("\xFF/x.cube")), QUrl(u"https://example.com/"_qs)}) {
     EXPECT_TRUE(luts.useFolder(no).contains(u"bir klasör değil"));
     EXPECT_EQ(luts.rootURL(), url(tree));
   }
   EXPECT_EQ(luts.useFolder(fileUrl(dropped.path("\xFF/"))), QString());
   ASSERT_TRUE(finish(luts));
+  EXPECT_EQ(luts.health(), EngineHealth::Ready);
   const LUTRegistry next(store);
   ASSERT_TRUE(finish(next));
-  EXPECT_EQ(next.rootURL(), raw);
+  EXPECT_EQ(next.rootURL(), fileUrl(dropped.path("\xFF")));
   EXPECT_EQ(next.items(), luts.items());
-  EXPECT_EQ(luts.useFolder(url(tree)), QString());
 
+  EXPECT_EQ(luts.useFolder(url(tree)), QString());
   std::filesystem::remove_all(tree.root().toStdString());
   luts.scan();
   ASSERT_TRUE(finish(luts));
   EXPECT_EQ(luts.health(), EngineHealth::Error);
   EXPECT_THAT(luts.items(), testing::IsEmpty());
-  EXPECT_EQ(luts.lastError(),
-            u"\"%1\" klasörü bulunamadı. Taşındıysa ya da silindiyse klasörü yeniden seç."_qs.arg(
-                QString::fromUtf8(tree.root())));
+  EXPECT_TRUE(luts.lastError()->contains(u"klasörü bulunamadı"));
   QDir().mkpath(QString::fromUtf8(tree.root()));
   luts.scan();
   ASSERT_TRUE(finish(luts));
-  EXPECT_EQ(luts.health(), EngineHealth::Empty);
   EXPECT_EQ(luts.lastError(), std::nullopt);
+}
+
+TEST_F(FolderRegistryTest, AGrantIsRenewedWhenStaleAndKeptWhenItCannotBe) {
+  const QString key = u"key"_qs;
+  const QByteArray good = "grant:file:///a/b", stale = "stale:file:///a/b";
+  const QUrl root(u"file:///a/b"_qs);
+  const QString error = u"[Vantrelo Orvex] bookmark resolve error no "_qs;
+  const struct {
+    QVariant entry;
+    bool canGrant;
+    std::optional<QUrl> restored;
+    QVariant after;
+    QStringList lines;
+  } rows[]{
+      {u"text"_qs, true, {}, u"text"_qs, {}},
+      {QByteArray("x"), true, {}, QByteArray("x"), {error + u"such grant"_qs}},
+      {good, false, root, good, {}},
+      {stale, true, root, good, {}},
+      {stale, false, {}, stale, {error + u"grant"_qs}},
+  };
+  for (const auto& row : rows) {
+    settings.setValue(key, row.entry);
+    access.stale = row.entry == stale;
+    access.canGrant = row.canGrant;
+    log.lines.clear();
+    EXPECT_EQ(store.restoreDirectory(key), row.restored) << qPrintable(row.entry.toString());
+    EXPECT_EQ(settings.value(key), row.after);
+    EXPECT_EQ(log.lines, row.lines);
+  }
 }
 
 TEST_F(FolderRegistryTest, TheNewestScanWinsAndAnAbandonedOneEnds) {
@@ -155,7 +162,6 @@ TEST_F(FolderRegistryTest, TheNewestScanWinsAndAnAbandonedOneEnds) {
   EXPECT_THAT(published, testing::ElementsAre(1));
   EXPECT_EQ(luts.items().value(0).name, u"one");
   EXPECT_THAT(access.used, testing::IsEmpty());
-  EXPECT_FALSE(access.stoppedUnused);
 }
 
 }  // namespace

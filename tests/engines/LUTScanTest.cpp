@@ -26,17 +26,6 @@ class LUTScan : public testing::Test {
   TemporaryTree cache;
 };
 
-TEST_F(LUTScan, DescribesEachFile) {
-  tree.file("sub/dir/x.cube", "TITLE \"Film Look\"\nLUT_3D_SIZE 33\n");
-  const auto found = scan(tree.root() + '/');
-  EXPECT_THAT(found.items, testing::ElementsAre(
-                               LUTItem{u"sub/dir/x.cube"_qs, u"x"_qs, u"Film Look"_qs, u"3D 33"_qs,
-                                       QUrl::fromLocalFile(tree.text("sub/dir/x.cube"))}));
-  EXPECT_EQ(found.search.find(u"LOOK").size(), 1);
-  EXPECT_EQ(found.search.find(u"X").size(), 1);
-  EXPECT_EQ(found.search.find(u"sub").size(), 0);
-}
-
 TEST_F(LUTScan, ListsByExtensionWhateverTheEntryIsAndReadsWhatItCan) {
   const QByteArray header = "LUT_3D_SIZE 33\n";
   for (const char* name : {"A.CUBE", "c.txt", "cube", "d.cube.bak", ".hidden.cube",
@@ -58,22 +47,17 @@ TEST_F(LUTScan, ListsByExtensionWhateverTheEntryIsAndReadsWhatItCan) {
   EXPECT_EQ(ids(true), u"A.CUBE Pack.bundle/Contents/f.cube h.cube");
 }
 
-TEST_F(LUTScan, SortsByNameAsTheLanguageDoes) {
-  for (const char* name : {"Ilık", "ışık", "İnce", "zil", "Çam", "cam", "z/cam", "a/CAM"})
-    tree.file(QByteArray(name) + ".cube");
-  EXPECT_EQ(ids(),
-            u"a/CAM.cube cam.cube z/cam.cube Çam.cube Ilık.cube ışık.cube İnce.cube zil.cube");
-}
-
 TEST_F(LUTScan, MakesIdsAndNamesOfRawPaths) {
   const QByteArray root = tree.root();
   for (const QByteArray& file :
        {"in" + root + "/x.cube", "in" + root + "x/y.cube", QByteArray("\xFF/\xE7.cube")})
-    tree.file(file, "LUT_3D_SIZE 2\n");
+    tree.file(file, "TITLE \"Title\"\nLUT_3D_SIZE 2\n");
   EXPECT_EQ(ids(), QString::fromUtf8("inx.cube in" + root + "x/y.cube \uFFFD/\uFFFD.cube"));
-  const LUTItem raw = scan(root).items.last();
-  EXPECT_EQ(raw.dimension, u"3D 2");
-  EXPECT_EQ(filePath(raw.fileURL), tree.path("\xFF/\xE7.cube"));
+  const auto found = scan(root + '/');
+  EXPECT_EQ(found.items.last().dimension, u"3D 2");
+  EXPECT_EQ(filePath(found.items.last().fileURL), tree.path("\xFF/\xE7.cube"));
+  EXPECT_EQ(found.search.find(u"title").size(), 3);
+  EXPECT_EQ(found.search.find(u"in").size(), 0) << "folders are not searched";
 }
 
 // What did not change is not read again, also by another process: a cache that says something wrong
@@ -100,13 +84,9 @@ TEST_F(LUTScan, ReadsOnlyWhatChanged) {
 TEST_F(LUTScan, ReportsItsProgressAndStops) {
   for (int i = 0; i < 1000; ++i) tree.file(QByteArray::number(i) + ".cube");
   std::atomic<qint64> last = 0;
-  const auto report = [&](Progress progress) {
-    EXPECT_TRUE(progress.total == 0 || progress.total == 1000);
-    last = std::max(last.load(), progress.done);
-  };
+  const auto report = [&](Progress progress) { last = std::max(last.load(), progress.done); };
   EXPECT_EQ(scan(tree.root(), {{}, report}).items.size(), 1000);
   EXPECT_EQ(last, 1000);
-  // While the tree is walked; reading so few files may be over before it is reported.
   std::stop_source stop;
   const auto stopThere = [&](Progress) { stop.request_stop(); };
   EXPECT_THROW(std::ignore = scan(tree.root(), {stop.get_token(), stopThere}), Stopped);

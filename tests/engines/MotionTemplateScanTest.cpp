@@ -38,14 +38,4 @@ TEST(MotionTemplateScan, TellsKindCategoryAndPreview) {
   }
 }
 
-TEST(MotionTemplateScan, OrdersByKindThenByName) {
-  const TemporaryTree tree;
-  for (const char* name : {"b.motr", "a.moti", "z.moef", "C.motn", "B.motn", "a.motn", "Y.moef",
-                           "x.mot", ".x.moef", "moef", "x.moefx"})
-    tree.file(name);
-  QStringList ids;
-  for (const auto& item : scan(tree.root()).items) ids.append(item.id);
-  EXPECT_EQ(ids.join(u' '), u"Y.moef z.moef a.motn B.motn C.motn a.moti b.motr");
-}
-
 }  // namespace

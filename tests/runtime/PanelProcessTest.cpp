@@ -2,8 +2,11 @@
 #include "runtime/PanelOptions.h"
 #include "support/Program.h"
 
+#include <QElapsedTimer>
 #include <QImage>
 #include <QTemporaryDir>
+
+#include <csignal>
 
 using namespace orvex;
 using namespace Qt::StringLiterals;
@@ -61,6 +64,13 @@ TEST_F(PanelProcess, TheCompanionReachesTheHostOfARunningPanel) {
   const QString blade = u"timeline-action?action=blade-speed"_s;
   EXPECT_TRUE(waitUntil([&] { return companion(blade) == 0; }, std::chrono::seconds(20)));
   EXPECT_EQ(companion(u"focus-panel"_s), 0);
+  // One that hangs is given up, well before anybody gives up the companion.
+  ::kill(static_cast<pid_t>(panel.processId()), SIGSTOP);
+  QElapsedTimer time;
+  time.start();
+  EXPECT_EQ(companion(u"focus-panel"_s), 1);
+  EXPECT_LT(time.elapsed(), 10'000);
+  ::kill(static_cast<pid_t>(panel.processId()), SIGCONT);
   panel.terminate();
   EXPECT_TRUE(panel.waitForFinished());
   EXPECT_EQ(companion(blade), 1) << "no panel any more";

@@ -95,18 +95,12 @@ KitCase {
         compare([clicks.count, item.activeFocus], [0, false]);
     }
 
+    // The lifted card does not slip from under the pointer.
     function test_toolCardLifts() {
         const card = make(toolCard);
-        const lift = card.contentItem;
-        // The lifted card does not slip from under the pointer.
         for (const y of [card.height / 2, card.height - 1]) {
             mouseMove(card, card.width / 2, y);
-            fuzzyCompare(lift.scale, 1.012, 0.0001);
-            compare(lift.transform[0].y, -2);
+            compare(card.contentItem.transform[0].y, -2);
         }
-        mouseMove(testCase, 600, 470);
-        compare([lift.scale, lift.transform[0].y], [1, 0]);
-        card.enabled = false;
-        fuzzyCompare(lift.opacity, 0.42, 0.0001);
     }
 }

@@ -14,6 +14,7 @@
 #include "platform/SystemLog.h"
 #include "platform/Workspace.h"
 #include "platform/hosts/BuiltInHost.h"
+#include "platform/hosts/HostChoice.h"
 #include "shell/OrvexDesktop.h"
 #include "shell/OrvexState.h"
 #include "support/NoSystem.h"
@@ -85,7 +86,9 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
   [[nodiscard]] FinalCutHostAdapter* hostAdapter() { return &adapter_; }
   [[nodiscard]] OrvexDesktop* desktop() { return &desktop_; }
   [[nodiscard]] ColorServices* colorServices() { return &colorServices_; }
-  [[nodiscard]] BuiltInHost* host() { return runtime_.host_.get(); }
+  [[nodiscard]] BuiltInHost* host() {
+    return dynamic_cast<BuiltInHost*>(runtime_->hostSingleton().get());
+  }
   [[nodiscard]] LibraryFiles* files() { return &files_; }
 
   /// Puts a pack with these files into the store; the values name files of the corpus of odd LUTs.
@@ -173,13 +176,6 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
   }
 
  private:
-  class BuiltInRuntime final : public HostRuntime {
-   public:
-    std::shared_ptr<FCPXHost> hostSingleton() override { return host_; }
-
-    std::shared_ptr<BuiltInHost> host_ = std::make_shared<BuiltInHost>();
-  };
-
   class Effects final : public AudioComponents {
    public:
     QList<AudioComponent> effects(const std::stop_token&) override {
@@ -223,8 +219,8 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
   AudioUnitRegistry audio_{effects_};
   LUTRegistry luts_{folders_.bookmarks()};
   FxPlugRegistry fxplug_{folders_.bookmarks()};
-  BuiltInRuntime runtime_;
-  FinalCutHostAdapter adapter_{state_, runtime_, *this, *this};
+  std::unique_ptr<HostRuntime> runtime_ = makeHostRuntime({});
+  FinalCutHostAdapter adapter_{state_, *runtime_, *this, *this};
   OrvexDesktop desktop_{*state_, *this};
   AppTree app_;
   ColorServices colorServices_{

@@ -106,15 +106,6 @@ PanelCase {
         compare(objects.state.activePage.id, "updates");
     }
 
-    function test_host_line() {
-        make(1040, 780);
-        for (const [fields, text, badge] of [[{}, "Final Cut Pro", "OFFLINE"], [{ connected: true, hostVersion: "10.7.1" }, "Final Cut Pro 10.7.1", "LIVE"], [{ connected: true, hostVersion: "" }, "Final Cut Pro", "LIVE"]]) {
-            objects.report(fields);
-            compare(named(panel, "hostLine").text, text);
-            verify(showing(named(panel, "topbar"), badge) !== null);
-        }
-    }
-
     // Whoever cannot see the panel hears what can be pressed, and presses it.
     function test_everything_to_press_fits_and_has_a_name_data() {
         return test_keyboard_data();

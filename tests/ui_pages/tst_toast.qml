@@ -28,19 +28,4 @@ PanelCase {
         mouseClick(named(panel, "navigation timeline"));
         compare(objects.state.activePage.id, "timeline", "clicks go through");
     }
-
-    function test_moves_in_and_out() {
-        open(1040, 780);
-        const toast = named(panel, "toast");
-        OrvexMotion.reduced = false;
-        objects.toast("Bir", OrvexToast.Success, 60);
-        verify(toast.opacity < 1 && toast.scale < 1 && toast.y < 76);
-        tryCompare(toast, "opacity", 1);
-        // Replaced in its place.
-        objects.toast("İki", OrvexToast.Error, 0.05);
-        compare([toast.y, toast.opacity], [76, 1]);
-        tryVerify(() => !objects.state.hasToast);
-        verify(toast.visible && showing(toast, "İki") !== null, "it fades with its text");
-        tryCompare(toast, "visible", false);
-    }
 }
