@@ -36,10 +36,7 @@ TEST(Bundle, SpeaksTheUsersLanguage) {
   tree.file(resources + "English.lproj/InfoPlist.strings", "CFBundleName = English;");
   tree.file(resources + "fr.lproj/Localizable.strings", "CFBundleName = Autre;");
   tree.file(resources + "de.lproj/InfoPlist.strings", "Other = x;");
-  const struct {
-    QStringList languages;
-    const char16_t* name;
-  } rows[]{
+  const std::pair<QStringList, const char16_t*> rows[]{
       {{u"tr-TR"_qs, u"en"_qs}, u"Türkçe"},
       {{u"pt-BR"_qs}, u"Brasil"},
       {{u"fr-FR"_qs, u"tr"_qs}, u"Türkçe"},
@@ -49,9 +46,8 @@ TEST(Bundle, SpeaksTheUsersLanguage) {
       {{u"../de"_qs}, u"English"},
       {{}, u"English"},
   };
-  for (const auto& row : rows)
-    EXPECT_EQ(nameOf(tree, row.languages), QString::fromUtf16(row.name))
-        << qPrintable(row.languages.join(u' '));
+  for (const auto& [languages, name] : rows)
+    EXPECT_EQ(nameOf(tree, languages), QString::fromUtf16(name)) << languages.join(u' ');
 }
 
 }  // namespace

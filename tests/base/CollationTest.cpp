@@ -18,19 +18,15 @@ QStringList sorted(const QLocale& locale, const QStringList& names) {
 }
 
 TEST(Collation, SortsAsTheLanguageDoes) {
-  const struct {
-    QLocale locale;
-    const char16_t* expected;
-  } rows[]{
+  const std::pair<QLocale, QString> rows[]{
       // The dotless i before the dotted one, each beside its capital; ç, ö, ş after their letters.
-      {kTurkish, u"Cam,çam,Hat,Isı,ısırgan,İlk,inci,Oda,ödev,Sal,şal,zil"},
-      {kEnglish, u"Äpfel,apple,Banana,çam,cat,Zebra"},
-      {kSwedish, u"Apa,Zebra,ådra,äpple,öl"},
+      {kTurkish, u"Cam,çam,Hat,Isı,ısırgan,İlk,inci,Oda,ödev,Sal,şal,zil"_qs},
+      {kEnglish, u"Äpfel,apple,Banana,çam,cat,Zebra"_qs},
+      {kSwedish, u"Apa,Zebra,ådra,äpple,öl"_qs},
   };
-  for (const auto& row : rows) {
-    const QStringList expected = QString::fromUtf16(row.expected).split(u',');
-    QStringList reversed(expected.rbegin(), expected.rend());
-    EXPECT_EQ(sorted(row.locale, reversed), expected) << qPrintable(row.locale.name());
+  for (const auto& [locale, names] : rows) {
+    const QStringList expected = names.split(u',');
+    EXPECT_EQ(sorted(locale, {expected.rbegin(), expected.rend()}), expected);
   }
 }
 
@@ -46,12 +42,7 @@ TEST(Collation, SortsManyAndLongNames) {
 }
 
 TEST(SearchIndex, FindsTextsByTheRulesOfTheLanguage) {
-  const struct {
-    QLocale locale;
-    const char16_t* text;
-    const char16_t* query;
-    bool found;
-  } rows[]{
+  const std::tuple<QLocale, const char16_t*, const char16_t*, bool> rows[]{
       {kEnglish, u"Film Look", u"  LOOK \n", true},
       {kEnglish, u"İlk", u"ilk", false},
       {kTurkish, u"İlk", u"ilk", true},
@@ -63,12 +54,11 @@ TEST(SearchIndex, FindsTextsByTheRulesOfTheLanguage) {
       {kEnglish, u"Cafe\u0301", u"cafe", false},
       {kEnglish, u"q\u0307r", u"q", false},
   };
-  for (const auto& row : rows) {
-    SearchIndex index(row.locale);
-    index.add({row.text});
-    EXPECT_EQ(index.find(row.query).size(), row.found ? 1 : 0)
-        << qPrintable(row.locale.name()) << ' ' << qPrintable(QString::fromUtf16(row.text)) << ' '
-        << qPrintable(QString::fromUtf16(row.query));
+  for (const auto& [locale, text, query, found] : rows) {
+    SearchIndex index(locale);
+    index.add({text});
+    EXPECT_EQ(index.find(query).size(), found ? 1 : 0)
+        << locale.name() << QString::fromUtf16(text) << QString::fromUtf16(query);
   }
 }
 

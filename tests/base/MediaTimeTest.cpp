@@ -11,11 +11,7 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 
 TEST(MediaTime, FromSeconds) {
-  const struct {
-    double seconds;
-    std::int32_t timescale;
-    MediaTime expected;
-  } cases[] = {
+  const std::tuple<double, std::int32_t, MediaTime> cases[] = {
       {1.5, 600, {900, 600}},
       // Nearest, halves away from zero.
       {1.0 / 1200, 600, {1, 600}},
@@ -30,11 +26,8 @@ TEST(MediaTime, FromSeconds) {
       {kNan, 600, MediaTime()},
       {1, 0, MediaTime()},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(testing::Message() << c.seconds << " at " << c.timescale);
-    const MediaTime time = MediaTime::fromSeconds(c.seconds, c.timescale);
-    EXPECT_EQ(time, c.expected) << time.value() << '/' << time.timescale();
-  }
+  for (const auto& [seconds, timescale, expected] : cases)
+    EXPECT_EQ(MediaTime::fromSeconds(seconds, timescale), expected) << seconds << ' ' << timescale;
 }
 
 }  // namespace

@@ -120,10 +120,7 @@ TEST(PropertyList, WritesWhatItReadsBackOrNothing) {
 TEST(StringsFile, ReadsTablesInEveryForm) {
   using Table = QMap<QString, QString>;
   QStringEncoder utf16(QStringEncoder::Utf16LE, QStringEncoder::Flag::WriteBom);
-  const struct {
-    QByteArray bytes;
-    Table table;
-  } rows[]{
+  const std::pair<QByteArray, Table> rows[]{
       {"\"a b\" = \"Parıltı \\\"X\\\" \\n\\U015F\\101\"; /* \"x\" = ; */ plain-key=word;",
        {{u"a b"_qs, u"Parıltı \"X\" \nşA"_qs}, {u"plain-key"_qs, u"word"_qs}}},
       {utf16(u"\"a\" = \"ş\";"_qs), {{u"a"_qs, u"ş"_qs}}},
@@ -131,7 +128,7 @@ TEST(StringsFile, ReadsTablesInEveryForm) {
       {binary({"\xD1\x01\x02", text("b"), text("c")}), {{u"b"_qs, u"c"_qs}}},
       {"/* only a comment", {}},
   };
-  for (const auto& row : rows) EXPECT_EQ(StringsFile::parse(row.bytes), row.table);
+  for (const auto& [bytes, table] : rows) EXPECT_EQ(StringsFile::parse(bytes), table);
   // What it cannot make sense of is refused as a whole.
   for (const char* broken : {"\"a\" = \"b", "\"a\" = ;", "a = b", "\"a\\", "a \"b\";"})
     EXPECT_FALSE(StringsFile::parse(broken)) << broken;

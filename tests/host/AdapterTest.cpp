@@ -93,26 +93,22 @@ TEST_F(Adapter, ReadsTheSequence) {
 }
 
 TEST_F(Adapter, ATimelineWithoutASequenceHasItsRange) {
-  const struct {
-    MediaTimeRange range;
-    bool available;
-    double start;
-    double duration;
-  } cases[] = {
-      {{ms(2000), ms(10'000)}, true, 2, 10},
-      {{ms(2000), ms(0)}, false, 2, 0},
-      {{ms(2000), MediaTime()}, false, 0, 0},
-      {{ms(2000), MediaTime::positiveInfinity()}, false, 2, 0},
+  // The range, whether it counts as a sequence, its start and its duration.
+  const std::tuple<MediaTimeRange, bool, double, double> cases[] = {
+      {MediaTimeRange{ms(2000), ms(10'000)}, true, 2, 10},
+      {MediaTimeRange{ms(2000), ms(0)}, false, 2, 0},
+      {MediaTimeRange{ms(2000), MediaTime()}, false, 0, 0},
+      {MediaTimeRange{ms(2000), MediaTime::positiveInfinity()}, false, 2, 0},
   };
-  for (const auto& c : cases) {
-    host->range = c.range;
+  for (const auto& [range, available, start, duration] : cases) {
+    host->range = range;
     adapter.connect();
     HostSnapshot expected = bare;
-    expected.sequenceAvailable = c.available;
-    if (c.available) expected.sequenceName = u"ACTIVE TIMELINE"_s;
-    expected.sequenceStartSeconds = c.start;
-    expected.sequenceDurationSeconds = c.duration;
-    EXPECT_EQ(panel.snapshot, expected) << &c - cases;
+    expected.sequenceAvailable = available;
+    if (available) expected.sequenceName = u"ACTIVE TIMELINE"_s;
+    expected.sequenceStartSeconds = start;
+    expected.sequenceDurationSeconds = duration;
+    EXPECT_EQ(panel.snapshot, expected) << range.duration.seconds();
   }
 }
 
@@ -145,10 +141,7 @@ TEST_F(Adapter, ObservesOneHostOnce) {
 TEST_F(Adapter, MovesAreClamped) {
   using Host = FinalCutHostAdapter;
   // In 1/600 s, on a sequence from 10 s to 70 s with the playhead at 12 s.
-  const struct {
-    void (*move)(Host&);
-    std::int64_t expected;
-  } cases[] = {
+  const std::pair<void (*)(Host&), std::int64_t> cases[] = {
       {[](Host& a) { a.moveToStart(); }, 6000},
       {[](Host& a) { a.moveToEnd(); }, 42'000},
       {[](Host& a) { a.moveBy(-1); }, 6600},
@@ -159,13 +152,12 @@ TEST_F(Adapter, MovesAreClamped) {
       {[](Host& a) { a.movePlayhead(kInfinity); }, 42'000},
   };
   openSequence();
-  for (const auto& c : cases) {
-    SCOPED_TRACE(&c - cases);
+  for (const auto& [move, expected] : cases) {
     host->playhead = ms(12'000);
     adapter.connect();
-    c.move(adapter);
-    EXPECT_EQ(host->moves.takeLast(), MediaTime(c.expected, 600));
-    EXPECT_EQ(panel.snapshot.playheadSeconds, static_cast<double>(c.expected) / 600);
+    move(adapter);
+    EXPECT_EQ(host->moves.takeLast(), MediaTime(expected, 600));
+    EXPECT_EQ(panel.snapshot.playheadSeconds, static_cast<double>(expected) / 600);
   }
 }
 
@@ -190,21 +182,17 @@ TEST_F(Adapter, MovesThatCannotBe) {
 }
 
 TEST_F(Adapter, TimelineCommands) {
-  const struct {
-    QString action;
-    bool opens;
-    QString notice;
-  } cases[] = {
+  const std::tuple<QString, bool, QString> cases[] = {
       {u"toggle-retime"_s, true, u"info: Retime Editor komutu Final Cut'a gönderildi."_s},
       {u"blade-speed"_s, true, u"info: Playhead konumuna Speed Point eklendi."_s},
       {u"normal-speed"_s, true, u"info: Seçili klip Normal Speed %100 yapıldı."_s},
       {u"blade-speed"_s, false, u"error: Vantrelo yardımcı motoru açılamadı."_s},
       {u"Toggle-Retime"_s, false, u"error: Geçersiz timeline komutu."_s},
   };
-  for (const auto& c : cases) {
-    panel.opens = c.opens;
-    adapter.performTimelineAction(c.action);
-    EXPECT_EQ(panel.notices.takeLast(), c.notice);
+  for (const auto& [action, opens, notice] : cases) {
+    panel.opens = opens;
+    adapter.performTimelineAction(action);
+    EXPECT_EQ(panel.notices.takeLast(), notice);
   }
   EXPECT_EQ(panel.opened.size(), 4);
   EXPECT_EQ(panel.opened[1], u"vantrelo-finalcut://timeline-action?action=blade-speed");

@@ -6,10 +6,7 @@
 using namespace orvex;
 
 TEST(Timecode, Texts) {
-  const struct {
-    double seconds;
-    QStringView text;
-  } cases[] = {
+  const std::pair<double, QStringView> cases[] = {
       {3725.5, u"01:02:05.500"},
       {-4, u"00:00:00.000"},
       // Truncated, not rounded.
@@ -20,6 +17,6 @@ TEST(Timecode, Texts) {
       {std::numeric_limits<double>::infinity(), u"—"},
       {std::numeric_limits<double>::quiet_NaN(), u"—"},
   };
-  for (const auto& c : cases)
-    EXPECT_EQ(orvexTimecodeLike(c.seconds), c.text.toString()) << c.seconds;
+  for (const auto& [seconds, text] : cases)
+    EXPECT_EQ(orvexTimecodeLike(seconds), text.toString()) << seconds;
 }

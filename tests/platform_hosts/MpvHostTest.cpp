@@ -184,6 +184,7 @@ TEST(MpvHost, CountsFromTheBeginningOrFromTheStreamsOwnTimes) {
                std::abs(snapshot.playheadSeconds - seconds) < 1e-3;
       });
     };
+    EXPECT_TRUE(shows(start));
     session.panel.adapter.moveByFrames(30);
     EXPECT_TRUE(shows(start + 1.2)) << session.position();
     session.panel.adapter.moveToEnd();

@@ -66,10 +66,6 @@ QByteArray reply(const QJsonObject& request, const QString& error = u"success"_s
       {{u"request_id"_s, request.value(u"request_id")}, {u"error"_s, error}, {u"data"_s, data}});
 }
 
-QByteArray event(const QString& name) {
-  return line({{u"event"_s, name}});
-}
-
 TEST(MpvConnection, ClosesOnGarbage) {
   const std::pair<const char*, QByteArray> cases[] = {
       {"no JSON", "hello\n"},
@@ -117,7 +113,6 @@ TEST(MpvHost, EveryMoveEnds) {
         {{u"event"_s, u"property-change"_s}, {u"id"_s, ids.value(name)}, {u"data"_s, value}});
   };
   const QTemporaryDir folder;
-  Peer* player = nullptr;
   Peer peer(folder.filePath(u"s"_s), [&](const QJsonObject& request) {
     const QJsonArray arguments = request.value(u"command").toArray();
     const QString command = arguments[0].toString();
@@ -135,15 +130,15 @@ TEST(MpvHost, EveryMoveEnds) {
       return reply(request, u"success"_s, 4.04);
     }
     if (outcome == Refuse) return reply(request, u"error running command"_s);
-    if (outcome == LoseFile) return reply(request) + event(u"end-file"_s);
+    if (outcome == LoseFile) return reply(request) + line({{u"event"_s, u"end-file"_s}});
     QTimer::singleShot(50, [&] {
       seeks = true;
-      player->send(change(u"time-pos"_s, 1.0) + event(u"seek"_s) + event(u"playback-restart"_s));
+      peer.send(change(u"time-pos"_s, 1.0) + line({{u"event"_s, u"seek"_s}}) +
+                line({{u"event"_s, u"playback-restart"_s}}));
     });
     // The end of somebody else's seek comes first, at some other place.
-    return reply(request) + event(u"playback-restart"_s);
+    return reply(request) + line({{u"event"_s, u"playback-restart"_s}});
   });
-  player = &peer;
   MpvHostRuntime runtime(folder.filePath(u"s"_s));
   Panel panel(runtime);
   ASSERT_TRUE(panel.ready());

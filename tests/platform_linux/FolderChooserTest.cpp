@@ -77,10 +77,7 @@ class Toolkit final : public FolderChooser {
 
 class FolderChoosing : public PrivateSession {
  protected:
-  void SetUp() override {
-    PrivateSession::SetUp();
-    platform_->setFolderChooser(&toolkit_);
-  }
+  FolderChoosing() { platform_->setFolderChooser(&toolkit_); }
   void choose() {
     platform_->folderAccess().chooseFolder(
         u"LUT klasörünü seç"_qs, u"Seç"_qs, [this](const std::optional<QUrl>& url) {

@@ -3,10 +3,10 @@
 #include "platform/Platform.h"
 #include "platform/linux/FolderGrant.h"
 #include "support/PrivateSession.h"
+#include "support/TemporaryTree.h"
 
 #include <QCryptographicHash>
 #include <QDataStream>
-#include <QTemporaryDir>
 #include <QThread>
 
 #include <sys/stat.h>
@@ -18,86 +18,78 @@ namespace {
 
 class FolderGrants : public PrivateSession {
  protected:
-  [[nodiscard]] QByteArray at(const char* name) const {
-    return QFile::encodeName(folder_.path()) + '/' + name;
-  }
-  void make(const char* name) const { ASSERT_EQ(::mkdir(at(name).constData(), 0700), 0) << name; }
-  void makeFile(const char* name) const {
-    ASSERT_EQ(::mknod(at(name).constData(), S_IFREG | 0600, 0), 0) << name;
-  }
   void rename(const char* from, const char* to) const {
-    ASSERT_EQ(::rename(at(from).constData(), at(to).constData()), 0);
+    ASSERT_EQ(::rename(tree_.path(from).constData(), tree_.path(to).constData()), 0);
   }
   [[nodiscard]] QByteArray grant(const char* name) {
-    return access_.makeGrant(fileUrl(at(name))).value_or(QByteArray());
+    return access_.makeGrant(fileUrl(tree_.path(name))).value_or(QByteArray());
   }
   // The path resolved to, with "*" behind it when it is stale; empty for an error.
   [[nodiscard]] QByteArray resolve(const QByteArray& bytes) {
     const auto resolved = access_.resolveGrant(bytes);
     return resolved ? filePath(resolved->url) + (resolved->stale ? "*" : "") : QByteArray();
   }
-  const QTemporaryDir folder_;
+  const TemporaryTree tree_;
   const std::unique_ptr<Platform> platform_ = makePlatform();
   FolderAccess& access_ = platform_->folderAccess();
 };
 
 TEST_F(FolderGrants, LeadBackToTheFolderInALaterProcess) {
   for (const char* name : {"with space %41#?&é ı İ\n", "raw \xff\xfe"}) {
-    make(name);
+    tree_.folder(name);
     const QByteArray bytes = grant(name);
-    EXPECT_EQ(resolve(bytes).toStdString(), at(name).toStdString());
-    EXPECT_EQ(makePlatform()->folderAccess().resolveGrant(bytes)->url, fileUrl(at(name)));
-    // Not left to the folder's own cleaning up, which knows no names that are no text.
-    ASSERT_EQ(::rmdir(at(name).constData()), 0);
+    EXPECT_EQ(resolve(bytes).toStdString(), tree_.path(name).toStdString());
+    EXPECT_EQ(makePlatform()->folderAccess().resolveGrant(bytes)->url, fileUrl(tree_.path(name)));
   }
-  makeFile("file");
-  for (const QUrl& url : {fileUrl(at("file")), QUrl(QStringLiteral("file://elsewhere/tmp"))})
+  tree_.file("file");
+  for (const QUrl& url :
+       {fileUrl(tree_.path("file")), QUrl(QStringLiteral("file://elsewhere/tmp"))})
     EXPECT_FALSE(access_.makeGrant(url)) << qPrintable(url.toString());
 }
 
 TEST_F(FolderGrants, FollowTheFolderThroughWhatHappensToIt) {
-  make("folder");
-  make("other");
-  ASSERT_EQ(::symlink("folder", at("link").constData()), 0);
+  tree_.folder("folder");
+  tree_.folder("other");
+  tree_.link("link", "folder");
   const QByteArray bytes = grant("link");
-  EXPECT_EQ(resolve(bytes), at("folder")) << "a chosen link is the folder that it led to";
+  EXPECT_EQ(resolve(bytes), tree_.path("folder")) << "a chosen link is the folder that it led to";
 
   rename("folder", "renamed");
   // A file system that keeps no time of birth does not tell.
-  const bool isDated = FolderIdentity::of(at(""))->birth != 0;
-  EXPECT_EQ(resolve(bytes), isDated ? at("renamed") + "*" : "");
+  const bool isDated = FolderIdentity::of(tree_.path(""))->birth != 0;
+  EXPECT_EQ(resolve(bytes), isDated ? tree_.path("renamed") + "*" : "");
 
-  make("folder");
-  EXPECT_EQ(resolve(bytes), at("folder") + "*") << "another folder has its place";
+  tree_.folder("folder");
+  EXPECT_EQ(resolve(bytes), tree_.path("folder") + "*") << "another folder has its place";
 
-  ASSERT_EQ(::rmdir(at("folder").constData()), 0);
-  ASSERT_EQ(::symlink("renamed", at("folder").constData()), 0);
-  EXPECT_EQ(resolve(bytes), at("folder")) << "a link to where it went";
-  ASSERT_EQ(::unlink(at("folder").constData()), 0);
+  ASSERT_EQ(::rmdir(tree_.path("folder").constData()), 0);
+  tree_.link("folder", "renamed");
+  EXPECT_EQ(resolve(bytes), tree_.path("folder")) << "a link to where it went";
+  ASSERT_EQ(::unlink(tree_.path("folder").constData()), 0);
 
   rename("renamed", "other/folder");
   EXPECT_EQ(resolve(bytes), "") << "moved out of sight";
-  makeFile("folder");
+  tree_.file("folder");
   EXPECT_EQ(resolve(bytes), "") << "a file has its place";
 }
 
 // A folder made after another was removed is often given the same inode.
 TEST_F(FolderGrants, AYoungerFolderDoesNotPassForARemovedOne) {
-  make("folder");
+  tree_.folder("folder");
   // File systems date what they make by a clock that stands still for some milliseconds.
   QThread::msleep(20);
   const QByteArray bytes = grant("folder");
   for (int i = 0; i < 50; ++i) {
-    ASSERT_EQ(::rmdir(at(i == 0 ? "folder" : "younger").constData()), 0);
-    make("younger");
+    ASSERT_EQ(::rmdir(tree_.path(i == 0 ? "folder" : "younger").constData()), 0);
+    tree_.folder("younger");
     ASSERT_EQ(resolve(bytes), "");
   }
   rename("younger", "folder");
-  EXPECT_EQ(resolve(bytes), at("folder") + "*");
+  EXPECT_EQ(resolve(bytes), tree_.path("folder") + "*");
 }
 
 TEST_F(FolderGrants, BytesThatAreDamagedOrNotOursResolveToNothing) {
-  make("folder");
+  tree_.folder("folder");
   const QByteArray bytes = grant("folder");
   for (qsizetype i = 0; i < bytes.size(); ++i) {
     ASSERT_EQ(resolve(bytes.first(i)), "") << i;

@@ -30,14 +30,6 @@ TEST(SpringCurve, FollowsTheEquationOfMotion) {
             << seconds;
       }
     }
-    // What is settled stays so.
-    double seconds = 0;
-    while (!curve.settled(curve.at(seconds, {0, 0}, 1), 1, 0.001)) {
-      seconds += 0.01;
-      ASSERT_LT(seconds, 10);
-    }
-    for (double later = seconds; later < seconds + 1; later += 0.01)
-      EXPECT_NEAR(curve.at(later, {0, 0}, 1).value, 1, 0.001);
   }
 }
 

@@ -80,12 +80,9 @@ KitCase {
     function test_onlyASeenAndWantedBackdropMoves() {
         testCase.OrvexMotion.reduced = false;
         const view = createTemporaryObject(window, testCase);
-        const motion = view.backdrop.OrvexMotion;
         tryVerify(() => view.backdrop.time > 0);
-        verify(motion.running && motion.animated);
         view.hide();
-        tryCompare(motion, "running", false);
-        verify(!motion.animated);
+        tryCompare(view.backdrop.OrvexMotion, "animated", false);
         let time = view.backdrop.time;
         const frames = view.frames;
         wait(150);

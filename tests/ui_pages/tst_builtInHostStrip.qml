@@ -53,12 +53,8 @@ PanelCase {
         }
         keyClick(Qt.Key_Space);
         verify(host.playing);
-        keyClick(Qt.Key_Space);
-        verify(!host.playing);
         // With the button focused the bar presses it, once.
-        const play = named(strip, "play");
-        mouseClick(play);
-        compare(play.Accessible.name, "Duraklat");
+        named(strip, "play").forceActiveFocus();
         keyClick(Qt.Key_Space);
         verify(!host.playing);
     }

@@ -58,6 +58,8 @@ PanelCase {
             compare(strip.contentX, x);
         }
         compare(objects.state.activePage.id, "audio", "the arrows only move the strip");
+        objects.state.activePage = OrvexPages.byId("motion");
+        compare(panel.compactNavFocus, "motion", "until another page is shown");
     }
 
     function test_layout_follows_the_size_asked_for_data() {
