@@ -1,3 +1,4 @@
+#include "base/FileError.h"
 #include "base/NewFile.h"
 #include "base/SmallFile.h"
 #include "support/TemporaryTree.h"
@@ -45,6 +46,7 @@ TEST(Directory, RemovesAllBelowAndNothingBehindLinks) {
   tree.link("root/pack/a/link", tree.path("outside"));
   tree.link("root/link", "../outside");
   const auto root = Directory::open(tree.path("root"));
+  EXPECT_THROW(std::ignore = root.folder("link"), FileError);
   QByteArray deep = "root/deep";
   for (int i = 0; i < 300; ++i) deep += "/d";
   tree.file(deep + "/x");

@@ -150,7 +150,7 @@ TEST(MpvHost, EveryMoveEnds) {
 
   panel.adapter.movePlayhead(4);
   EXPECT_EQ(panel.snapshot.playheadSeconds, 4);
-  ASSERT_TRUE(waitUntil([&] { return observer.playheads == 1; }));
+  ASSERT_TRUE(waitUntil([&] { return observer.playheads == 1; }, MpvHost::kSeekDeadline / 2));
   EXPECT_EQ(timeline->playheadTime(), MediaTime(50, 25)) << "what is refused is dropped";
 
   outcome = Obey;
