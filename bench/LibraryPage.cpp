@@ -2,6 +2,7 @@
 // one line per row: the longest time between two ticks of a 4 ms timer while scans run, and how
 // long a keystroke and a step of scrolling take to their frame. Arguments: a folder to make data
 // in, and how many entries its tree is to have.
+#include "Gap.h"
 #include "engines/FolderBookmarkStore.h"
 #include "engines/LUTRegistry.h"
 #include "engines/MotionTemplateRegistry.h"
@@ -52,30 +53,6 @@ class OpenAccess final : public FolderAccess, public SystemLog {
   bool startAccess(const QUrl&) override { return false; }
   void stopAccess(const QUrl&) override {}
   void line(const QString&) override {}
-};
-
-// The longest time between two ticks since it was made.
-class Gap {
- public:
-  Gap() {
-    timer_.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&timer_, &QTimer::timeout, [this] { tick(); });
-    timer_.start(4);
-    since_.start();
-  }
-  [[nodiscard]] double longest() {
-    tick();
-    return longest_;
-  }
-
- private:
-  void tick() {
-    longest_ = std::max(longest_, static_cast<double>(since_.nsecsElapsed()) / 1e6);
-    since_.start();
-  }
-  QTimer timer_;
-  QElapsedTimer since_;
-  double longest_ = 0;
 };
 
 void makeTree(const fs::path& root, int entries) {
@@ -176,10 +153,11 @@ class Bench {
     spent.start();
     begin();
     wait([this] { return !motion_->isScanning() && !luts_->isScanning(); });
-    std::printf("%-32s longest gap %6.1f ms in %6.0f ms, %lld items, health %d\n", title,
-                gap.longest(), static_cast<double>(spent.elapsed()),
-                static_cast<long long>(motion_->items().size()),
-                static_cast<int>(motion_->health()));
+    std::printf(
+        "%-32s longest gap %5.1f ms, its own %5.1f ms, in %.0f ms, %lld items, "
+        "health %d\n",
+        title, gap.longest(), gap.own(), static_cast<double>(spent.elapsed()),
+        static_cast<long long>(motion_->items().size()), static_cast<int>(motion_->health()));
   }
 
   // Until the frame that shows it has been drawn.

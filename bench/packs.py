@@ -46,10 +46,11 @@ def free_port():
         return probe.getsockname()[1]
 
 
-def serve():
-    """Starts the service; returns its process and the environment to find it with."""
-    port = str(free_port())
-    subprocess.run([ORVEX, "cloud", "build", DATA, "--base-url", f"https://127.0.0.1:{port}"],
+def serve(port=None, front=None):
+    """Starts the service; returns its process and the environment to find it with. Where what is
+    given to clients leads to another port, that is `front`."""
+    port = str(port or free_port())
+    subprocess.run([ORVEX, "cloud", "build", DATA, "--base-url", f"https://127.0.0.1:{front or port}"],
                    check=True, stdout=subprocess.DEVNULL)
     server = subprocess.Popen([ORVEX, "cloud", "serve", DATA, "--port", port],
                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)

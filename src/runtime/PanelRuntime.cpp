@@ -85,9 +85,9 @@ void PanelRuntime::show() {
 // user makes of it counts as asked for.
 void PanelRuntime::followSizes() {
   OrvexState& state = controller_->orvexState();
-  // Any process may ask a thousand times a second; a window is resized once per frame.
+  // Width and height in one step.
   resizing_.setSingleShot(true);
-  resizing_.setInterval(16);
+  resizing_.setInterval(0);
   connect(&resizing_, &QTimer::timeout, window_.get(), [this, &state] {
     window_->resizePanel({state.panelWidth(), state.panelHeight()});
   });

@@ -25,6 +25,8 @@ constexpr ViewColor kBackground{0.012, 0.017, 0.023, 1.0};
 constexpr double kMinimumExtent = 320;
 constexpr auto kFocusDelay = 300ms;
 constexpr auto kConnectDelay = 600ms;
+// The panel is laid out anew for each size.
+constexpr auto kPanelSizeInterval = 16ms;
 
 QString sizeText(QSizeF size) {
   return QStringLiteral("{%1, %2}").arg(size.width()).arg(size.height());
@@ -51,6 +53,9 @@ VantreloOrvexFinalCutExtensionViewController::VantreloOrvexFinalCutExtensionView
   connect(&environment_.hostRuntime, &HostRuntime::hostSingletonChanged, this, [this] {
     if (connected_) hostAdapter().connect();
   });
+  panelSizing_.setSingleShot(true);
+  connect(&panelSizing_, &QTimer::timeout, this,
+          &VantreloOrvexFinalCutExtensionViewController::grantPanelSize);
 }
 
 VantreloOrvexFinalCutExtensionViewController::~VantreloOrvexFinalCutExtensionViewController() {
@@ -87,8 +92,18 @@ void VantreloOrvexFinalCutExtensionViewController::viewDidLoad() {
 void VantreloOrvexFinalCutExtensionViewController::panelSizeRequested(const QVariantMap& userInfo) {
   const QVariant width = userInfo.value(QStringLiteral("width"));
   const QVariant height = userInfo.value(QStringLiteral("height"));
-  if (isExtent(width)) orvexState_->setPanelWidth(width.toDouble());
-  if (isExtent(height)) orvexState_->setPanelHeight(height.toDouble());
+  if (isExtent(width)) panelWidth_ = width.toDouble();
+  if (isExtent(height)) panelHeight_ = height.toDouble();
+  if (!panelSizing_.isActive()) grantPanelSize();
+}
+
+// Any process may ask thousands of times a second; the first counts at once and then the last of
+// each interval.
+void VantreloOrvexFinalCutExtensionViewController::grantPanelSize() {
+  if (!panelWidth_ && !panelHeight_) return;
+  if (panelWidth_) orvexState_->setPanelWidth(*std::exchange(panelWidth_, {}));
+  if (panelHeight_) orvexState_->setPanelHeight(*std::exchange(panelHeight_, {}));
+  panelSizing_.start(kPanelSizeInterval);
 }
 
 void VantreloOrvexFinalCutExtensionViewController::viewDidAppear() {

@@ -8,6 +8,7 @@
 #include <QTimer>
 
 #include <memory>
+#include <optional>
 
 namespace orvex {
 
@@ -50,6 +51,7 @@ class VantreloOrvexFinalCutExtensionViewController final : public QObject {
 
  private:
   void panelSizeRequested(const QVariantMap& userInfo);
+  void grantPanelSize();
   void connectHost();
 
   Environment environment_;
@@ -62,6 +64,10 @@ class VantreloOrvexFinalCutExtensionViewController final : public QObject {
   std::unique_ptr<FinalCutHostAdapter> hostAdapter_;
   std::unique_ptr<PanelViewHost::HostedView> hostingController_;
   std::unique_ptr<DistributedNotifications::Token> panelSizeObserver_;
+  // Asked for and not yet in the state.
+  std::optional<double> panelWidth_;
+  std::optional<double> panelHeight_;
+  QTimer panelSizing_;
   // True from the first connection of an appearance to its end: only then does a host that comes or
   // goes concern the panel.
   bool connected_ = false;

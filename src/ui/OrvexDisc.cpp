@@ -4,16 +4,14 @@
 #include "ui/Dither.h"
 #include "ui/SharedTexture.h"
 
-#include <QPromise>
 #include <QQuickWindow>
-#include <QThreadPool>
 
 #include <cmath>
 #include <vector>
 
 namespace orvex {
 
-QImage OrvexDisc::Recipe::render() const {
+QImage OrvexDisc::Recipe::render(const std::stop_token& stop) const {
   const DiscProfile profile(radius, deviation);
   const int side = static_cast<int>(std::ceil(2 * profile.reach() * scale));
   const auto centre = static_cast<float>(side - 1) / 2;
@@ -33,7 +31,7 @@ QImage OrvexDisc::Recipe::render() const {
     }
   };
   // Only the grain differs between the quarters.
-  for (int y = 0; y <= side - 1 - y; ++y) {
+  for (int y = 0; y <= side - 1 - y && !stop.stop_requested(); ++y) {
     const float dy = static_cast<float>(y) - centre;
     for (int x = 0; x <= side - 1 - x; ++x) {
       const float dx = static_cast<float>(x) - centre;
@@ -49,7 +47,6 @@ QImage OrvexDisc::Recipe::render() const {
 OrvexDisc::OrvexDisc(QQuickItem* parent) : QQuickItem(parent) {
   setFlag(ItemHasContents);
   connect(this, &OrvexDisc::styleChanged, this, &OrvexDisc::restyle);
-  connect(&worker_, &QFutureWatcherBase::finished, this, &OrvexDisc::painted);
 }
 
 void OrvexDisc::componentComplete() {
@@ -85,28 +82,22 @@ void OrvexDisc::restyle() {
   paint();
 }
 
-// While a picture is being painted, newer wishes wait, and only the last of them counts.
+// While a picture is being painted, newer wishes wait, and only the last of them counts. Not on the
+// toolkit's threads, which the main thread waits for when it fills large areas.
 void OrvexDisc::paint() {
   if (!frameShown_ || worker_.isRunning() || wanted_ == rendered_) return;
   if (wanted_.radius <= 0 || wanted_.deviation <= 0 || wanted_.scale <= 0) return;
-  painting_ = wanted_;
-  QPromise<QImage> promise;
-  worker_.setFuture(promise.future());
-  QThreadPool::globalInstance()->start(
-      [promise = std::make_shared<QPromise<QImage>>(std::move(promise)), recipe = painting_] {
-        promise->start();
-        promise->addResult(recipe.render());
-        promise->finish();
+  worker_.run(
+      [recipe = wanted_](const WorkControl& control) { return recipe.render(control.stop); },
+      [this, recipe = wanted_](const std::expected<QImage, std::exception_ptr>& image) {
+        if (!image) return;
+        image_ = *image;
+        rendered_ = recipe;
+        imageChanged_ = true;
+        update();
+        if (isReady()) Q_EMIT readyChanged();
+        paint();
       });
-}
-
-void OrvexDisc::painted() {
-  image_ = worker_.result();
-  rendered_ = painting_;
-  imageChanged_ = true;
-  update();
-  if (isReady()) Q_EMIT readyChanged();
-  paint();
 }
 
 QSGNode* OrvexDisc::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "base/Background.h"
+
 #include <QColor>
-#include <QFutureWatcher>
 #include <QImage>
 #include <QQuickItem>
 
@@ -43,20 +44,19 @@ class OrvexDisc : public QQuickItem {
     QColor color;
 
     friend bool operator==(const Recipe&, const Recipe&) = default;
-    [[nodiscard]] QImage render() const;
+    // Unfinished where it was asked to stop.
+    [[nodiscard]] QImage render(const std::stop_token& stop) const;
   };
 
   void restyle();
   void paint();
-  void painted();
 
   double diameter_ = 0;
   double blurRadius_ = 1;
   QColor color_ = Qt::transparent;
   Recipe wanted_;
-  Recipe painting_;
   Recipe rendered_;
-  QFutureWatcher<QImage> worker_;
+  Background worker_;
   QImage image_;
   bool imageChanged_ = false;
   bool frameShown_ = false;

@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QRgba64>
 
+#include <array>
 #include <compare>
 
 namespace orvex {
@@ -53,8 +54,13 @@ struct SurfaceRecipe {
 
  private:
   [[nodiscard]] QImage gradient() const {
-    const QColor start(QRgba64::fromRgba64(startColor));
-    const QColor end(QRgba64::fromRgba64(endColor));
+    // Red, green, blue, opacity.
+    const auto parts = [](quint64 packed) {
+      const QColor color(QRgba64::fromRgba64(packed));
+      return std::array{color.redF(), color.greenF(), color.blueF(), color.alphaF()};
+    };
+    const auto start = parts(startColor);
+    const auto end = parts(endColor);
     QImage image(width, height, QImage::Format_ARGB32_Premultiplied);
     const double length = static_cast<double>(width) * width + static_cast<double>(height) * height;
     for (int y = 0; y < height; ++y) {
@@ -62,11 +68,12 @@ struct SurfaceRecipe {
       for (int x = 0; x < width; ++x) {
         const auto t = static_cast<float>(
             (static_cast<double>(x) * width + static_cast<double>(y) * height) / length);
-        const auto mix = [t](float from, float to) { return from + (to - from) * t; };
-        const float alpha = mix(start.alphaF(), end.alphaF());
-        line[x] = ditheredPixel(
-            mix(start.redF(), end.redF()) * alpha, mix(start.greenF(), end.greenF()) * alpha,
-            mix(start.blueF(), end.blueF()) * alpha, alpha, ditherThreshold(x, y));
+        const auto mix = [&](std::size_t part) {
+          return start[part] + (end[part] - start[part]) * t;
+        };
+        const float alpha = mix(3);
+        line[x] = ditheredPixel(mix(0) * alpha, mix(1) * alpha, mix(2) * alpha, alpha,
+                                ditherThreshold(x, y));
       }
     }
     return image;

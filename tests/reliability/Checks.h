@@ -17,5 +17,7 @@ namespace orvex {
 [[nodiscard]] bool checkTogether(std::size_t most);
 /// Installs and removes packs under names that mean harm.
 [[nodiscard]] bool checkNames(std::size_t most);
+/// Updates a pack from a server that breaks off, stalls, lies or is an impostor.
+[[nodiscard]] bool checkNetwork(std::size_t most);
 
 }  // namespace orvex

@@ -147,6 +147,16 @@ TEST_F(Controller, TakesOnlyFiniteFloatingPointSizesFrom320) {
   EXPECT_FALSE(world.handler) << "a destroyed controller is still subscribed";
 }
 
+TEST_F(Controller, MergesAFloodOfSizesAndTakesTheLast) {
+  const auto controller = make();
+  const OrvexState& state = controller->orvexState();
+  int layouts = 0;
+  QObject::connect(&state, &OrvexState::panelWidthChanged, [&] { ++layouts; });
+  for (int i = 0; i <= 1000; ++i) world.handler({{u"width"_s, 400.0 + i}});
+  EXPECT_TRUE(waitUntil([&] { return state.panelWidth() == 1400; }));
+  EXPECT_EQ(layouts, 2);
+}
+
 TEST_F(Controller, AsksForFocusThenConnectsAndListsAudioUnits) {
   const auto controller = make();
   const QDateTime before = controller->audioRegistry().lastRefresh();
