@@ -61,8 +61,9 @@ TEST_F(PanelProcess, TheCompanionReachesTheHostOfARunningPanel) {
     return run(u"orvex-companion"_s, {u"vantrelo-finalcut://"_s + request}).exitCode;
   };
   const QString blade = u"timeline-action?action=blade-speed"_s;
-  EXPECT_TRUE(waitUntil([&] { return companion(blade) == 0; }, std::chrono::seconds(20)));
-  EXPECT_EQ(companion(u"focus-panel"_s), 0);
+  // One that is still starting answers too late.
+  for (const QString& request : {blade, u"focus-panel"_s})
+    EXPECT_TRUE(waitUntil([&] { return companion(request) == 0; }, std::chrono::seconds(20)));
   // One that hangs is given up, well before anybody gives up the companion.
   ::kill(static_cast<pid_t>(panel.processId()), SIGSTOP);
   QElapsedTimer time;
