@@ -4,8 +4,8 @@
 packages_build=(
   ccache cmake g++ ninja-build pkg-config
   qt6-base-dev qt6-declarative-dev qt6-declarative-dev-tools
-  libcurl4-openssl-dev libglib2.0-dev libicu-dev liblilv-dev libmicrohttpd-dev libplist-dev
-  libsqlite3-dev libssl-dev lv2-dev
+  libcurl4-openssl-dev libfontconfig-dev libglib2.0-dev libicu-dev liblilv-dev libmicrohttpd-dev
+  libplist-dev libsqlite3-dev libssl-dev lv2-dev
 )
 packages_panel=(
   qml6-module-qt-labs-folderlistmodel qml6-module-qtquick-dialogs
