@@ -33,11 +33,12 @@ for argument; do
 done
 
 need "${packages_build[@]}" "${packages_fuzz[@]}"
-build fuzz "${!parsers[@]/#/fuzz_}" >/dev/null
+mapfile -t names < <(printf '%s\n' "${!parsers[@]}" | sort)
+build fuzz "${names[@]/#/fuzz_}" >/dev/null
 made=build/fuzz/made
 mkdir -p build/fuzz/crashes
 failed=0
-for name in $(printf '%s\n' "${!parsers[@]}" | sort); do
+for name in "${names[@]}"; do
   program=build/fuzz/tests/fuzz_$name
   mkdir -p "$made/$name"
   code=0
