@@ -2,11 +2,10 @@
 // open, in which order and how fast the pictures come, and how long a step of scrolling takes to
 // its frame while they are being made and once they are there. Arguments: a folder to make data in,
 // and how many LUTs (33³ points each) there are to be.
+#include "OpenAccess.h"
 #include "engines/FolderBookmarkStore.h"
 #include "engines/LUTRegistry.h"
 #include "lut/CubeLattice.h"
-#include "platform/FolderAccess.h"
-#include "platform/SystemLog.h"
 #include "platform/Workspace.h"
 #include "shell/OrvexState.h"
 #include "ui/OrvexMotion.h"
@@ -45,19 +44,8 @@ namespace {
 using namespace orvex;
 namespace fs = std::filesystem;
 
-class Nobody final : public FolderAccess, public SystemLog, public Workspace {
+class NoDesktop final : public Workspace {
  public:
-  void chooseFolder(const QString&, const QString&,
-                    std::function<void(std::optional<QUrl>)>) override {}
-  std::expected<QByteArray, QString> makeGrant(const QUrl& folder) override {
-    return folder.toEncoded();
-  }
-  std::expected<Resolved, QString> resolveGrant(const QByteArray& grant) override {
-    return Resolved{QUrl::fromEncoded(grant), false};
-  }
-  bool startAccess(const QUrl&) override { return false; }
-  void stopAccess(const QUrl&) override {}
-  void line(const QString&) override {}
   bool open(const QUrl&) override { return false; }
   void launch(const QUrl&, Launched) override {}
   void reveal(const QUrl&, Revealed) override {}
@@ -141,7 +129,7 @@ class Bench {
                             QUrl(QStringLiteral("qrc:/qt/qml/Orvex/Pages/OrvexColorView.qml")));
     // Made anew, so that nothing is in memory.
     services_ =
-        std::make_unique<ColorServices>(LUTApplyBridge::Environment{nobody_, nobody_, nobody_, {}},
+        std::make_unique<ColorServices>(LUTApplyBridge::Environment{desktop_, access_, access_, {}},
                                         nullptr, QString::fromStdString(data_ / "cache"));
     page_.reset(qobject_cast<QQuickItem*>(component.createWithInitialProperties(
         {{QStringLiteral("state"), QVariant::fromValue(&state_)},
@@ -212,9 +200,10 @@ class Bench {
   }
 
   const fs::path data_;
-  Nobody nobody_;
+  NoDesktop desktop_;
+  OpenAccess access_;
   QSettings settings_{QString::fromStdString(data_ / "settings"), QSettings::IniFormat};
-  FolderBookmarkStore bookmarks_{nobody_, settings_, nobody_};
+  FolderBookmarkStore bookmarks_{access_, settings_, access_};
   LUTRegistry registry_{bookmarks_};
   OrvexState state_;
   QQmlEngine engine_;

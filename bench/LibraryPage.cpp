@@ -3,11 +3,10 @@
 // long a keystroke and a step of scrolling take to their frame. Arguments: a folder to make data
 // in, and how many entries its tree is to have.
 #include "Gap.h"
+#include "OpenAccess.h"
 #include "engines/FolderBookmarkStore.h"
 #include "engines/LUTRegistry.h"
 #include "engines/MotionTemplateRegistry.h"
-#include "platform/FolderAccess.h"
-#include "platform/SystemLog.h"
 #include "ui/OrvexMotion.h"
 
 #include <QElapsedTimer>
@@ -39,21 +38,6 @@ namespace {
 
 using namespace orvex;
 namespace fs = std::filesystem;
-
-class OpenAccess final : public FolderAccess, public SystemLog {
- public:
-  void chooseFolder(const QString&, const QString&,
-                    std::function<void(std::optional<QUrl>)>) override {}
-  std::expected<QByteArray, QString> makeGrant(const QUrl& folder) override {
-    return folder.toEncoded();
-  }
-  std::expected<Resolved, QString> resolveGrant(const QByteArray& grant) override {
-    return Resolved{QUrl::fromEncoded(grant), false};
-  }
-  bool startAccess(const QUrl&) override { return false; }
-  void stopAccess(const QUrl&) override {}
-  void line(const QString&) override {}
-};
 
 void makeTree(const fs::path& root, int entries) {
   if (fs::exists(root)) return;

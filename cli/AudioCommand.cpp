@@ -1,5 +1,6 @@
 #include "AudioCommand.h"
 
+#include "Arguments.h"
 #include "Output.h"
 #include "engines/AudioUnitList.h"
 #include "platform/Platform.h"
@@ -38,14 +39,13 @@ void printItems(const QList<AudioUnitItem>& items) {
 }
 
 void runAudio(const QStringList& arguments, QObject&, const Finish& finish) {
-  const bool asJson = arguments.value(0) == u"--json";
-  if (arguments.size() > (asJson ? 1 : 0)) {
-    printError(QStringLiteral("\"%1\" anlaşılmadı.\nKullanım: orvex audio %2")
-                   .arg(arguments[asJson ? 1 : 0], usage()));
+  const auto asJson = onlyJson(QStringLiteral("audio"), usage(), arguments);
+  if (!asJson) {
+    printError(asJson.error());
     return finish(WrongUsage);
   }
   const auto items = listAudioUnits(*makePlatform()->audioComponents(), {});
-  if (asJson) {
+  if (*asJson) {
     QJsonArray array;
     for (const AudioUnitItem& item : items) array.append(json(item));
     printJson(QJsonDocument(array));

@@ -78,13 +78,13 @@ class Serving final : public QObject {
     // All that is made from here on is the user's alone.
     ::umask(S_IRWXG | S_IRWXO);
     const Directory vendor = Directory::open(absolutePath(request.folder));
-    if (!vendor.names().contains("public"))
+    if (!vendor.has("public"))
       throw DescribedError(QStringLiteral("%1 içinde yayımlanmış bir şey yok. Önce orvex cloud "
                                           "build ile yayımla.")
                                .arg(QFile::decodeName(vendor.path())));
     Directory published = vendor.folder("public");
     const Directory own = Directory::make(vendor.path(kPrivate));
-    ::fchmod(own.descriptor(), S_IRWXU);
+    own.keepPrivate();
     requests_ = std::make_unique<RequestStore>(own.path("requests.db"));
     const bool ownCertificate = request.certificate.isEmpty();
     const QByteArray address = request.address.toLatin1();

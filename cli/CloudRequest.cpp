@@ -1,32 +1,17 @@
 #include "CloudRequest.h"
 
-#include <functional>
-#include <map>
+#include "Arguments.h"
 
 namespace orvex {
 namespace {
 
-std::unexpected<QString> wrongUsage(const QString& reason) {
-  return std::unexpected(
-      QStringLiteral("%1\nKullanım: orvex cloud %2").arg(reason, CloudRequest::usage()));
-}
-
-// Takes a whole number of at most `maximum`.
+// Takes a whole number of at most `maximum`; false for any other text.
 template <typename Number>
-std::function<bool(const QString&)> numberInto(Number& target, qulonglong maximum) {
-  return [&target, maximum](const QString& text) {
-    bool ok = false;
-    const qulonglong value = text.toULongLong(&ok);
-    target = static_cast<Number>(value);
-    return ok && value <= maximum;
-  };
-}
-
-std::function<bool(const QString&)> textInto(QString& target) {
-  return [&target](const QString& text) {
-    target = text;
-    return !text.isEmpty();
-  };
+bool read(const QString& text, qulonglong maximum, Number& number) {
+  bool ok = false;
+  const qulonglong value = text.toULongLong(&ok);
+  number = static_cast<Number>(value);
+  return ok && value <= maximum;
 }
 
 }  // namespace
@@ -38,45 +23,43 @@ QString CloudRequest::usage() {
 }
 
 std::expected<CloudRequest, QString> CloudRequest::parse(const QStringList& arguments) {
-  CloudRequest request;
+  const auto refused = [](const QString& reason) {
+    return wrongUsage(QStringLiteral("cloud"), usage(), reason);
+  };
   const QString verb = arguments.value(0);
-  if (verb == u"serve")
-    request.verb = Verb::Serve;
-  else if (verb != u"build")
-    return wrongUsage(verb.isEmpty() ? QStringLiteral("build ya da serve yaz.")
-                                     : QStringLiteral("\"%1\" anlaşılmadı.").arg(verb));
-
-  std::map<QString, std::function<bool(const QString&)>> options;
-  if (request.verb == Verb::Build) {
-    options[QStringLiteral("--base-url")] = textInto(request.baseURL);
-  } else {
-    options[QStringLiteral("--address")] = textInto(request.address);
-    options[QStringLiteral("--port")] = numberInto(request.port, 65535);
-    options[QStringLiteral("--cert")] = textInto(request.certificate);
-    options[QStringLiteral("--key")] = textInto(request.key);
-    options[QStringLiteral("--rate")] = numberInto(request.rate, 1'000'000'000'000);
-  }
-  QStringList words;
-  for (qsizetype i = 1; i < arguments.size(); ++i) {
-    const QString& argument = arguments[i];
-    if (argument == u"--json" && request.verb == Verb::Build) {
-      request.json = true;
-    } else if (const auto option = options.find(argument); option != options.end()) {
-      if (++i == arguments.size())
-        return wrongUsage(QStringLiteral("\"%1\" bir değer ister.").arg(argument));
-      if (!option->second(arguments[i]))
-        return wrongUsage(QStringLiteral("\"%1\" için \"%2\" olmaz.").arg(argument, arguments[i]));
-    } else if (argument.startsWith(u"--")) {
-      return wrongUsage(QStringLiteral("\"%1\" diye bir seçenek yok.").arg(argument));
-    } else {
-      words.append(argument);
-    }
-  }
+  if (verb != u"build" && verb != u"serve")
+    return refused(verb.isEmpty() ? QStringLiteral("build ya da serve yaz.")
+                                  : QStringLiteral("\"%1\" anlaşılmadı.").arg(verb));
+  const bool serves = verb == u"serve";
+  const QStringList options =
+      serves
+          ? QStringList{QStringLiteral("--address"), QStringLiteral("--port"),
+                        QStringLiteral("--cert"), QStringLiteral("--key"), QStringLiteral("--rate")}
+          : QStringList{QStringLiteral("--base-url")};
+  const auto given = Arguments::split(arguments.mid(1), options);
+  if (!given) return refused(given.error());
+  const QStringList& words = given->words;
+  const auto& values = given->values;
+  CloudRequest request{.verb = serves ? Verb::Serve : Verb::Build, .json = given->json};
+  if (serves && request.json)
+    return refused(QStringLiteral("\"--json\" yalnız \"build\" ile yazılır."));
+  request.baseURL = values.value(QStringLiteral("--base-url"));
+  request.address = values.value(QStringLiteral("--address"), request.address);
+  request.certificate = values.value(QStringLiteral("--cert"));
+  request.key = values.value(QStringLiteral("--key"));
+  const QString port = QStringLiteral("--port");
+  const QString rate = QStringLiteral("--rate");
+  const auto unfit = [&](const QString& name) {
+    return refused(QStringLiteral("\"%1\" için \"%2\" olmaz.").arg(name, values[name]));
+  };
+  if (values.contains(port) && !read(values[port], 65'535, request.port)) return unfit(port);
+  if (values.contains(rate) && !read(values[rate], 1'000'000'000'000, request.rate))
+    return unfit(rate);
   if (words.isEmpty() || words[0].isEmpty())
-    return wrongUsage(QStringLiteral("Paketlerin bulunduğu klasörü yaz."));
-  if (words.size() > 1) return wrongUsage(QStringLiteral("\"%1\" fazla.").arg(words[1]));
+    return refused(QStringLiteral("Paketlerin bulunduğu klasörü yaz."));
+  if (words.size() > 1) return refused(QStringLiteral("\"%1\" fazla.").arg(words[1]));
   if (request.certificate.isEmpty() != request.key.isEmpty())
-    return wrongUsage(QStringLiteral("--cert ile --key birlikte verilir."));
+    return refused(QStringLiteral("--cert ile --key birlikte verilir."));
   request.folder = words[0];
   return request;
 }

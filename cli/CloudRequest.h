@@ -13,14 +13,14 @@ struct CloudRequest {
 
   Verb verb = Verb::Build;
   /// The vendor's folder, as written.
-  QString folder;
+  QString folder{};
   /// Of the service that the catalog is for; empty for the panel's own.
-  QString baseURL;
+  QString baseURL{};
   QString address = QStringLiteral("127.0.0.1");
   std::uint16_t port = 8443;
   /// PEM files; both or none.
-  QString certificate;
-  QString key;
+  QString certificate{};
+  QString key{};
   /// Bytes per second of one transfer, 0 for no limit.
   qint64 rate = 0;
   bool json = false;

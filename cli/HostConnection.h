@@ -1,10 +1,10 @@
 #pragma once
 
+#include "NoLog.h"
 #include "host/FinalCutHostAdapter.h"
 #include "host/HostState.h"
 #include "platform/HostRuntime.h"
 #include "platform/Platform.h"
-#include "platform/SystemLog.h"
 #include "platform/hosts/HostChoice.h"
 
 #include <QTimer>
@@ -44,10 +44,6 @@ class HostConnection final : public QObject {
     HostSnapshot snapshot;
     std::optional<QString> notice;
     Notice kind = Notice::Info;
-  };
-  // What the panel writes to the system's log would be noise around a command's output.
-  struct NoLog final : SystemLog {
-    void line(const QString&) override {}
   };
 
   void connectHost();

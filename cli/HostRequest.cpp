@@ -1,33 +1,24 @@
 #include "HostRequest.h"
 
+#include "Arguments.h"
+#include "platform/TimelineActions.h"
+
 #include <cmath>
 
 namespace orvex {
-namespace {
-
-QString wrongUsage(const QString& reason) {
-  return QStringLiteral("%1\nKullanım: orvex host %2").arg(reason, HostRequest::usage());
-}
-
-}  // namespace
 
 QString HostRequest::usage() {
   return QStringLiteral("[status|start|end|seconds S|frames N|action NAME] [--json]");
 }
 
 std::expected<HostRequest, QString> HostRequest::parse(const QStringList& arguments) {
-  HostRequest request;
-  QStringList words;
-  for (const QString& argument : arguments) {
-    if (argument == u"--json")
-      request.json = true;
-    else if (argument.startsWith(u"--"))
-      return std::unexpected(
-          wrongUsage(QStringLiteral("\"%1\" diye bir seçenek yok.").arg(argument)));
-    else
-      words.append(argument);
-  }
-
+  const auto refused = [](const QString& reason) {
+    return wrongUsage(QStringLiteral("host"), usage(), reason);
+  };
+  const auto given = Arguments::split(arguments);
+  if (!given) return refused(given.error());
+  HostRequest request{.json = given->json};
+  const QStringList& words = given->words;
   const QString verb = words.value(0, QStringLiteral("status"));
   const QString value = words.value(1);
   bool takesValue = true;
@@ -49,15 +40,17 @@ std::expected<HostRequest, QString> HostRequest::parse(const QStringList& argume
     else if (verb == u"end")
       request.verb = Verb::End;
     else if (verb != u"status")
-      return std::unexpected(wrongUsage(QStringLiteral("\"%1\" anlaşılmadı.").arg(verb)));
+      return refused(QStringLiteral("\"%1\" anlaşılmadı.").arg(verb));
   }
   if (takesValue && words.size() < 2)
-    return std::unexpected(wrongUsage(QStringLiteral("\"%1\" bir değer ister.").arg(verb)));
+    return refused(QStringLiteral("\"%1\" bir değer ister.").arg(verb));
   if (!valid)
-    return std::unexpected(
-        wrongUsage(QStringLiteral("\"%1\" bir sayı değil (ondalık ayırıcı noktadır).").arg(value)));
+    return refused(QStringLiteral("\"%1\" bir sayı değil (ondalık ayırıcı noktadır).").arg(value));
   if (const qsizetype expected = takesValue ? 2 : 1; words.size() > expected)
-    return std::unexpected(wrongUsage(QStringLiteral("\"%1\" fazla.").arg(words[expected])));
+    return refused(QStringLiteral("\"%1\" fazla.").arg(words[expected]));
+  if (request.verb == Verb::Action && !isTimelineAction(request.action))
+    return refused(QStringLiteral("\"%1\" diye bir komut yok. Komutlar: %2.")
+                       .arg(request.action, timelineActionList()));
   return request;
 }
 

@@ -15,7 +15,7 @@ struct HostRequest {
   double seconds = 0;
   /// How far to move, in frames.
   qint64 frames = 0;
-  /// The timeline command, as written.
+  /// One of `kTimelineActions`.
   QString action{};
   bool json = false;
 

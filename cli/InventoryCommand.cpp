@@ -1,5 +1,7 @@
 #include "InventoryCommand.h"
 
+#include "Arguments.h"
+
 #include <QFile>
 
 #include <cerrno>
@@ -26,25 +28,16 @@ QByteArray absolutePath(const QByteArray& path) {
 
 std::expected<InventoryRequest, QString> InventoryRequest::parse(const QString& command,
                                                                  const QStringList& arguments) {
-  const auto wrongUsage = [&command](const QString& reason) {
-    return std::unexpected(
-        QStringLiteral("%1\nKullanım: orvex %2 %3").arg(reason, command, usage()));
+  const auto refused = [&command](const QString& reason) {
+    return wrongUsage(command, usage(), reason);
   };
-  InventoryRequest request;
-  QStringList words;
-  for (const QString& argument : arguments) {
-    if (argument == u"--json")
-      request.json = true;
-    else if (argument.startsWith(u"--"))
-      return wrongUsage(QStringLiteral("\"%1\" diye bir seçenek yok.").arg(argument));
-    else
-      words.append(argument);
-  }
+  const auto given = Arguments::split(arguments);
+  if (!given) return refused(given.error());
+  const QStringList& words = given->words;
   if (words.isEmpty() || words[0].isEmpty())
-    return wrongUsage(QStringLiteral("Hangi klasörün listeleneceğini yaz."));
-  if (words.size() > 1) return wrongUsage(QStringLiteral("\"%1\" fazla.").arg(words[1]));
-  request.folder = absolutePath(QFile::encodeName(words[0]));
-  return request;
+    return refused(QStringLiteral("Hangi klasörün listeleneceğini yaz."));
+  if (words.size() > 1) return refused(QStringLiteral("\"%1\" fazla.").arg(words[1]));
+  return InventoryRequest{absolutePath(QFile::encodeName(words[0])), given->json};
 }
 
 // What the panel would show as an empty library needs a reason here: nobody chose the folder in a

@@ -1,6 +1,7 @@
 #include "LutCommand.h"
 
 #include "LutRequest.h"
+#include "NoLog.h"
 #include "Output.h"
 #include "base/Bundle.h"
 #include "base/FileUrl.h"
@@ -8,19 +9,12 @@
 #include "lut/LUTApplyBridge.h"
 #include "lut/ManagedLibrary.h"
 #include "platform/Platform.h"
-#include "platform/SystemLog.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
 
 namespace orvex {
 namespace {
-
-// What the bridge writes to the system's log would be noise around this program's output.
-class NoLog final : public SystemLog {
- public:
-  void line(const QString&) override {}
-};
 
 ExitCode prepare(const LutRequest& request) {
   try {
@@ -66,7 +60,7 @@ class LutSession final : public QObject {
       printJson(QJsonDocument(QJsonObject{{QStringLiteral("succeeded"), succeeded},
                                           {QStringLiteral("message"), message}}));
     else
-      succeeded ? printLine(message) : printError(message);
+      succeeded ? printLine(printable(message)) : printError(message);
     finish_(succeeded ? Done : Failed);
   }
 

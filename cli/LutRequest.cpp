@@ -1,15 +1,12 @@
 #include "LutRequest.h"
 
+#include "Arguments.h"
+
 #include <QDir>
 #include <QFile>
 
 namespace orvex {
 namespace {
-
-std::unexpected<QString> wrongUsage(const QString& reason) {
-  return std::unexpected(
-      QStringLiteral("%1\nKullanım: orvex lut %2").arg(reason, LutRequest::usage()));
-}
 
 // Links are kept: what a path leads to is looked at by whoever uses it.
 QByteArray absolute(const QString& path) {
@@ -24,35 +21,31 @@ QString LutRequest::usage() {
 }
 
 std::expected<LutRequest, QString> LutRequest::parse(const QStringList& arguments) {
-  LutRequest request;
-  QStringList words;
-  for (qsizetype i = 0; i < arguments.size(); ++i) {
-    const QString& argument = arguments[i];
-    if (argument == u"--json") {
-      request.json = true;
-    } else if (argument == u"--root" || argument == u"--library") {
-      const QString value = arguments.value(++i);
-      if (value.isEmpty()) return wrongUsage(QStringLiteral("%1 bir klasör ister.").arg(argument));
-      (argument == u"--root" ? request.root : request.library) = absolute(value);
-    } else if (argument.startsWith(u"--")) {
-      return wrongUsage(QStringLiteral("\"%1\" diye bir seçenek yok.").arg(argument));
-    } else {
-      words.append(argument);
-    }
-  }
+  const auto refused = [](const QString& reason) {
+    return wrongUsage(QStringLiteral("lut"), usage(), reason);
+  };
+  const auto given =
+      Arguments::split(arguments, {QStringLiteral("--root"), QStringLiteral("--library")});
+  if (!given) return refused(given.error());
+  LutRequest request{.json = given->json};
+  const QStringList& words = given->words;
+  const QString root = given->values.value(QStringLiteral("--root"));
+  const QString library = given->values.value(QStringLiteral("--library"));
   const QString verb = words.value(0);
   if (verb == u"apply")
     request.verb = Verb::Apply;
   else if (verb != u"prepare")
-    return wrongUsage(verb.isEmpty() ? QStringLiteral("Ne yapılacağını yaz.")
-                                     : QStringLiteral("\"%1\" anlaşılmadı.").arg(verb));
-  if (words.value(1).isEmpty()) return wrongUsage(QStringLiteral("Bir LUT dosyası yaz."));
-  if (words.size() > 2) return wrongUsage(QStringLiteral("\"%1\" fazla.").arg(words[2]));
-  if (request.root.isEmpty())
-    return wrongUsage(QStringLiteral("--root ile LUT'un içinde olması gereken klasörü yaz."));
-  if (request.verb == Verb::Apply && !request.library.isEmpty())
-    return wrongUsage(QStringLiteral("--library yalnız \"prepare\" ile yazılır."));
+    return refused(verb.isEmpty() ? QStringLiteral("Ne yapılacağını yaz.")
+                                  : QStringLiteral("\"%1\" anlaşılmadı.").arg(verb));
+  if (words.value(1).isEmpty()) return refused(QStringLiteral("Bir LUT dosyası yaz."));
+  if (words.size() > 2) return refused(QStringLiteral("\"%1\" fazla.").arg(words[2]));
+  if (root.isEmpty())
+    return refused(QStringLiteral("--root ile LUT'un içinde olması gereken klasörü yaz."));
+  if (request.verb == Verb::Apply && !library.isEmpty())
+    return refused(QStringLiteral("--library yalnız \"prepare\" ile yazılır."));
   request.source = absolute(words[1]);
+  request.root = absolute(root);
+  if (!library.isEmpty()) request.library = absolute(library);
   return request;
 }
 

@@ -12,8 +12,8 @@ struct LutRequest {
   enum class Verb { Prepare, Apply };
 
   Verb verb = Verb::Prepare;
-  QByteArray source;
-  QByteArray root;
+  QByteArray source{};
+  QByteArray root{};
   /// Empty for the user's own.
   QByteArray library{};
   bool json = false;

@@ -8,10 +8,18 @@
 
 namespace orvex {
 
-QString printable(QString text) {
+namespace {
+
+QString withoutControls(QString text, QStringView kept) {
   for (QChar& c : text)
-    if (c.category() == QChar::Other_Control) c = QChar::ReplacementCharacter;
+    if (c.category() == QChar::Other_Control && !kept.contains(c)) c = QChar::ReplacementCharacter;
   return text;
+}
+
+}  // namespace
+
+QString printable(const QString& text) {
+  return withoutControls(text, {});
 }
 
 void printLine(const QString& text) {
@@ -19,7 +27,7 @@ void printLine(const QString& text) {
 }
 
 void printError(const QString& text) {
-  std::fprintf(stderr, "%s\n", qUtf8Printable(text));
+  std::fprintf(stderr, "%s\n", qUtf8Printable(withoutControls(text, u"\n")));
 }
 
 void printJson(const QJsonDocument& document) {

@@ -6,8 +6,6 @@
 #include "Service.h"
 #include "TerminalProgress.h"
 #include "base/FileUrl.h"
-#include "services/UniversalPackClient.h"
-#include "shell/OrvexConfig.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -18,11 +16,10 @@
 namespace orvex {
 namespace {
 
-qint64 totalBytes(const UniversalPack& pack) {
+qint64 totalBytes(const QList<UniversalPackAsset>& assets) {
   // Sizes are the catalog's and may be anything.
   double total = 0;
-  for (const UniversalPackAsset& asset : finalCutAssets(pack))
-    total += static_cast<double>(asset.bytes);
+  for (const UniversalPackAsset& asset : assets) total += static_cast<double>(asset.bytes);
   return static_cast<qint64>(std::clamp(total, 0., 1e18));
 }
 
@@ -47,18 +44,23 @@ void list(const UniversalPackClient& client, bool asJson) {
                            QStringLiteral("Kurulu"), QStringLiteral("Boyut")}};
   for (const UniversalPack& pack : packs) {
     const UniversalInstalledPack* const present = find(installed, pack.id);
+    const QList<UniversalPackAsset> assets = finalCutAssets(pack);
+    const qint64 bytes = totalBytes(assets);
+    const QString version = present != nullptr ? present->version : QString();
+    if (!asJson) {
+      rows.append({pack.id, pack.name, pack.version,
+                   present != nullptr ? version : QStringLiteral("—"), bytesText(bytes)});
+      continue;
+    }
     QStringList files;
-    for (const UniversalPackAsset& asset : finalCutAssets(pack)) files.append(asset.file);
+    for (const UniversalPackAsset& asset : assets) files.append(asset.file);
     array.append(QJsonObject{{QStringLiteral("id"), pack.id},
                              {QStringLiteral("name"), pack.name},
                              {QStringLiteral("version"), pack.version},
                              {QStringLiteral("installedVersion"),
-                              present != nullptr ? QJsonValue(present->version) : QJsonValue()},
-                             {QStringLiteral("bytes"), totalBytes(pack)},
+                              present != nullptr ? QJsonValue(version) : QJsonValue()},
+                             {QStringLiteral("bytes"), bytes},
                              {QStringLiteral("files"), QJsonArray::fromStringList(files)}});
-    rows.append({pack.id, pack.name, pack.version,
-                 present != nullptr ? present->version : QStringLiteral("—"),
-                 bytesText(totalBytes(pack))});
   }
   if (asJson) return printJson(QJsonDocument(array));
   if (packs.isEmpty()) return printLine(QStringLiteral("Bu panel için yayımlanmış pack yok."));
@@ -117,9 +119,8 @@ void runPacks(const QStringList& arguments, QObject&, const Finish& finish) {
     printError(request.error());
     return finish(WrongUsage);
   }
-  runService(finish, [&request](const HttpOptions& http) {
-    const UniversalPackClient client(OrvexConfig::packsManifestURL(),
-                                     UniversalPackClient::userRoot(), http);
+  runService(finish, [&request](const OrvexServices& services) {
+    const UniversalPackClient& client = services.packs;
     switch (request->verb) {
       case PacksRequest::Verb::List:
         return list(client, request->json);

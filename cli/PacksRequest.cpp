@@ -1,5 +1,7 @@
 #include "PacksRequest.h"
 
+#include "Arguments.h"
+
 namespace orvex {
 
 QString PacksRequest::usage() {
@@ -7,19 +9,13 @@ QString PacksRequest::usage() {
 }
 
 std::expected<PacksRequest, QString> PacksRequest::parse(const QStringList& arguments) {
-  const auto wrongUsage = [](const QString& reason) {
-    return std::unexpected(QStringLiteral("%1\nKullanım: orvex packs %2").arg(reason, usage()));
+  const auto refused = [](const QString& reason) {
+    return wrongUsage(QStringLiteral("packs"), usage(), reason);
   };
-  PacksRequest request;
-  QStringList words;
-  for (const QString& argument : arguments) {
-    if (argument == u"--json")
-      request.json = true;
-    else if (argument.startsWith(u"--"))
-      return wrongUsage(QStringLiteral("\"%1\" diye bir seçenek yok.").arg(argument));
-    else
-      words.append(argument);
-  }
+  const auto given = Arguments::split(arguments);
+  if (!given) return refused(given.error());
+  PacksRequest request{.json = given->json};
+  const QStringList& words = given->words;
   const QString verb = words.value(0, QStringLiteral("list"));
   bool takesID = false;
   if (verb == u"install" || verb == u"uninstall") {
@@ -29,12 +25,12 @@ std::expected<PacksRequest, QString> PacksRequest::parse(const QStringList& argu
   } else if (verb == u"installed") {
     request.verb = Verb::Installed;
   } else if (verb != u"list") {
-    return wrongUsage(QStringLiteral("\"%1\" anlaşılmadı.").arg(verb));
+    return refused(QStringLiteral("\"%1\" anlaşılmadı.").arg(verb));
   }
   if (takesID && request.id.isEmpty())
-    return wrongUsage(QStringLiteral("\"%1\" bir pack kimliği ister.").arg(verb));
+    return refused(QStringLiteral("\"%1\" bir pack kimliği ister.").arg(verb));
   if (const qsizetype expected = takesID ? 2 : 1; words.size() > expected)
-    return wrongUsage(QStringLiteral("\"%1\" fazla.").arg(words[expected]));
+    return refused(QStringLiteral("\"%1\" fazla.").arg(words[expected]));
   return request;
 }
 

@@ -1,8 +1,8 @@
 #include "ReleaseCommand.h"
 
+#include "Arguments.h"
 #include "Output.h"
 #include "Service.h"
-#include "services/ReleaseCenterClient.h"
 #include "services/SemanticVersion.h"
 #include "shell/OrvexConfig.h"
 
@@ -53,14 +53,13 @@ void print(const ReleaseManifest& manifest, bool asJson) {
 }
 
 void runRelease(const QStringList& arguments, QObject&, const Finish& finish) {
-  const bool asJson = arguments.value(0) == u"--json";
-  if (arguments.size() > (asJson ? 1 : 0)) {
-    printError(QStringLiteral("\"%1\" anlaşılmadı.\nKullanım: orvex release %2")
-                   .arg(arguments[asJson ? 1 : 0], usage()));
+  const auto asJson = onlyJson(QStringLiteral("release"), usage(), arguments);
+  if (!asJson) {
+    printError(asJson.error());
     return finish(WrongUsage);
   }
-  runService(finish, [asJson](const HttpOptions& http) {
-    print(ReleaseCenterClient(OrvexConfig::updateManifestURL(), http).fetchManifest(), asJson);
+  runService(finish, [asJson](const OrvexServices& services) {
+    print(services.releases.fetchManifest(), *asJson);
   });
 }
 

@@ -1,25 +1,24 @@
 #include "RequestCommand.h"
 
+#include "Arguments.h"
 #include "HostConnection.h"
 #include "Output.h"
 #include "Service.h"
-#include "services/RequestCenterClient.h"
 #include "shell/OrvexConfig.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QMap>
 
 #include <expected>
 
 namespace orvex {
 namespace {
 
-const QString kDefaultModule = QStringLiteral("final-cut");
+// The first is the one that counts where none is given.
 const QStringList& modules() {
-  static const QStringList values{kDefaultModule,           QStringLiteral("timeline"),
-                                  QStringLiteral("motion"), QStringLiteral("audio"),
-                                  QStringLiteral("color"),  QStringLiteral("fxplug"),
+  static const QStringList values{QStringLiteral("final-cut"), QStringLiteral("timeline"),
+                                  QStringLiteral("motion"),    QStringLiteral("audio"),
+                                  QStringLiteral("color"),     QStringLiteral("fxplug"),
                                   QStringLiteral("release")};
   return values;
 }
@@ -36,46 +35,38 @@ struct Options {
 };
 
 std::expected<Options, QString> parse(const QStringList& arguments) {
-  const auto wrongUsage = [](const QString& reason) {
-    return std::unexpected(QStringLiteral("%1\nKullanım: orvex request %2").arg(reason, usage()));
+  const auto refused = [](const QString& reason) {
+    return wrongUsage(QStringLiteral("request"), usage(), reason);
   };
-  Options options{.title = {}, .detail = {}, .module = kDefaultModule};
-  const QMap<QString, QString Options::*> texts{{QStringLiteral("--title"), &Options::title},
-                                                {QStringLiteral("--detail"), &Options::detail},
-                                                {QStringLiteral("--module"), &Options::module}};
-  for (qsizetype i = 0; i < arguments.size(); ++i) {
-    const QString& argument = arguments[i];
-    if (argument == u"--json") {
-      options.json = true;
-    } else if (const auto text = texts.value(argument); text == nullptr) {
-      return wrongUsage(QStringLiteral("\"%1\" anlaşılmadı.").arg(argument));
-    } else if (++i == arguments.size()) {
-      return wrongUsage(QStringLiteral("\"%1\" bir değer ister.").arg(argument));
-    } else {
-      options.*text = arguments[i];
-    }
-  }
+  const QString title = QStringLiteral("--title");
+  const QString detail = QStringLiteral("--detail");
+  const QString module = QStringLiteral("--module");
+  const auto given = Arguments::split(arguments, {title, detail, module});
+  if (!given) return refused(given.error());
+  if (!given->words.isEmpty())
+    return refused(QStringLiteral("\"%1\" anlaşılmadı.").arg(given->words[0]));
+  const Options options{given->values.value(title), given->values.value(detail),
+                        given->values.value(module, modules().first()), given->json};
   if (options.title.trimmed().isEmpty())
-    return wrongUsage(QStringLiteral("Talebin başlığını --title ile yaz."));
+    return refused(QStringLiteral("Talebin başlığını --title ile yaz."));
   if (options.detail.trimmed().isEmpty())
-    return wrongUsage(QStringLiteral("Talebin ayrıntısını --detail ile yaz."));
+    return refused(QStringLiteral("Talebin ayrıntısını --detail ile yaz."));
   if (!modules().contains(options.module))
-    return wrongUsage(QStringLiteral("\"%1\" diye bir modül yok; modüller: %2.")
-                          .arg(options.module, modules().join(QStringLiteral(", "))));
+    return refused(QStringLiteral("\"%1\" diye bir modül yok; modüller: %2.")
+                       .arg(options.module, modules().join(QStringLiteral(", "))));
   return options;
 }
 
 void send(const Options& options, const HostSnapshot& host, const Finish& finish) {
-  runService(finish, [&](const HttpOptions& http) {
-    const RequestCenterClient client(OrvexConfig::requestCenterURL(), http);
-    const QString id =
-        client.send({.title = options.title,
-                     .description = options.detail,
-                     .module = options.module,
-                     .hostName = host.hostName,
-                     .hostVersion = host.hostVersion,
-                     .sequenceName = host.sequenceAvailable ? host.sequenceName : QString(),
-                     .extensionVersion = OrvexConfig::version()});
+  runService(finish, [&](const OrvexServices& services) {
+    const QString id = services.requests.send(
+        {.title = options.title,
+         .description = options.detail,
+         .module = options.module,
+         .hostName = host.hostName,
+         .hostVersion = host.hostVersion,
+         .sequenceName = host.sequenceAvailable ? host.sequenceName : QString(),
+         .extensionVersion = OrvexConfig::version()});
     if (options.json)
       printJson(QJsonDocument(QJsonObject{{QStringLiteral("id"), id}}));
     else

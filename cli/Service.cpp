@@ -5,21 +5,19 @@
 
 namespace orvex {
 
-void runService(const Finish& finish, const std::function<void(const HttpOptions&)>& work) {
+void runService(const Finish& finish, const std::function<void(const OrvexServices&)>& work) {
   if (const auto used = OrvexConfig::useService(qEnvironmentVariable("ORVEX_SERVICE")); !used) {
     printError(used.error());
     return finish(WrongUsage);
   }
-  HttpOptions http;
-  http.caFile = qEnvironmentVariable("ORVEX_CA_FILE");
   try {
-    work(http);
+    work(OrvexConfig::services());
     finish(Done);
   } catch (const Stopped&) {
     printError(QStringLiteral("İptal edildi."));
     finish(Failed);
   } catch (const DescribedError& error) {
-    printError(printable(error.description()));
+    printError(error.description());
     finish(Failed);
   }
 }

@@ -6,6 +6,7 @@
 #include "base/Sha256.h"
 #include "base/SmallFile.h"
 #include "cloud/Transcript.h"
+#include "services/Product.h"
 #include "services/ReleaseManifest.h"
 #include "services/UniversalPackCatalog.h"
 
@@ -166,8 +167,7 @@ class Builder {
   static bool publish(const Directory& from, const Directory& to, const UniversalPackAsset& asset) {
     const QByteArray name = asset.file.toUtf8();
     const FileTranscript expected{asset.bytes, asset.sha256};
-    if (to.names().contains(name) && transcribe(to.file(name), to.path(name)) == expected)
-      return false;
+    if (to.has(name) && transcribe(to.file(name), to.path(name)) == expected) return false;
     NewFile copy(to);
     const FileTranscript copied = transcribe(from.file(name), from.path(name),
                                              [&copy](QByteArrayView piece) { copy.write(piece); });
@@ -183,7 +183,7 @@ class Builder {
 
   [[nodiscard]] std::optional<QByteArray> releaseManifest() const {
     const QString where = QStringLiteral("release.json: ");
-    if (!vendor_.names().contains("release.json")) return std::nullopt;
+    if (!vendor_.has("release.json")) return std::nullopt;
     const auto json = readSmallFile(vendor_.descriptor(), "release.json", kMaximumDocument);
     if (!json) throw CatalogSourceError(where + QStringLiteral("okunamıyor. Bir dosya olsun."));
     ReleaseManifest manifest;
@@ -209,7 +209,7 @@ class Builder {
   void publishRelease(const std::optional<QByteArray>& manifest) {
     const Directory folder = Directory::make(vendor_.path("public/downloads/finalcut"));
     if (manifest) return changed(replaceIfOther(folder, kManifest, *manifest));
-    changed(folder.names().contains(kManifest));
+    changed(folder.has(kManifest));
     folder.remove(kManifest);
   }
 

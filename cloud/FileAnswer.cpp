@@ -4,6 +4,7 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <limits>
 #include <optional>
 
 namespace orvex {

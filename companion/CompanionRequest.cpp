@@ -1,14 +1,14 @@
 #include "companion/CompanionRequest.h"
 
+#include "platform/TimelineActions.h"
+
 #include <algorithm>
-#include <array>
 
 namespace orvex {
 namespace {
 
 constexpr QByteArrayView kScheme("vantrelo-finalcut://");
 constexpr QByteArrayView kItem("action=");
-constexpr std::array<QByteArrayView, 3> kActions{"toggle-retime", "blade-speed", "normal-speed"};
 
 constexpr struct {
   char character;
@@ -39,13 +39,11 @@ std::expected<CompanionRequest, QString> parseAction(QByteArrayView query) {
     return refused(QStringLiteral("\"timeline-action\" tek sorgu öğesi alır."));
   if (!query.startsWith(kItem))
     return refused(QStringLiteral("\"timeline-action\" ?action=KOMUT ister."));
-  const QByteArrayView action = query.sliced(kItem.size());
-  if (std::ranges::find(kActions, action) == kActions.end())
-    return refused(
-        QStringLiteral("\"%1\" diye bir komut yok. Komutlar: toggle-retime, blade-speed, "
-                       "normal-speed.")
-            .arg(text(action)));
-  return CompanionRequest{CompanionRequest::Verb::TimelineAction, text(action)};
+  const QString action = text(query.sliced(kItem.size()));
+  if (!isTimelineAction(action))
+    return refused(QStringLiteral("\"%1\" diye bir komut yok. Komutlar: %2.")
+                       .arg(action, timelineActionList()));
+  return CompanionRequest{CompanionRequest::Verb::TimelineAction, action};
 }
 
 }  // namespace

@@ -15,7 +15,7 @@ struct CompanionRequest {
   static constexpr qsizetype kMaximumBytes = 256;
 
   Verb verb = Verb::FocusPanel;
-  /// Of `TimelineAction`: "toggle-retime", "blade-speed" or "normal-speed".
+  /// Of `TimelineAction`: one of `kTimelineActions`.
   QString action;
 
   /// Reads an address, which may come from anywhere, also from a web page. Nothing is decoded,

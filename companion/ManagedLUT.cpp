@@ -6,10 +6,40 @@
 #include "base/Sha256.h"
 #include "base/SmallFile.h"
 
+#include <algorithm>
+#include <ctime>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace orvex {
 namespace {
 
 constexpr qsizetype kMaximumSize = qsizetype{64} * 1024 * 1024;
+// A player reads its copy again as long as it runs, which is days at the most.
+constexpr std::time_t kKeptSeconds = std::time_t{30} * 24 * 60 * 60;
+
+bool isCopyName(QByteArrayView name) {
+  const FileName parts(name);
+  const auto isDigit = [](char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f'); };
+  return parts.extension == "cube" && parts.stem.size() == 64 &&
+         std::ranges::all_of(parts.stem, isDigit);
+}
+
+// Removes copies that no player has been given for so long. What cannot be removed stays.
+void sweep(const Directory& copies) {
+  const std::time_t oldest = std::time(nullptr) - kKeptSeconds;
+  try {
+    for (const QByteArray& name : copies.names()) {
+      struct stat status {};
+      if (isCopyName(name) &&
+          ::fstatat(copies.descriptor(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+          status.st_mtim.tv_sec < oldest)
+        ::unlinkat(copies.descriptor(), name.constData(), 0);
+    }
+  } catch (const FileError&) {
+  }
+}
 
 }  // namespace
 
@@ -48,6 +78,7 @@ QByteArray ManagedLUT::writeForPlayer(const Directory& library) const {
   NewFile copy(folder);
   copy.write(bytes);
   copy.moveTo(file);
+  sweep(folder);
   return folder.path(file);
 }
 

@@ -22,7 +22,8 @@ struct ManagedLUT {
                                                                const QByteArray& path);
 
   /// Writes the LUT in a form that every player reads as it was meant, and returns where. It stays
-  /// there: a player reads it again whenever it rebuilds its filters. Throws `FileError`.
+  /// there for 30 days: a player reads it again whenever it rebuilds its filters. Throws
+  /// `FileError`.
   [[nodiscard]] QByteArray writeForPlayer(const Directory& library) const;
 };
 

@@ -1,6 +1,7 @@
 #include "samples/CubeFile.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 
 namespace orvex::samples {
@@ -12,16 +13,14 @@ QByteArray header(const QString& title, const char* keyword, int size) {
 }
 
 void addLine(QByteArray& text, const Rgb& color) {
-  char line[64];
-  char* end = line;
-  for (const double value : color) {
-    end =
-        std::to_chars(end, std::end(line), std::clamp(value, 0.0, 1.0), std::chars_format::fixed, 6)
-            .ptr;
-    *end++ = ' ';
+  // Room for one number, "0.000000", and then some.
+  std::array<char, 16> number{};
+  for (std::size_t i = 0; i < color.size(); ++i) {
+    const char* end = std::to_chars(number.data(), number.data() + number.size(),
+                                    std::clamp(color[i], 0.0, 1.0), std::chars_format::fixed, 6)
+                          .ptr;
+    text.append(number.data(), end - number.data()).append(i < 2 ? ' ' : '\n');
   }
-  end[-1] = '\n';
-  text.append(line, end - line);
 }
 
 }  // namespace

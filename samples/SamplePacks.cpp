@@ -2,6 +2,7 @@
 
 #include "samples/CubeFile.h"
 #include "samples/Write.h"
+#include "services/Product.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -47,10 +48,9 @@ void write(const QString& folder, const Pack& pack) {
                 .toUtf8());
   // Last: a pack without it is not one yet.
   writeFile(own + QStringLiteral("pack.json"),
-            QJsonDocument(
-                QJsonObject{{QStringLiteral("name"), name},
-                            {QStringLiteral("version"), version},
-                            {QStringLiteral("targets"), QJsonArray{QStringLiteral("final-cut")}}})
+            QJsonDocument(QJsonObject{{QStringLiteral("name"), name},
+                                      {QStringLiteral("version"), version},
+                                      {QStringLiteral("targets"), QJsonArray{kPackTarget}}})
                 .toJson());
 }
 
@@ -78,19 +78,18 @@ void makePacks(const QString& folder, PackState state) {
                  .numbered = true,
                  .files = 12});
   // Newer than any build of the panel that it can be tried with.
-  writeFile(
-      folder + QStringLiteral("/release.json"),
-      QJsonDocument(
-          QJsonObject{{QStringLiteral("productId"), QStringLiteral("vantrelo-orvex-finalcut")},
-                      {QStringLiteral("version"), QStringLiteral("0.4.0")},
-                      {QStringLiteral("channel"), QStringLiteral("stable")},
-                      {QStringLiteral("downloadURL"),
-                       QStringLiteral("https://orvex.vantrelo.example/finalcut/0.4.0")},
-                      {QStringLiteral("notesURL"),
-                       QStringLiteral("https://orvex.vantrelo.example/finalcut/notes/0.4.0")},
-                      {QStringLiteral("publishedAt"), QStringLiteral("2026-11-14")},
-                      {QStringLiteral("mandatory"), false}})
-          .toJson());
+  writeFile(folder + QStringLiteral("/release.json"),
+            QJsonDocument(
+                QJsonObject{{QStringLiteral("productId"), kProduct},
+                            {QStringLiteral("version"), QStringLiteral("0.4.0")},
+                            {QStringLiteral("channel"), QStringLiteral("stable")},
+                            {QStringLiteral("downloadURL"),
+                             QStringLiteral("https://orvex.vantrelo.example/finalcut/0.4.0")},
+                            {QStringLiteral("notesURL"),
+                             QStringLiteral("https://orvex.vantrelo.example/finalcut/notes/0.4.0")},
+                            {QStringLiteral("publishedAt"), QStringLiteral("2026-11-14")},
+                            {QStringLiteral("mandatory"), false}})
+                .toJson());
 }
 
 }  // namespace orvex::samples

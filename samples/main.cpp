@@ -24,12 +24,11 @@ void grantLibrary(const QString& folder) {
   const auto platform = makePlatform();
   QSettings settings(QStringLiteral("Vantrelo"), QStringLiteral("Vantrelo Orvex"));
   FolderBookmarkStore bookmarks(platform->folderAccess(), settings, platform->log());
-  const auto grant = [&](const FolderRegistry& registry, const char* name) {
+  const auto grant = [&](FolderRegistry&& registry, const char* name) {
     if (registry.rootURL()) return;
-    const auto bytes = platform->folderAccess().makeGrant(
-        QUrl::fromLocalFile(QDir(folder).absoluteFilePath(QString::fromUtf8(name))));
-    if (!bytes) throw DescribedError(bytes.error());
-    settings.setValue(registry.bookmarkKey(), *bytes);
+    const QString path = QDir(folder).absoluteFilePath(QString::fromUtf8(name));
+    if (const QString refused = registry.useFolder(QUrl::fromLocalFile(path)); !refused.isEmpty())
+      throw DescribedError(refused);
   };
   grant(LUTRegistry(bookmarks), samples::kLutFolder);
   grant(MotionTemplateRegistry(bookmarks), samples::kMotionFolder);

@@ -111,9 +111,11 @@ class Checker {
       }
       case Dictionary: {
         const qsizetype count = readLength(at, low, 2 * referenceWidth_);
+        // First, because it bounds what looking through all the keys can cost.
+        visitReferences(at, 2 * count, depth);
         for (qsizetype i = 0; i < count; ++i)
           requireKey(number(at + i * referenceWidth_, referenceWidth_));
-        return visitReferences(at, 2 * count, depth);
+        return;
       }
       default:
         require(false, u"it holds a date or an odd object");

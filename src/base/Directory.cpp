@@ -160,6 +160,11 @@ void Directory::remove(const QByteArray& name) const {
   }
 }
 
+void Directory::keepPrivate() const {
+  if (::fchmod(folder_.get(), S_IRWXU) != 0)
+    throw failure(QStringLiteral("kullanıcıya ayrılamadı"), path_);
+}
+
 std::uint64_t Directory::freeBytes() const {
   struct statvfs status {};
   if (::fstatvfs(folder_.get(), &status) != 0) throw failure(QStringLiteral("okunamadı"), path_);

@@ -46,6 +46,8 @@ class Directory {
   /// Removes the entry with all below it; a link goes, what it leads to stays. Nothing of that name
   /// is as good.
   void remove(const QByteArray& name) const;
+  /// Takes the folder from everybody but the user.
+  void keepPrivate() const;
   /// What the user can still write on the folder's file system.
   [[nodiscard]] std::uint64_t freeBytes() const;
   /// Makes durable which names the folder holds.

@@ -33,6 +33,8 @@ QString syntaxReason(QJsonParseError::ParseError error) {
 }
 
 QJsonValue parsed(const QByteArray& document) {
+  // The parser would pass over it; the standard has nobody send one.
+  if (document.startsWith("\xEF\xBB\xBF")) fail(QStringLiteral("başında bir imza (BOM) var."));
   QJsonParseError error;
   const QJsonDocument json = QJsonDocument::fromJson(document, &error);
   if (error.error != QJsonParseError::NoError) {

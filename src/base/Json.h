@@ -34,7 +34,8 @@ class JsonReader {
 
   [[nodiscard]] QString string() const;
   [[nodiscard]] bool boolean() const;
-  /// A whole number, however it is written: "1.0" and "1e0" are 1.
+  /// A whole number of 64 bits, however it is written: "1.0" and "1e0" are 1. One with a fraction
+  /// or an exponent is read as a number first, and so is exact up to 2^53.
   [[nodiscard]] std::int64_t integer() const;
   [[nodiscard]] double number() const;
 

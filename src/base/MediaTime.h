@@ -38,7 +38,6 @@ class MediaTime {
                                              std::int32_t preferredTimescale) noexcept;
 
   [[nodiscard]] constexpr bool isValid() const noexcept { return kind_ != Kind::Invalid; }
-  [[nodiscard]] constexpr bool isIndefinite() const noexcept { return kind_ == Kind::Indefinite; }
   [[nodiscard]] constexpr bool isInfinite() const noexcept {
     return kind_ == Kind::PositiveInfinity || kind_ == Kind::NegativeInfinity;
   }

@@ -43,7 +43,6 @@ class FolderRegistry : public EngineRegistry {
   [[nodiscard]] const std::optional<QUrl>& rootURL() const noexcept { return rootURL_; }
   /// What the last scan failed with, in Turkish; nothing after one that worked.
   [[nodiscard]] const std::optional<QString>& lastError() const noexcept { return lastError_; }
-  [[nodiscard]] const QString& bookmarkKey() const noexcept { return engine_.bookmarkKey; }
 
   /// Folders that the last scan could not read.
   [[nodiscard]] virtual qint64 skippedFolders() const noexcept = 0;

@@ -1,7 +1,5 @@
 #include "engines/FolderScan.h"
 
-#include <QStandardPaths>
-
 #include <cerrno>
 #include <sys/stat.h>
 
@@ -33,11 +31,6 @@ QString unreachable(const QByteArray& root, int error) {
 }
 
 }  // namespace
-
-QString ScanOptions::userCacheFolder() {
-  return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
-         QStringLiteral("/Vantrelo Orvex/FinalCut");
-}
 
 FolderScan::FolderScan(QByteArray root, const WorkControl& control)
     : root_(std::move(root)), control_(control) {

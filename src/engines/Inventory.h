@@ -3,6 +3,7 @@
 #include "base/Background.h"
 #include "base/DescribedError.h"
 #include "base/SearchIndex.h"
+#include "base/UserFolders.h"
 
 #include <QByteArray>
 #include <QList>
@@ -27,8 +28,6 @@ struct ScanOptions {
   QLocale locale = Collation::userLocale();
   /// Where to keep what need not be read again the next time.
   QString cacheFolder = userCacheFolder();
-
-  [[nodiscard]] static QString userCacheFolder();
 };
 
 }  // namespace orvex

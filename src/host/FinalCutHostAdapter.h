@@ -41,7 +41,7 @@ class FinalCutHostAdapter final : public QObject, public FCPXTimelineObserver {
   Q_INVOKABLE void moveBy(double seconds);
   Q_INVOKABLE void moveByFrames(qint64 count);
   /// Moves to `seconds`, clamped into the sequence.
-  Q_INVOKABLE void movePlayhead(double seconds);
+  void movePlayhead(double seconds);
   /// `action` is "toggle-retime", "blade-speed" or "normal-speed".
   Q_INVOKABLE void performTimelineAction(const QString& action);
 

@@ -1,14 +1,10 @@
 #include "lut/ManagedLibrary.h"
 
-#include "base/FileError.h"
 #include "base/FileName.h"
+#include "base/UserFolders.h"
 
 #include <QFile>
-#include <QStandardPaths>
 #include <QUuid>
-
-#include <cerrno>
-#include <sys/stat.h>
 
 namespace orvex {
 namespace {
@@ -24,15 +20,12 @@ QByteArray newUuid() {
 }  // namespace
 
 QByteArray ManagedLibrary::userPath() {
-  const QByteArray applicationSupport =
-      QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
-  return Directory::make(applicationSupport).path("Vantrelo Orvex/FinalCut/Managed LUTs");
+  return Directory::make(QFile::encodeName(userDataFolder())).path("Managed LUTs");
 }
 
 Directory ManagedLibrary::requests(const Directory& library) {
   Directory requests = library.folderOrNew("Bridge Requests");
-  if (::fchmod(requests.descriptor(), 0700) != 0)
-    throw FileError(QStringLiteral("kullanıcıya ayrılamadı"), requests.path(), errno);
+  requests.keepPrivate();
   return requests;
 }
 

@@ -11,8 +11,8 @@ namespace orvex {
 ///   <library>/apply-result-<UUID>.plist            what the helper answers
 namespace ManagedLibrary {
 
-/// The absolute path of the library, which need not be there, in the folder in which programs keep
-/// the user's data, which is made where it is missing. Throws `FileError`.
+/// The absolute path of the library, which need not be there, in `userDataFolder`, which is made
+/// where it is missing. Throws `FileError`.
 [[nodiscard]] QByteArray userPath();
 /// The folder of the requests in `library`, made where it is missing; the user's alone.
 [[nodiscard]] Directory requests(const Directory& library);

@@ -1,8 +1,8 @@
 #include "runtime/PanelRuntime.h"
 
 #include "base/Bundle.h"
+#include "base/UserFolders.h"
 #include "engines/FolderBookmarkStore.h"
-#include "engines/Inventory.h"
 #include "host/FinalCutHostAdapter.h"
 #include "platform/DistributedNotifications.h"
 #include "platform/HostPicture.h"
@@ -37,7 +37,7 @@ PanelRuntime::PanelRuntime(const PanelOptions& options)
       colorServices_(std::make_unique<ColorServices>(
           LUTApplyBridge::Environment{platform_->workspace(), platform_->folderAccess(),
                                       platform_->log(), Bundle::main().path()},
-          hostPicture_.get(), ScanOptions::userCacheFolder())),
+          hostPicture_.get(), userCacheFolder())),
       view_(std::make_unique<QuickPanelView>(engine_, *window_, *colorServices_)) {
   // Where the panel's own modules are; this version of the toolkit does not look there by itself.
   engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));

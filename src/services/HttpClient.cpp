@@ -94,7 +94,8 @@ class HttpClient::Connection final {
     set(CURLOPT_NOSIGNAL, 1L);
     // A name that is being looked up is left behind instead of waited for.
     set(CURLOPT_QUICK_EXIT, 1L);
-    set(CURLOPT_BUFFERSIZE, kReceiveBufferBytes);
+    // Refused while the buffer of a transfer that failed is still there; it is as large.
+    std::ignore = curl_easy_setopt(easy_.get(), CURLOPT_BUFFERSIZE, kReceiveBufferBytes);
     set(CURLOPT_SSL_CTX_FUNCTION, &Connection::trust);
     set(CURLOPT_SSL_CTX_DATA, this);
     set(CURLOPT_PREREQFUNCTION, &Connection::begun);
@@ -129,7 +130,10 @@ class HttpClient::Connection final {
 
   template <typename Value>
   void set(CURLoption option, Value value) {
-    if (curl_easy_setopt(easy_.get(), option, value) == CURLE_OUT_OF_MEMORY) throw std::bad_alloc();
+    const CURLcode code = curl_easy_setopt(easy_.get(), option, value);
+    if (code == CURLE_OUT_OF_MEMORY) throw std::bad_alloc();
+    // A library that does not know one of them would go without, https alone among them.
+    if (code != CURLE_OK) throw transportError({.code = code, .host = transfer_.host});
   }
 
   CURLcode perform(const std::stop_token& stop) {

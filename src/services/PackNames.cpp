@@ -1,5 +1,6 @@
 #include "services/PackNames.h"
 
+#include "services/Product.h"
 #include "services/UniversalPackCatalog.h"
 #include "services/UniversalPackClientError.h"
 
@@ -30,6 +31,13 @@ bool isBareName(const QString& name) {
          name.toUtf8().size() <= kMaximumName;
 }
 
+// The scheme of a parsed address is in lower case whatever it was.
+bool isDownloadAddress(const std::optional<QString>& text) {
+  if (!text || !text->startsWith(u"https:")) return false;
+  const QUrl url(*text, QUrl::StrictMode);
+  return url.isValid() && !url.host().isEmpty();
+}
+
 }  // namespace
 
 bool isPackName(const QString& name) {
@@ -42,19 +50,8 @@ bool isAssetName(const QString& name) {
          name.compare(QLatin1StringView(kPackRecordName), Qt::CaseInsensitive) != 0;
 }
 
-namespace {
-
-// The scheme of a parsed address is in lower case whatever it was.
-bool isDownloadAddress(const std::optional<QString>& text) {
-  if (!text || !text->startsWith(u"https:")) return false;
-  const QUrl url(*text, QUrl::StrictMode);
-  return url.isValid() && !url.host().isEmpty();
-}
-
-}  // namespace
-
 PackPlan planOf(const UniversalPack& pack) {
-  if (!pack.targets.contains(u"final-cut") || !isPackName(pack.version))
+  if (!pack.targets.contains(kPackTarget) || !isPackName(pack.version))
     throw UniversalPackClientError(Kind::InvalidCatalog);
   PackPlan plan{.id = packFolderName(pack.id),
                 .version = pack.version.toUtf8(),

@@ -1,6 +1,7 @@
 #include "services/ReleaseCenterClient.h"
 
 #include "services/JsonRequest.h"
+#include "services/Product.h"
 
 namespace orvex {
 namespace {

@@ -8,9 +8,6 @@
 
 namespace orvex {
 
-/// The product that this is, in the vendor's documents.
-inline constexpr QStringView kProduct = u"vantrelo-orvex-finalcut";
-
 /// What the vendor says of the newest release. Only `version`, `downloadURL`, `notesURL`,
 /// `publishedAt` and `mandatory` are acted upon.
 struct ReleaseManifest {

@@ -1,6 +1,7 @@
 #include "services/RequestCenterClient.h"
 
 #include "base/Json.h"
+#include "services/Product.h"
 
 #include <QJsonDocument>
 
@@ -20,14 +21,13 @@ QByteArray encode(const FeatureRequest& request) {
       {QStringLiteral("platform"), QStringLiteral("macOS")},
       {QStringLiteral("renderer"), QStringLiteral("Workflow Extension")},
       {QStringLiteral("compName"), request.sequenceName}};
-  return QJsonDocument(
-             QJsonObject{{QStringLiteral("type"), QStringLiteral("feature")},
-                         {QStringLiteral("title"), request.title},
-                         {QStringLiteral("description"), request.description},
-                         {QStringLiteral("priority"), QStringLiteral("normal")},
-                         {QStringLiteral("module"), request.module},
-                         {QStringLiteral("source"), QStringLiteral("vantrelo-orvex-finalcut")},
-                         {QStringLiteral("diagnostics"), diagnostics}})
+  return QJsonDocument(QJsonObject{{QStringLiteral("type"), QStringLiteral("feature")},
+                                   {QStringLiteral("title"), request.title},
+                                   {QStringLiteral("description"), request.description},
+                                   {QStringLiteral("priority"), QStringLiteral("normal")},
+                                   {QStringLiteral("module"), request.module},
+                                   {QStringLiteral("source"), kProduct},
+                                   {QStringLiteral("diagnostics"), diagnostics}})
       .toJson(QJsonDocument::Compact);
 }
 

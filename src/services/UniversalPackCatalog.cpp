@@ -1,13 +1,12 @@
 #include "services/UniversalPackCatalog.h"
 
 #include "base/Json.h"
+#include "services/Product.h"
 
 #include <QJsonDocument>
 
 namespace orvex {
 namespace {
-
-const QString kTarget = QStringLiteral("final-cut");
 
 UniversalPackAsset decodeAsset(const JsonReader& asset) {
   return {.file = asset[u"file"].string(),
@@ -95,7 +94,7 @@ QList<UniversalPack> finalCutPacks(const UniversalPackCatalog& catalog,
   QList<UniversalPack> packs;
   QList<QString> names;
   for (const UniversalPack& pack : catalog.packs) {
-    if (!pack.targets.contains(kTarget)) continue;
+    if (!pack.targets.contains(kPackTarget)) continue;
     packs.append(pack);
     names.append(pack.name);
   }
@@ -106,7 +105,7 @@ QList<UniversalPack> finalCutPacks(const UniversalPackCatalog& catalog,
 }
 
 QList<UniversalPackAsset> finalCutAssets(const UniversalPack& pack) {
-  return pack.sharedAssets + pack.variants.value(kTarget);
+  return pack.sharedAssets + pack.variants.value(kPackTarget);
 }
 
 }  // namespace orvex

@@ -1,10 +1,10 @@
 #include "services/UniversalPackClient.h"
 
+#include "base/UserFolders.h"
 #include "services/PackCatalogRequest.h"
 #include "services/PackStore.h"
 
 #include <QFile>
-#include <QStandardPaths>
 
 namespace orvex {
 namespace {
@@ -30,8 +30,7 @@ UniversalPackClient::UniversalPackClient(QUrl catalogURL, QString root, HttpOpti
     : catalogURL_(std::move(catalogURL)), root_(std::move(root)), http_(std::move(http)) {}
 
 QString UniversalPackClient::userRoot() {
-  return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-         QStringLiteral("/Vantrelo Orvex/FinalCut/UniversalPacks");
+  return userDataFolder() + QStringLiteral("/UniversalPacks");
 }
 
 UniversalPackCatalog UniversalPackClient::fetchCatalog(const std::stop_token& stop) const {

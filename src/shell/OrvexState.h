@@ -77,9 +77,6 @@ class OrvexState : public QObject, public HostState {
   [[nodiscard]] const QList<UniversalInstalledPack>& installedPacks() const noexcept {
     return packOperations_.installed();
   }
-  void setInstalledPacks(const QList<UniversalInstalledPack>& packs) {
-    packOperations_.setInstalled(packs);
-  }
   /// Identifiers of the packs that are being installed or removed.
   [[nodiscard]] QSet<QString> packBusyIDs() const { return packOperations_.busyIDs(); }
   /// How far the install or removal of the pack is, if one is under way.

@@ -36,12 +36,8 @@ PackOperations::Listing PackOperations::list(const UniversalPackClient& client,
 void PackOperations::publish(const Listing& listing) {
   if (listing.number <= published_) return;
   published_ = listing.number;
-  setInstalled(listing.packs);
-}
-
-void PackOperations::setInstalled(const QList<UniversalInstalledPack>& packs) {
-  if (installed_ == packs) return;
-  installed_ = packs;
+  if (installed_ == listing.packs) return;
+  installed_ = listing.packs;
   Q_EMIT installedChanged();
 }
 

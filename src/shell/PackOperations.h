@@ -41,7 +41,6 @@ class PackOperations final : public QObject {
   [[nodiscard]] const QList<UniversalInstalledPack>& installed() const noexcept {
     return installed_;
   }
-  void setInstalled(const QList<UniversalInstalledPack>& packs);
   /// Identifiers of the packs that are being installed or removed.
   [[nodiscard]] QSet<QString> busyIDs() const;
   /// What is done to the pack, if anything is.

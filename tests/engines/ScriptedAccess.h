@@ -28,7 +28,6 @@ class ScriptedAccess final : public FolderAccess {
     return Resolved{QUrl::fromEncoded(grant.sliced(prefix.size())), stale};
   }
   bool startAccess(const QUrl& folder) override {
-    if (!bracketed) return false;
     used.append(folder);
     return true;
   }
@@ -40,8 +39,6 @@ class ScriptedAccess final : public FolderAccess {
   std::function<void(std::optional<QUrl>)> pending;
   bool canGrant = true;
   bool stale = false;
-  /// Whether access has to be started and stopped.
-  bool bracketed = true;
   /// What is being used now.
   QList<QUrl> used;
   bool stoppedUnused = false;

@@ -1,10 +1,9 @@
+#include "Fuzz.h"
 #include "lut/BridgeExchange.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+void check(const QByteArray& bytes) {
   try {
-    std::ignore = orvex::BridgeReply::decode(
-        QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
+    std::ignore = orvex::BridgeReply::decode(bytes);
   } catch (const orvex::DescribedError&) {
   }
-  return 0;
 }

@@ -1,7 +1,6 @@
+#include "Fuzz.h"
 #include "platform/hosts/MpvMessage.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  std::ignore = orvex::parseMpvMessage(
-      QByteArrayView(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
-  return 0;
+void check(const QByteArray& bytes) {
+  std::ignore = orvex::parseMpvMessage(bytes);
 }

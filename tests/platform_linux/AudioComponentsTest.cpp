@@ -37,7 +37,6 @@ const QByteArray kName = " ; doap:name \"Reverb\"";
 const QByteArray kPorts = Lv2Bundles::ports();
 
 TEST_F(Lv2Effects, AreReadFromTheirBundles) {
-  EXPECT_TRUE(effects().isEmpty());
   const AudioComponent effect = only(
       ", lv2:ReverbPlugin ; doap:name \"  Büyük\\n Oda \" ; lv2:minorVersion 4 ; "
       "lv2:microVersion 12 ; lv2:optionalFeature lv2:hardRTCapable ; "
@@ -54,7 +53,6 @@ TEST_F(Lv2Effects, AreReadFromTheirBundles) {
   EXPECT_EQ(effect.manufacturer, 0xb85cc725U);
   EXPECT_EQ(effect.type, 1635083896U);
   EXPECT_EQ(effect.subType, 0x1eb138daU);
-  EXPECT_TRUE(log_->lines.isEmpty());
 }
 
 TEST_F(Lv2Effects, LeaveOutWhatIsNoEffect) {
@@ -63,69 +61,41 @@ TEST_F(Lv2Effects, LeaveOutWhatIsNoEffect) {
       // A subclass of a generator, also beside another class.
       ", lv2:OscillatorPlugin, lv2:ReverbPlugin" + kName + kPorts,
       kName + " ; lv2:port " + Lv2Bundles::out().replace("index 1", "index 0"),
-      kName + " ; lv2:port " + Lv2Bundles::in(),
-      kName,
       // A port without which the rest means nothing.
       kName + " ; lv2:port " + Lv2Bundles::in("7") + " , " + Lv2Bundles::out(),
+      // Replaced by a newer one.
+      kName + kPorts + " . <urn:newer> <http://purl.org/dc/terms/replaces> <" + kUri + ">",
   };
   for (const QByteArray& data : cases) EXPECT_EQ(only(data + " .").name, QString()) << data.data();
-  EXPECT_EQ(only(kName + kPorts + " .").name, u"Reverb");
-  const QByteArray replaces = " ; <http://purl.org/dc/terms/replaces> <" + kUri + ">";
-  bundles_.add(u"newer"_qs, "urn:newer", kName + replaces + kPorts + " .");
-  bundles_.write(u"newer.lv2/manifest.ttl"_qs, Lv2Bundles::prefixes() +
-                                                   "<urn:newer> a lv2:Plugin ; lv2:binary <p.so>" +
-                                                   replaces + " ; rdfs:seeAlso <p.ttl> .");
-  ASSERT_EQ(effects().size(), 1);
-  EXPECT_EQ(effects()[0].manufacturerName, QString()) << "the newer one has no host to be named by";
 }
 
 TEST_F(Lv2Effects, MakeDoWithWhatTheirMakersLeftOut) {
-  const QString host = u"plugins.example"_qs;
-  const struct {
-    QByteArray data;
-    QString manufacturer, version;
-  } cases[] = {
-      {"", host, u"0.0"_qs},
-      {" ; lv2:microVersion 3 ; lv2:minorVersion \"zwei\"", host, u"0.3"_qs},
-      {" ; lv2:minorVersion -1, 99999999999999 ; lv2:microVersion 1.5", host, u"0.0"_qs},
-      {" ; doap:maintainer <http://maker.example/me>", u"maker.example"_qs, u"0.0"_qs},
-      {" ; doap:maintainer [ foaf:homepage <http://home.example/> ]", u"home.example"_qs,
-       u"0.0"_qs},
-      {" ; lv2:project <http://project.example/x>", u"project.example"_qs, u"0.0"_qs},
-      {" ; lv2:project [ doap:maintainer [ foaf:name \"P\" ] ]", u"P"_qs, u"0.0"_qs},
-      {" ; doap:maintainer \"text\"", host, u"0.0"_qs},
-      {" ; a <http://x.example/c#OwnPlugin>", host, u"0.0"_qs},
+  // The maker and the version.
+  const std::tuple<QByteArray, const char16_t*, const char16_t*> cases[] = {
+      {" ; lv2:microVersion 3 ; lv2:minorVersion \"zwei\"", u"plugins.example", u"0.3"},
+      {" ; lv2:minorVersion -1, 99999999999999 ; lv2:microVersion 1.5", u"plugins.example", u"0.0"},
+      {" ; doap:maintainer <http://maker.example/me>", u"maker.example", u"0.0"},
+      {" ; doap:maintainer [ foaf:homepage <http://home.example/> ]", u"home.example", u"0.0"},
+      {" ; lv2:project <http://project.example/x>", u"project.example", u"0.0"},
   };
   for (const auto& [data, manufacturer, version] : cases) {
     const AudioComponent effect = only(data + kName + kPorts + " .");
-    EXPECT_EQ(effect.name, u"Reverb") << data.data();
     EXPECT_EQ(effect.manufacturerName, manufacturer) << data.data();
     EXPECT_EQ(effect.versionString, version) << data.data();
-    EXPECT_EQ(effect.typeName, u"Plugin") << data.data();
-    EXPECT_TRUE(effect.passesValidation) << data.data();
   }
   const AudioComponent nameless = only(kPorts + " .");
   EXPECT_EQ(nameless.name, QString::fromUtf8(kUri));
   EXPECT_FALSE(nameless.passesValidation);
-  EXPECT_EQ(only(" ; doap:name \"" + QByteArray(100'000, 'x') + "\"" + kPorts + " .").name.size(),
-            256);
 }
 
 TEST_F(Lv2Effects, FeaturesDecideWhatIsConfinedAndWhatIsValid) {
-  const QByteArray hard = " ; lv2:optionalFeature lv2:hardRTCapable";
-  const QByteArray required = " ; lv2:requiredFeature ";
-  const QByteArray worker = "<http://lv2plug.in/ns/ext/worker#schedule>";
-  const struct {
-    QByteArray data;
-    bool confined, valid;
-  } cases[] = {
-      {"", false, true},
-      {required + "lv2:hardRTCapable", true, true},
-      {hard + required + "<http://lv2plug.in/ns/ext/options#options>", true, true},
-      {hard + required + worker, false, true},
-      {hard + ", " + worker, true, true},
-      {hard + required + "<http://x.example/feature>", false, false},
-      {hard + required + "\"text\"", false, false},
+  const QByteArray hard = " ; lv2:optionalFeature lv2:hardRTCapable ; lv2:requiredFeature ";
+  // Beside the name, whether it is confined and valid.
+  const std::tuple<QByteArray, bool, bool> cases[] = {
+      {" ; lv2:requiredFeature lv2:hardRTCapable", true, true},
+      {hard + "<http://lv2plug.in/ns/ext/options#options>", true, true},
+      {hard + "<http://lv2plug.in/ns/ext/worker#schedule>", false, true},
+      {hard + "<http://x.example/feature>", false, false},
   };
   for (const auto& [data, confined, valid] : cases) {
     const AudioComponent effect = only(kName + data + kPorts + " .");
@@ -143,21 +113,11 @@ TEST_F(Lv2Effects, ABrokenBundleCostsNothingButItself) {
   const QByteArray prefixes = Lv2Bundles::prefixes();
   const QByteArray nested = prefixes + "<urn:x> lv2:y " + QByteArray(400'000, '(');
   const QByteArray plugin = prefixes + "<urn:x> a lv2:Plugin" + kName;
-  const struct {
-    const char* file;
-    QByteArray body;
-    bool readable;
-  } cases[] = {
-      {"manifest.ttl", prefixes + "<urn:x> a lv2:Plugin ; lv2:binary ", true},
-      {"manifest.ttl", QByteArray::fromHex("00ff13fe") + QByteArray(5000, '\x91'), true},
-      {"manifest.ttl", "", true},
+  // A file, what is in it, and whether its reader survives.
+  const std::tuple<const char*, QByteArray, bool> cases[] = {
+      {"manifest.ttl", QByteArray(5000, '\x91'), true},
       {"manifest.ttl", nested, false},
-      {"p.ttl", plugin + kPorts.left(60), true},
-      {"p.ttl", "\xff\xfe", true},
-      {"other.ttl", "", true},
-      {"p.ttl", plugin + " ; lv2:port " + Lv2Bundles::in("-1") + " .", false},
       {"p.ttl", plugin + " ; lv2:port " + Lv2Bundles::in("4000000000") + " .", false},
-      {"p.ttl", nested, false},
       // Classes that are each other's parents.
       {"p.ttl",
        prefixes + "<urn:x> a lv2:Plugin, <urn:a> . <urn:a> a rdfs:Class ; rdfs:subClassOf <urn:b> "

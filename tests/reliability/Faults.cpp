@@ -1,7 +1,5 @@
 #include "Checks.h"
-#include "Luts.h"
-#include "Packs.h"
-#include "Tally.h"
+#include "Scenario.h"
 #include "Traced.h"
 #include "base/DescribedError.h"
 #include "support/TemporaryTree.h"
@@ -94,15 +92,17 @@ std::vector<long> callsOf(const Scenario& scenario, const Before& before) {
   Trace trace = runTraced([&] { return tryChange(scenario, tree.root()); },
                           {.withoutExchange = scenario.withoutExchange});
   if (trace.exitCode != 0 || scenario.state(tree.root()) != scenario.after) return {};
+  if (std::ranges::count(trace.calls, SYS_fsync) < scenario.syncs) {
+    std::fprintf(stderr, "%s: something is not made durable\n", scenario.name.c_str());
+    return {};
+  }
   return std::move(trace.calls);
 }
 
 bool check(const char* what, std::size_t most,
            const std::function<std::vector<Fault>(long call)>& faultsAt) {
   bool isWell = true;
-  std::vector<Scenario> scenarios = packScenarios();
-  std::ranges::move(lutScenarios(), std::back_inserter(scenarios));
-  for (const Scenario& scenario : scenarios) {
+  for (const Scenario& scenario : scenarios()) {
     const Before before(scenario);
     // What libraries do once is done here, not in every process.
     const TemporaryTree warm;

@@ -1,6 +1,5 @@
 #include "Checks.h"
-#include "Packs.h"
-#include "Tally.h"
+#include "Scenario.h"
 #include "services/UniversalPackClient.h"
 #include "support/FaultServer.h"
 #include "support/TemporaryTree.h"
@@ -93,7 +92,7 @@ class Update {
   // The address of `replaced` leads to `other`.
   explicit Update(const QByteArray& replaced = {}, const QUrl& other = {}) {
     change(root_, "1");
-    bystander().installIn(PackStore(root_));
+    packOf("other").installIn(PackStore(root_));
     const auto url = [&](const QByteArray& path) {
       return path == replaced ? other : server_.url(path);
     };
@@ -133,7 +132,7 @@ class Update {
     const std::string found = stateOf(root_);
     if (isDone != state.starts_with('2')) return isDone ? "a false success" : "is refused";
     if (found != state) return "shows '" + found + "'";
-    if (!leftoversIn(root_).isEmpty()) return "leftovers stay";
+    if (hasLeftovers(root_)) return "leftovers stay";
     return std::chrono::steady_clock::now() - begin > 10s ? "takes too long" : "";
   }
 

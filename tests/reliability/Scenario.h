@@ -1,9 +1,10 @@
 #pragma once
 
-#include <QByteArray>
+#include "support/TestPack.h"
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace orvex {
 
@@ -13,6 +14,8 @@ struct Scenario {
   std::function<void(const QByteArray& folder)> prepare;
   /// Throws a described error where it is refused.
   std::function<void(const QByteArray& folder)> change;
+  /// How many files and folders it makes durable: each that it writes, before it is seen.
+  std::ptrdiff_t syncs = 0;
   /// What whoever looks finds.
   std::function<std::string(const QByteArray& folder)> state;
   std::string before;
@@ -24,5 +27,19 @@ struct Scenario {
   /// A change that is refused may have been made all the same.
   bool maybeDone = false;
 };
+
+/// Changes of packs, and copies of LUTs.
+[[nodiscard]] std::vector<Scenario> scenarios();
+
+/// The versions of a pack: "1", "1b" (other files under the same version) and "2"; and "other", a
+/// pack that no change concerns.
+[[nodiscard]] const TestPack& packOf(const std::string& version);
+/// What is found below `root`: "2 other" for instance; "damaged" for a version that has not all its
+/// files and no others.
+[[nodiscard]] std::string stateOf(const QByteArray& root);
+/// Whether anything remains out of sight below `root`.
+[[nodiscard]] bool hasLeftovers(const QByteArray& root);
+/// Installs the version, or removes the pack where it is empty.
+void change(const QByteArray& root, const std::string& version);
 
 }  // namespace orvex

@@ -1,6 +1,5 @@
 #include "Checks.h"
-#include "Packs.h"
-#include "Tally.h"
+#include "Scenario.h"
 #include "base/FileUrl.h"
 #include "base/SmallFile.h"
 #include "services/UniversalPackClientError.h"
@@ -15,6 +14,7 @@
 namespace orvex {
 namespace {
 
+using namespace Qt::StringLiterals;
 using Entries = std::vector<std::string>;
 
 // Everything below a folder but what is below `except`.
@@ -63,19 +63,14 @@ int updateIn(const TemporaryTree& tree, const QByteArray& options) {
   const QByteArray root = tree.path("packs");
   if (!isDone(root, "1")) return stateOf(root).empty() ? kRefused : kWrong;
   const bool isUpdated = isDone(root, "2");
-  if (stateOf(root) != (isUpdated ? "2" : "1") || !leftoversIn(root).isEmpty()) return kWrong;
+  if (stateOf(root) != (isUpdated ? "2" : "1") || hasLeftovers(root)) return kWrong;
   return isUpdated ? 0 : kRefused;
 }
 
 QString hostileName(QRandomGenerator& random) {
-  static const QStringList pieces{
-      QStringLiteral(".."),   QStringLiteral("."),       QStringLiteral("/"),
-      QStringLiteral("\\"),   QString(QChar(0)),         QStringLiteral("\n"),
-      QStringLiteral("a"),    QStringLiteral("film"),    QStringLiteral("~"),
-      QStringLiteral("-"),    QStringLiteral("outside"), QStringLiteral("installed.json"),
-      QStringLiteral("%2e"),  QStringLiteral(" "),       QString(QChar(0xd800)),
-      QString(QChar(0x2215)), QString(120, u'x'),        QString(120, u'\u015f'),
-      QStringLiteral("ſ"),    QStringLiteral("\u202e")};
+  static const QStringList pieces =
+      u"..|.|/|\\|\n|a|film|~|-|outside|installed.json|%2e| |\u2215|ſ|\u202e"_s.split(u'|') +
+      QStringList{QChar(0), QChar(0xd800), QString(120, u'x'), QString(120, u'ş')};
   QString name;
   for (int count = random.bounded(5); count > 0; --count)
     name += pieces[random.bounded(pieces.size())];
@@ -149,11 +144,11 @@ bool checkTogether(std::size_t most) {
     ++ended;
     tally.add(status == 0 ? "" : "an install failed", [] { return "process"; });
   }
-  bystander().installIn(PackStore(root));
+  packOf("other").installIn(PackStore(root));
   const std::string state = stateOf(root);
   tally.add(state == "1 other" || state == "2 other" ? "" : "shows " + state,
             [] { return "in the end"; });
-  tally.add(leftoversIn(root).isEmpty() ? "" : "leftovers stay", [] { return "in the end"; });
+  tally.add(!hasLeftovers(root) ? "" : "leftovers stay", [] { return "in the end"; });
   return tally.print(std::to_string(rounds) + " rounds of two processes");
 }
 
@@ -164,18 +159,16 @@ bool checkNames(std::size_t most) {
   tree.file("a/x");
   const QByteArray root = tree.path("inside/packs");
   const PackStore store(root);
-  bystander().installIn(store);
+  packOf("other").installIn(store);
   const Entries before = entriesOf(tree.root(), root);
   QRandomGenerator random(1);
   Tally tally("names");
   std::size_t installed = 0;
   for (std::size_t round = 0; round < count; ++round) {
-    const QString names[]{hostileName(random), hostileName(random), hostileName(random)};
-    TestPack hostile(QStringLiteral("film"), QStringLiteral("1"), {{names[2], "x"}});
     // One name at a time, so that it is what decides.
-    if (round % 3 == 0) hostile.pack.id = names[0];
-    if (round % 3 == 1) hostile.pack.version = names[1];
-    if (round % 3 != 2) hostile = TestPack(hostile.pack.id, hostile.pack.version, {});
+    const QString name = hostileName(random);
+    TestPack hostile(round % 3 == 0 ? name : u"film"_s, round % 3 == 1 ? name : u"1"_s, {});
+    if (round % 3 == 2) hostile = TestPack(u"film"_s, u"1"_s, {{name, "x"}});
     std::string wrong;
     bool isRefused = false;
     try {
@@ -194,8 +187,8 @@ bool checkNames(std::size_t most) {
       if (!isRefused) wrong = "installed and not removable";
     }
     if (entriesOf(tree.root(), root) != before) wrong = "something happened outside";
-    if (stateOf(root) != "other" || !leftoversIn(root).isEmpty()) wrong = "something stays inside";
-    tally.add(wrong, [&] { return (names[0] + u'|' + names[1] + u'|' + names[2]).toStdString(); });
+    if (stateOf(root) != "other" || hasLeftovers(root)) wrong = "something stays inside";
+    tally.add(wrong, [&] { return std::to_string(round) + ": " + name.toStdString(); });
   }
   return tally.print(std::to_string(installed) + " of the names harmless");
 }

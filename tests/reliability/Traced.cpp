@@ -27,43 +27,28 @@ user_regs_struct registersOf(pid_t process) {
   return registers;
 }
 
-void skip(pid_t process, user_regs_struct registers) {
-  registers.orig_rax = ~0ULL;
-  ::ptrace(PTRACE_SETREGS, process, nullptr, &registers);
-}
-
-void setResult(pid_t process, int code) {
-  user_regs_struct registers = registersOf(process);
-  registers.rax = static_cast<unsigned long long>(-static_cast<long long>(code));
+void setRegisters(pid_t process, user_regs_struct registers) {
   ::ptrace(PTRACE_SETREGS, process, nullptr, &registers);
 }
 
 // At the beginning of a call. Returns the error to put in the place of its result, or 0.
-int interfere(pid_t process, const Fault& fault, bool isDue) {
-  user_regs_struct registers = registersOf(process);
-  if (fault.withoutExchange && registers.orig_rax == SYS_renameat2 &&
-      registers.r8 == RENAME_EXCHANGE) {
-    skip(process, registers);
-    return EINVAL;
+int interfere(pid_t process, user_regs_struct registers, const Fault& fault, bool isDue) {
+  using enum Fault::Kind;
+  const bool isExchange = fault.withoutExchange && registers.orig_rax == SYS_renameat2 &&
+                          registers.r8 == RENAME_EXCHANGE;
+  if (isExchange || (isDue && fault.kind == Error)) {
+    // No call at all.
+    registers.orig_rax = ~0ULL;
+    setRegisters(process, registers);
+    return isExchange ? EINVAL : fault.code;
   }
   if (!isDue) return 0;
-  switch (fault.kind) {
-    case Fault::Kind::Kill:
-      ::kill(process, SIGKILL);
-      return 0;
-    case Fault::Kind::Error:
-      skip(process, registers);
-      return fault.code;
-    case Fault::Kind::ErrorAfter:
-      return fault.code;
-    case Fault::Kind::Short:
-      registers.rdx = (registers.rdx + 1) / 2;
-      ::ptrace(PTRACE_SETREGS, process, nullptr, &registers);
-      return 0;
-    case Fault::Kind::None:
-      return 0;
+  if (fault.kind == Kill) ::kill(process, SIGKILL);
+  if (fault.kind == Short) {
+    registers.rdx = (registers.rdx + 1) / 2;
+    setRegisters(process, registers);
   }
-  return 0;
+  return fault.kind == ErrorAfter ? fault.code : 0;
 }
 
 }  // namespace
@@ -95,14 +80,16 @@ Trace runTraced(const std::function<int()>& work, const Fault& fault) {
     signal = WSTOPSIG(status) == kSystemCall ? 0 : WSTOPSIG(status);
     if (signal != 0) continue;
     isInside = !isInside;
+    user_regs_struct registers = registersOf(process);
     if (isInside) {
-      const auto number = static_cast<long>(registersOf(process).orig_rax);
+      const auto number = static_cast<long>(registers.orig_rax);
       trace.calls.push_back(number);
       const bool isCounted = fault.number == -1 || fault.number == number;
-      error = interfere(process, fault, isCounted && counted == fault.call);
+      error = interfere(process, registers, fault, isCounted && counted == fault.call);
       counted += isCounted ? 1 : 0;
     } else if (error != 0) {
-      setResult(process, error);
+      registers.rax = static_cast<unsigned long long>(-static_cast<long long>(error));
+      setRegisters(process, registers);
     }
   }
   return trace;

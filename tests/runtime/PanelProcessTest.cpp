@@ -2,12 +2,13 @@
 #include "runtime/PanelOptions.h"
 #include "support/Program.h"
 
+#include <QElapsedTimer>
 #include <QImage>
 #include <QTemporaryDir>
 
-using namespace orvex;
-using namespace Qt::StringLiterals;
+#include <csignal>
 
+using namespace orvex;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -28,7 +29,6 @@ class PanelProcess : public testing::Test {
 
 TEST_F(PanelProcess, SavesAPageOfTheSizeAskedFor) {
   EXPECT_EQ(run(u"orvex-panel"_s, {u"--size"_s, u"x"_s}).exitCode, 2);
-  EXPECT_EQ(run(u"orvex-panel"_s, {u"--version"_s}).output, u"orvex-panel " PROJECT_VERSION "\n"_s);
   const QTemporaryDir folder;
   const QString file = folder.filePath(u"page.png"_s);
   QStringList arguments{u"--page"_s,  u"timeline"_s,     u"--size"_s,
@@ -37,9 +37,7 @@ TEST_F(PanelProcess, SavesAPageOfTheSizeAskedFor) {
   EXPECT_EQ(saved.exitCode, 0) << saved.errors;
   EXPECT_EQ(QImage(file).size(), QSize(700, 500));
   arguments.last() = u"/nonexistent/a.png"_s;
-  const ProgramResult failed = run(u"orvex-panel"_s, arguments);
-  EXPECT_EQ(failed.exitCode, 1);
-  EXPECT_TRUE(failed.errors.contains(u"/nonexistent/a.png")) << failed.errors;
+  EXPECT_EQ(run(u"orvex-panel"_s, arguments).exitCode, 1);
 }
 
 TEST(PanelOptions, AreCheckedAsTheVariableIs) {
@@ -51,8 +49,8 @@ TEST(PanelOptions, AreCheckedAsTheVariableIs) {
   EXPECT_EQ(parse(u"--host none"_s, u"mpv:/tmp/s"_s)->host.kind, HostChoice::Kind::None);
   EXPECT_FALSE(parse({}, u"vlc"_s));
   for (const QString& line :
-       {u"--page Home"_s, u"--page"_s, u"--size 1040"_s, u"--size 319x780"_s, u"--size 1040x"_s,
-        u"--size 99999x780"_s, u"--size -5x780"_s, u"--host vlc"_s, u"--nonsense"_s, u"file.mov"_s})
+       {u"--page Home"_s, u"--size 1040"_s, u"--size 319x780"_s, u"--size 99999x780"_s,
+        u"--size -5x780"_s, u"--host vlc"_s, u"--nonsense"_s, u"file.mov"_s})
     EXPECT_FALSE(parse(line)) << line;
 }
 
@@ -63,8 +61,16 @@ TEST_F(PanelProcess, TheCompanionReachesTheHostOfARunningPanel) {
     return run(u"orvex-companion"_s, {u"vantrelo-finalcut://"_s + request}).exitCode;
   };
   const QString blade = u"timeline-action?action=blade-speed"_s;
-  EXPECT_TRUE(waitUntil([&] { return companion(blade) == 0; }, std::chrono::seconds(20)));
-  EXPECT_EQ(companion(u"focus-panel"_s), 0);
+  // One that is still starting answers too late.
+  for (const QString& request : {blade, u"focus-panel"_s})
+    EXPECT_TRUE(waitUntil([&] { return companion(request) == 0; }, std::chrono::seconds(20)));
+  // One that hangs is given up, well before anybody gives up the companion.
+  ::kill(static_cast<pid_t>(panel.processId()), SIGSTOP);
+  QElapsedTimer time;
+  time.start();
+  EXPECT_EQ(companion(u"focus-panel"_s), 1);
+  EXPECT_LT(time.elapsed(), 10'000);
+  ::kill(static_cast<pid_t>(panel.processId()), SIGCONT);
   panel.terminate();
   EXPECT_TRUE(panel.waitForFinished());
   EXPECT_EQ(companion(blade), 1) << "no panel any more";

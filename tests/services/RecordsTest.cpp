@@ -5,8 +5,7 @@
 
 #include <QJsonDocument>
 
-#include <gmock/gmock.h>
-#include <limits>
+#include <gtest/gtest.h>
 
 using namespace orvex;
 using namespace Qt::StringLiterals;
@@ -23,34 +22,20 @@ TEST(SemanticVersion, Compares) {
       {u"1.9", u"1.10", -1},
       {u"2.0.0-rc1", u"2.0.0", 0},
       {u"v2", u"1.0", -1},
-      {u"v1.2", u"0.2", 0},
-      {u"1.2.3-beta.4", u"1.2.3.4", 0},
-      {u"1.2.3+7", u"1.2.3", 0},
-      {u"", u"0.0", 0},
-      {u"...", u"", 0},
       {u".1..2.", u"1.2", 0},
-      {u"-1", u"0", 0},
+      {u"-1", u"", 0},
       {u"9223372036854775807", u"9223372036854775806", 1},
-      {u"9223372036854775808", u"0", 0},
-      {u"12345678901234567890.1", u"0.1", 0},
+      {u"9223372036854775808.1", u"0.1", 0},
       // A numeric character belongs to the digits even where it makes no number of them.
       {u"1½.2", u"0.2", 0},
       {u"٣", u"0", 0},
       {u"5五.2", u"0.2", 0},
       {u"5\U0001D7D8", u"0", 0},
-      {u"5\U0001F600", u"5", 0},
   };
   for (const auto& row : rows) {
-    const SemanticVersion a{row.a};
-    const SemanticVersion b{row.b};
-    const QString shown = QString::fromUtf16(row.a) + u" : "_s + QString::fromUtf16(row.b);
-    EXPECT_EQ(a < b, row.order < 0) << shown;
-    EXPECT_EQ(a > b, row.order > 0) << shown;
+    EXPECT_EQ(SemanticVersion(row.a) < SemanticVersion(row.b), row.order < 0) << &row - rows;
+    EXPECT_EQ(SemanticVersion(row.a) > SemanticVersion(row.b), row.order > 0) << &row - rows;
   }
-}
-
-QByteArray json(const QJsonObject& object) {
-  return QJsonDocument(object).toJson();
 }
 
 // The description of what is wrong, or nothing.
@@ -77,75 +62,47 @@ TEST(ReleaseManifest, IsReadAsStrictlyAsItIsDescribed) {
   EXPECT_EQ(ReleaseManifest::decode(manifest.encode()), manifest);
   const QJsonObject valid = QJsonDocument::fromJson(full).object();
   for (const QString& key : valid.keys()) {
+    const auto with = [&](const QJsonValue& value) {
+      QJsonObject changed = valid;
+      changed.insert(key, value);
+      return refusal<ReleaseManifest>(QJsonDocument(changed).toJson());
+    };
     const bool isRequired = key == u"productId" || key == u"version" || key == u"downloadURL";
-    QJsonObject changed = valid;
-    changed.remove(key);
-    EXPECT_EQ(refusal<ReleaseManifest>(json(changed)).contains(u"\"%1\" eksik"_s.arg(key)),
-              isRequired);
-    changed.insert(key, QJsonValue());
-    EXPECT_EQ(!refusal<ReleaseManifest>(json(changed)).isEmpty(), isRequired) << key;
-    changed.insert(key, valid[key].isString() ? QJsonValue(1) : QJsonValue(u"1"_s));
-    EXPECT_EQ(refusal<ReleaseManifest>(json(changed)).contains(u"\"%1\""_s.arg(key)),
+    EXPECT_EQ(with(QJsonValue::Undefined).contains(u"\"%1\" eksik"_s.arg(key)), isRequired);
+    EXPECT_EQ(!with(QJsonValue::Null).isEmpty(), isRequired) << key;
+    EXPECT_EQ(with(valid[key].isString() ? QJsonValue(1) : QJsonValue(u"1"_s))
+                  .contains(u"\"%1\""_s.arg(key)),
               key != u"extra");
   }
-  const QByteArray least = R"({"productId":"p","version":"1","downloadURL":""})";
-  const ReleaseManifest small = ReleaseManifest::decode(least);
-  EXPECT_FALSE(small.mandatory || small.notesURL || small.publishedAt || small.build);
-  EXPECT_EQ(ReleaseManifest::decode(small.encode()), small);
-}
-
-TEST(Json, TakesWholeNumbersOfSixtyFourBitsOnly) {
-  const auto build = [](const QByteArray& number) {
-    return ReleaseManifest::decode(R"({"productId":"","version":"","downloadURL":"","build":)" +
-                                   number + "}")
-        .build;
-  };
-  const struct {
-    const char* text;
-    std::int64_t value;
-  } rows[]{{"1.0", 1},
-           {"1e0", 1},
-           {"-2.50e1", -25},
-           {"-0", 0},
-           {"9223372036854775807", std::numeric_limits<std::int64_t>::max()},
-           {"-9223372036854775808", std::numeric_limits<std::int64_t>::min()}};
-  for (const auto& row : rows) EXPECT_EQ(build(row.text), row.value) << row.text;
-  for (const char* text : {"1.5", "9223372036854775808", "1e19", "1e400", "NaN", "true", "false",
-                           "\"1\"", "[1]", "01"})
-    EXPECT_THROW(build(text), JsonError) << text;
 }
 
 TEST(Json, SurvivesDocumentsThatAreNone) {
   const QByteArray valid = R"({"schemaVersion":1,"revision":"r","packs":[]})";
+  const auto with = [&](const QByteArray& revision) {
+    return QByteArray(valid).replace("\"r\"", revision);
+  };
   const QByteArray deep(100'000, '[');
-  const struct {
-    QByteArray document;
-    const char16_t* word;
-  } rows[]{{{}, u"1. satır"},
-           {"<html>\n</html>", u"1. satır"},
-           {"{\n  \"revision\": ,", u"2. satır"},
-           {"[]", u"belgenin kendisi nesne olmalı, dizi bulundu"},
-           {"1", u"1. satır"},
-           {deep, u"derin"},
-           {"{\"packs\":" + deep, u"derin"},
-           {valid + "x", u"fazlalık"},
-           {QByteArray(valid).replace("r\"", "\xff\""), u"UTF-8"},
-           {QByteArray(valid).replace("r\"", "\xc0\x80\""), u"UTF-8"},
-           {valid.chopped(1), u"yazım bozuk"},
-           {QByteArray(valid).replace("\"r\"", "\"\\u12\""), u"1. satır"},
-           {QByteArray(valid).replace("\"r\"", "{\"" + QByteArray(9000, 'x') + "\":1}"),
-            u"\"revision\" metin olmalı, nesne bulundu"}};
-  for (const auto& row : rows) {
-    const QString description = refusal<UniversalPackCatalog>(row.document);
-    EXPECT_TRUE(description.contains(row.word)) << row.document.left(80).constData() << "\n"
-                                                << description;
+  const std::pair<QByteArray, const char16_t*> rows[]{
+      {{}, u"1. satır"},
+      {"{\n  \"revision\": ,", u"2. satır"},
+      {"[]", u"belgenin kendisi nesne olmalı, dizi bulundu"},
+      {"1", u"1. satır"},
+      {"{\"packs\":" + deep, u"derin"},
+      {valid + "x", u"fazlalık"},
+      {with("\"\xff\""), u"UTF-8"},
+      {with("\"\xc0\x80\""), u"UTF-8"},
+      {valid.chopped(1), u"yazım bozuk"},
+      {with("{\"" + QByteArray(9000, 'x') + "\":1}"), u"\"revision\" metin olmalı, nesne bulundu"},
+      // Of equal keys the last one counts.
+      {valid.chopped(1) + R"(,"revision":1})", u"\"revision\" metin olmalı, 1 bulundu."},
+      {R"({"revision":1,)" + valid.sliced(1), u""},
+      {"\xEF\xBB\xBF" + valid, u"BOM"}};
+  for (const auto& [document, word] : rows) {
+    const QString description = refusal<UniversalPackCatalog>(document);
+    EXPECT_TRUE(description.contains(word)) << QString::fromUtf16(word) << ": " << description;
+    EXPECT_EQ(description.isEmpty(), *word == 0) << description;
     EXPECT_LT(description.size(), 200);
   }
-  EXPECT_EQ(refusal<UniversalPackCatalog>("\xEF\xBB\xBF" + valid), QString());
-  // Of equal keys the last one counts.
-  EXPECT_EQ(UniversalPackCatalog::decode(R"({"revision":1,)" + valid.sliced(1)).revision, u"r"_s);
-  EXPECT_EQ(refusal<UniversalPackCatalog>(valid.chopped(1) + R"(,"revision":1})"),
-            u"JSON belgesi geçersiz: \"revision\" metin olmalı, 1 bulundu."_s);
 }
 
 QByteArray pack(const QByteArray& name, const QByteArray& targets = R"(["final-cut"])",
@@ -174,17 +131,21 @@ TEST(UniversalPackCatalog, IsReadAsStrictlyAsItIsDescribed) {
     const char* instead;
     const char16_t* place;
   } rows[]{{R"("bytes":2)", R"("bytes":2.5)", u"\"packs[0].variants.final-cut[0].bytes\" 64 bit"},
-           {R"("bytes":2)", R"("bytes":null)", u"\"packs[0].variants.final-cut[0].bytes\" 64 bit"},
+           {R"("bytes":2)", R"("bytes":null)", u"bytes\" 64 bit"},
+           {R"("bytes":2)", R"("bytes":true)", u"bytes\" 64 bit"},
+           {R"("bytes":2)", R"("bytes":"2")", u"bytes\" 64 bit"},
+           {R"("bytes":2)", R"("bytes":1e400)", u"geçersiz"},
+           {R"("bytes":2)", R"("bytes":9223372036854775808)", u"bytes\" 64 bit"},
+           {R"("bytes":2)", R"("bytes":-9223372036854775808)", u""},
+           {R"("bytes":2)", R"("bytes":2.50e1)", u""},
            {R"("file":"a",)", "", u"\"packs[0].sharedAssets[0].file\" eksik"},
            {R"("rollback":{"previousVersion":"0"})", R"("x":1)", u"\"packs[0].rollback\" eksik"},
-           {R"("rollback":{"previousVersion":"0"})", R"("rollback":null)", u"rollback\" nesne"},
-           {R"("rollback":{"previousVersion":"0"})", R"("rollback":{})", u""},
+           {R"({"previousVersion":"0"})", "{}", u""},
            {R"({"previousVersion":"0"})", R"({"previousVersion":0})", u"previousVersion\" metin"},
            {R"("other":[])", R"("other":{})", u"\"packs[0].variants.other\" dizi"},
            {R"("url":"https://h/b")", R"("url":null)", u""},
            {R"("url":"https://h/b")", R"("url":7)", u"url\" metin olmalı, 7"},
-           {R"(["final-cut"])", R"(["final-cut",1])", u"\"packs[0].targets[1]\" metin"},
-           {R"("variants")", R"("Variants")", u"variants\" eksik"}};
+           {R"(["final-cut"])", R"(["final-cut",1])", u"\"packs[0].targets[1]\" metin"}};
   for (const auto& row : rows) {
     const QString description =
         refusal<UniversalPackCatalog>(catalog({pack("A").replace(row.what, row.instead)}));
@@ -201,16 +162,9 @@ TEST(UniversalPackCatalog, ChoosesThisPanelsPacks) {
   for (const UniversalPack& chosen : finalCutPacks(decoded, Collation(QLocale::English)))
     names.append(chosen.name);
   EXPECT_EQ(names, (QStringList{u"Alpha"_s, u"alpha"_s, u"beta"_s}));
-  UniversalPack one = decoded.packs[0];
-  const auto files = [&one] {
-    QString text;
-    for (const UniversalPackAsset& asset : finalCutAssets(one)) text += asset.file;
-    return text;
-  };
-  EXPECT_EQ(files(), u"ab"_s);
-  one.sharedAssets += one.sharedAssets;
-  one.variants.remove(u"final-cut"_s);
-  EXPECT_EQ(files(), u"aa"_s);
+  QStringList files;
+  for (const UniversalPackAsset& asset : finalCutAssets(decoded.packs[0])) files.append(asset.file);
+  EXPECT_EQ(files, (QStringList{u"a"_s, u"b"_s}));
 }
 
 }  // namespace

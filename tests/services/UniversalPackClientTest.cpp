@@ -4,16 +4,18 @@
 #include "support/TestPack.h"
 
 using namespace orvex;
+using namespace Qt::StringLiterals;
+using Peer = FaultServer::Peer;
 
 namespace {
 
+// A server with the files "a", "b" and "c" of a pack.
 struct PackClient : testing::Test {
   PackClient() {
-    for (int i = 0; i < 3; ++i)
-      test.contents[test.pack.sharedAssets[i].file] = QByteArray(kSize, static_cast<char>('a' + i));
     for (auto& asset : test.pack.sharedAssets) {
-      asset.url = server.url('/' + asset.file.toUtf8()).toString();
-      server.answer('/' + asset.file.toUtf8(), 200, test.contents[asset.file]);
+      const QByteArray path = '/' + asset.file.toUtf8();
+      asset.url = server.url(path).toString();
+      server.answer(path, 200, test.contents[asset.file]);
     }
   }
 
@@ -22,105 +24,79 @@ struct PackClient : testing::Test {
 
   FaultServer server;
   TemporaryTree tree;
-  TestPack test{QStringLiteral("film"),
-                QStringLiteral("1"),
-                {{QStringLiteral("a"), body('a')},
-                 {QStringLiteral("b"), body('b')},
-                 {QStringLiteral("c"), body('c')}}};
+  TestPack test{u"film"_s, u"1"_s, {{u"a"_s, body('a')}, {u"b"_s, body('b')}, {u"c"_s, body('c')}}};
   UniversalPackClient client{server.url("/catalog"), tree.text("packs"),
                              server.options(std::chrono::seconds(2))};
 };
 
 TEST_F(PackClient, InstallsOverOneConnectionAndRemoves) {
   client.install(test.pack);
-  const auto installed = client.installedPacks();
-  ASSERT_EQ(installed.size(), 1);
-  for (const QString& file : installed.first().files) {
-    QFile read(installed.first().directoryURL.toLocalFile() + u'/' + file);
-    EXPECT_TRUE(read.open(QIODevice::ReadOnly));
-    EXPECT_EQ(read.readAll(), test.contents[file]) << file.toStdString();
-  }
+  ASSERT_EQ(client.installedPacks().size(), 1);
+  for (const QString& file : test.contents.keys())
+    EXPECT_EQ(tree.contents("packs/film/1/" + file.toUtf8()), test.contents[file]) << file;
   EXPECT_EQ(server.requests().size(), 3);
   EXPECT_EQ(server.connections(), 1);
-  client.uninstall(QStringLiteral("film"));
+  client.uninstall(u"film"_s);
   EXPECT_TRUE(client.installedPacks().isEmpty());
 }
 
-// What the server does with the second file, and the beginning of what is told of it.
-TEST_F(PackClient, NothingIsInstalledOfADownloadThatFails) {
-  using Peer = FaultServer::Peer;
-  const QByteArray ok = "HTTP/1.1 200 OK\r\n";
+TEST_F(PackClient, KeepsWhatIsThereWhenADownloadFails) {
+  client.install(test.pack);
+  const auto installed = client.installedPacks();
+  const auto begun = [](const QByteArray& sent, qsizetype length) {
+    return "HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(length) + "\r\n\r\n" + sent;
+  };
+  const QString size = u"Dosya boyutu doğrulanamadı: b"_s;
+  const QString digest = u"SHA-256 doğrulaması başarısız: b"_s;
+  // What the server does with the second file, and what is told of it.
   const struct {
-    const char* name;
-    std::function<void(Peer&)> act;
+    QByteArray said;
+    FaultServer::Then then;
     QString text;
-  } cases[]{{"not there", [](Peer& peer) { peer.reply(404, "no"); },
-             QStringLiteral("Universal Pack HTTP 404")},
-            {"a page instead", [](Peer& peer) { peer.reply(200, "<html>"); },
-             QStringLiteral("Dosya boyutu doğrulanamadı: b")},
-            {"endless",
-             [&](Peer& peer) {
-               peer.send(ok + "\r\n");
-               peer.repeat(body('b'));
-             },
-             QStringLiteral("Dosya boyutu doğrulanamadı: b")},
-            {"other bytes", [](Peer& peer) { peer.reply(200, body('x')); },
-             QStringLiteral("SHA-256 doğrulaması başarısız: b")},
-            {"not HTTP",
-             [](Peer& peer) {
-               peer.send("SSH-2.0-OpenSSH\r\n\r\n");
-               peer.close();
-             },
-             QStringLiteral("Universal Pack sunucu cevabı geçersiz.")},
-            {"cut",
-             [&](Peer& peer) {
-               peer.send(ok + "Content-Length: 100000\r\n\r\n" + body('b').first(5000));
-               peer.close();
-             },
-             QString()},
-            {"reset",
-             [&](Peer& peer) {
-               peer.send(ok + "Content-Length: 100000\r\n\r\n" + body('b').first(5000));
-               peer.reset();
-             },
-             QString()},
-            {"stalled",
-             [&](Peer& peer) {
-               peer.send(ok + "Content-Length: 100000\r\n\r\nb");
-               peer.stall();
-             },
-             QString()}};
-  for (const auto& [name, act, text] : cases) {
-    SCOPED_TRACE(name);
-    server.on("/b", [&act](Peer& peer, const auto&) { act(peer); });
+  } rows[]{
+      {"HTTP/1.1 404 No\r\nContent-Length: 0\r\n\r\n", &Peer::keep, u"Universal Pack HTTP 404"_s},
+      {begun(body('b').chopped(1), kSize - 1), &Peer::keep, size},
+      {"HTTP/1.1 200 OK\r\n\r\n" + body('b') + "b", &Peer::stall, size},
+      {begun(body('x'), kSize), &Peer::keep, digest},
+      {"SSH-2.0-OpenSSH\r\n\r\n", &Peer::close, u"Universal Pack sunucu cevabı geçersiz."_s},
+      {begun("bbb", kSize), &Peer::close, {}},
+      {begun("bbb", kSize), &Peer::stall, {}},
+  };
+  const auto expectFailure = [&](const UniversalPack& pack, const QString& text) {
     try {
-      client.install(test.pack);
+      client.install(pack);
       ADD_FAILURE() << "installed";
     } catch (const UniversalPackClientError& error) {
       EXPECT_EQ(error.description(), text);
     } catch (const TransportError&) {
-      EXPECT_TRUE(text.isEmpty());
+      EXPECT_EQ(text, QString());
     }
-    EXPECT_TRUE(QDir(tree.text("packs"))
-                    .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot)
-                    .isEmpty());
+    EXPECT_EQ(client.installedPacks(), installed);
+    EXPECT_EQ(tree.names("packs"), QStringList{u"film"_s});
+  };
+  test.pack.version = u"2"_s;
+  for (const auto& row : rows) {
+    SCOPED_TRACE(&row - rows);
+    server.say("/b", row.said, row.then);
+    expectFailure(test.pack, row.text);
   }
   server.answer("/b", 200, body('b'));
+  UniversalPack upperCase = test.pack;
+  upperCase.sharedAssets[1].sha256 = upperCase.sharedAssets[1].sha256.toUpper();
+  expectFailure(upperCase, digest);
   client.install(test.pack);
-  EXPECT_EQ(client.installedPacks().size(), 1);
+  EXPECT_EQ(client.installedPacks().first().version, u"2"_s);
 }
 
 TEST_F(PackClient, IsCancelledInMidFile) {
   std::stop_source stop;
-  server.on("/b", [&](FaultServer::Peer& peer, const auto&) {
+  server.on("/b", [&](Peer& peer, const auto&) {
     peer.send("HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\nb");
     stop.request_stop();
     peer.stall();
   });
   EXPECT_THROW(client.install(test.pack, {.stop = stop.get_token()}), Stopped);
-  EXPECT_TRUE(QDir(tree.text("packs"))
-                  .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot)
-                  .isEmpty());
+  EXPECT_TRUE(tree.names("packs").isEmpty());
 }
 
 }  // namespace

@@ -130,7 +130,12 @@ void FaultServer::serve(int socket) {
     const std::unique_ptr<SSL, void (*)(SSL*)> connection(SSL_new(context_.get()), &SSL_free);
     SSL_set_fd(connection.get(), socket);
     if (SSL_accept(connection.get()) == 1) {
-      converse(connection.get());
+      Peer peer(*this, connection.get());
+      while (peer.isOpen() && !isDying_) {
+        const auto request = readRequest(connection.get());
+        if (!request) break;
+        handlerOf (*request)(peer, *request);
+      }
       SSL_shutdown(connection.get());
     }
   }
@@ -139,23 +144,10 @@ void FaultServer::serve(int socket) {
   ::close(socket);
 }
 
-void FaultServer::converse(SSL* connection) {
-  Peer peer(*this, connection);
-  while (peer.isOpen() && !isDying_) {
-    const auto request = readRequest(connection);
-    if (!request) return;
-    {
-      const std::scoped_lock lock(mutex_);
-      requests_.append(*request);
-    }
-    handlerOf(request->target)(peer, *request);
-  }
-}
-
-FaultServer::Handler FaultServer::handlerOf(const QByteArray& target) const {
-  const qsizetype query = target.indexOf('?');
+FaultServer::Handler FaultServer::handlerOf(const Request& request) {
   const std::scoped_lock lock(mutex_);
-  return handlers_.value(query < 0 ? target : target.first(query),
+  requests_.append(request);
+  return handlers_.value(request.target.split('?').first(),
                          [](Peer& peer, const Request&) { peer.reply(404, "nothing here"); });
 }
 
@@ -167,6 +159,13 @@ void FaultServer::on(const QByteArray& path, const Handler& handler) {
 void FaultServer::answer(const QByteArray& path, int status, const QByteArray& body,
                          const QList<QByteArray>& headers) {
   on(path, [=](Peer& peer, const Request&) { peer.reply(status, body, headers); });
+}
+
+void FaultServer::say(const QByteArray& path, const QByteArray& bytes, Then then) {
+  on(path, [=](Peer& peer, const Request&) {
+    peer.send(bytes);
+    (peer.*then)();
+  });
 }
 
 QUrl FaultServer::url(const QByteArray& path) const {

@@ -22,8 +22,8 @@ namespace orvex {
 ///
 ///   FaultServer server;
 ///   server.answer("/a", 200, "text");
-///   server.on("/b", [](FaultServer::Peer& peer, const auto&) { peer.send("HTTP/1.1 200");
-///   peer.reset(); }); HttpClient(server.options()).send({.url = server.url("/a"), …}, {});
+///   server.say("/b", "HTTP/1.1 200", &FaultServer::Peer::reset);
+///   HttpClient(server.options()).send({.url = server.url("/a"), …}, {});
 class FaultServer {
  public:
   struct Request {
@@ -54,6 +54,8 @@ class FaultServer {
     void repeat(const QByteArray& bytes, std::chrono::milliseconds rest = {}) {
       while (send(bytes) && pause(rest)) continue;
     }
+    /// Waits for the next request.
+    void keep() {}
     /// Ends the connection after the handler.
     void close() { isOpen_ = false; }
     /// The same, with a reset instead of a proper end.
@@ -67,6 +69,8 @@ class FaultServer {
     bool isOpen_ = true;
   };
   using Handler = std::function<void(Peer&, const Request&)>;
+  /// Of a peer: how a handler ends.
+  using Then = void (Peer::*)();
 
   explicit FaultServer(TestCertificate::Kind certificate = TestCertificate::Kind::Valid);
   ~FaultServer() { die(); }
@@ -77,6 +81,8 @@ class FaultServer {
   void on(const QByteArray& path, const Handler& handler);
   void answer(const QByteArray& path, int status, const QByteArray& body,
               const QList<QByteArray>& headers = {});
+  /// Sends `bytes` as they are.
+  void say(const QByteArray& path, const QByteArray& bytes, Then then = &Peer::keep);
   void redirect(const QByteArray& path, const QByteArray& location) {
     answer(path, 302, {}, {"Location: " + location});
   }
@@ -101,8 +107,8 @@ class FaultServer {
   void listen();
   void accept();
   void serve(int socket);
-  void converse(SSL* connection);
-  [[nodiscard]] Handler handlerOf(const QByteArray& target) const;
+  // Remembers the request, too.
+  [[nodiscard]] Handler handlerOf(const Request& request);
 
   const QTemporaryDir folder_;
   std::unique_ptr<SSL_CTX, void (*)(SSL_CTX*)> context_;

@@ -2,6 +2,7 @@
 
 #include "support/Wait.h"
 
+#include <QJsonDocument>
 #include <QProcess>
 
 #include <gtest/gtest.h>
@@ -13,6 +14,8 @@ struct ProgramResult {
   int exitCode = -1;
   QString output;
   QString errors;
+
+  [[nodiscard]] QJsonDocument json() const { return QJsonDocument::fromJson(output.toUtf8()); }
 };
 
 /// Runs a program to its end in the test's environment, while the event loop here answers it.
@@ -26,5 +29,17 @@ struct ProgramResult {
           QString::fromUtf8(process.readAllStandardOutput()),
           QString::fromUtf8(process.readAllStandardError())};
 }
+
+/// The words of a command line, of which none holds a space.
+[[nodiscard]] inline QStringList words(const QString& line) {
+  return line.split(u' ', Qt::SkipEmptyParts);
+}
+
+#ifdef ORVEX_PROGRAM
+/// Runs the command line program.
+[[nodiscard]] inline ProgramResult orvexProgram(const QStringList& arguments) {
+  return runProgram(QStringLiteral(ORVEX_PROGRAM), arguments);
+}
+#endif
 
 }  // namespace orvex

@@ -15,6 +15,12 @@
 
 namespace orvex {
 
+/// What the file holds; nothing where there is none.
+[[nodiscard]] inline QByteArray contentsOf(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 /// A folder of its own for a test, filled by raw paths below it; the folders above an entry are
 /// made.
 class TemporaryTree {
@@ -35,6 +41,15 @@ class TemporaryTree {
   [[nodiscard]] QByteArray path(const QByteArray& below) const { return root() + '/' + below; }
   [[nodiscard]] QString text(const QByteArray& below) const {
     return QString::fromUtf8(path(below));
+  }
+  [[nodiscard]] QByteArray contents(const QByteArray& below) const {
+    return contentsOf(text(below));
+  }
+  /// Of all that lies in a folder, sorted; names that are not UTF-8 are left out.
+  [[nodiscard]] QStringList names(const QByteArray& below) const {
+    return QDir(text(below))
+        .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                   QDir::Name);
   }
 
   void folder(const QByteArray& below) const {

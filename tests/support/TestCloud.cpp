@@ -1,6 +1,8 @@
 #include "support/TestCloud.h"
 
-#include <QCryptographicHash>
+#include "services/UniversalPackCatalog.h"
+#include "support/TestPack.h"
+
 #include <QJsonDocument>
 
 namespace orvex {
@@ -32,32 +34,18 @@ QByteArray TestCloud::filePath(const QString& id) {
 
 void TestCloud::pack(const QString& id, const QString& name, const QString& version,
                      const QByteArray& contents) {
-  const QByteArray path = filePath(id);
-  const QJsonObject asset{
-      {QStringLiteral("file"), QStringLiteral("look.cube")},
-      {QStringLiteral("sha256"),
-       QString::fromLatin1(QCryptographicHash::hash(contents, QCryptographicHash::Sha256).toHex())},
-      {QStringLiteral("bytes"), contents.size()},
-      {QStringLiteral("url"), server.url(path).toString()}};
-  catalog_[id] = {{QStringLiteral("schemaVersion"), 1},
-                  {QStringLiteral("id"), id},
-                  {QStringLiteral("name"), name},
-                  {QStringLiteral("version"), version},
-                  {QStringLiteral("targets"), QJsonArray{QStringLiteral("final-cut")}},
-                  {QStringLiteral("sharedAssets"), QJsonArray{asset}},
-                  {QStringLiteral("variants"), QJsonObject()},
-                  {QStringLiteral("rollback"), QJsonObject()}};
+  TestPack made(id, version, {{QStringLiteral("look.cube"), contents}});
+  made.pack.schemaVersion = 1;
+  made.pack.name = name;
+  made.pack.sharedAssets[0].url = server.url(filePath(id)).toString();
+  packs_[id] = made.pack;
   contents_[id] = contents;
-  server.answer(path, 200, contents);
+  server.answer(filePath(id), 200, contents);
 }
 
 void TestCloud::publishCatalog() {
-  QJsonArray packs;
-  for (const QJsonObject& pack : catalog_) packs.append(pack);
-  const QJsonObject catalog{{QStringLiteral("schemaVersion"), 1},
-                            {QStringLiteral("revision"), QStringLiteral("r1")},
-                            {QStringLiteral("packs"), packs}};
-  server.answer(kCatalog, 200, QJsonDocument(catalog).toJson());
+  const UniversalPackCatalog catalog{1, QStringLiteral("r1"), {}, packs_.values()};
+  server.answer(kCatalog, 200, catalog.encode());
 }
 
 void TestCloud::hold(const QString& id) {

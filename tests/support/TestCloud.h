@@ -43,7 +43,7 @@ class TestCloud {
   [[nodiscard]] static QByteArray filePath(const QString& id);
 
   const QTemporaryDir store_;
-  QMap<QString, QJsonObject> catalog_;
+  QMap<QString, UniversalPack> packs_;
   QMap<QString, QByteArray> contents_;
   std::shared_ptr<std::atomic<bool>> held_ = std::make_shared<std::atomic<bool>>(true);
 };

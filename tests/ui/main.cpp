@@ -1,4 +1,3 @@
-#include "engines/EngineHealth.h"
 #include "ui/OrvexSymbols.h"
 
 #include <QAccessible>
@@ -28,11 +27,6 @@ class Setup : public QObject {
         undrawn.append(QStringView(glyph.name).toString());
     }
     return undrawn;
-  }
-
-  Q_INVOKABLE orvex::EngineSummary summary(int health, const QString& title, const QString& detail,
-                                           int count) const {
-    return {static_cast<orvex::EngineHealth>(health), title, detail, count};
   }
 
   Q_INVOKABLE QString accessibleText(QObject* object) const {

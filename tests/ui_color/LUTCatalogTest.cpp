@@ -8,9 +8,11 @@
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 
+#include <filesystem>
 #include <gmock/gmock.h>
 
 using namespace orvex;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -23,51 +25,50 @@ QString shown(const LUTCatalog& luts) {
 }
 
 TEST(CloudLUTs, DisplayName) {
-  const std::map<QString, QString> names{{u"Film.Look.cube"_qs, u"Film.Look"_qs},
-                                         {u"lutpack3.cube"_qs, u"LUT Pack 03"_qs},
-                                         {u"LUTPack012.CUBE"_qs, u"LUT Pack 12"_qs},
-                                         {u"lutpack0.cube"_qs, u"LUT Pack 00"_qs},
-                                         {u"lutpack123.cube"_qs, u"LUT Pack 123"_qs},
-                                         {u"lutpack7 sıcak.cube"_qs, u"LUT Pack 07 sıcak"_qs},
-                                         {u"lutpack.cube"_qs, u"lutpack"_qs},
-                                         {u"lutpack 3.cube"_qs, u"lutpack 3"_qs},
-                                         {u"my lutpack3.cube"_qs, u"my lutpack3"_qs},
-                                         {u"İ.cube"_qs, u"İ"_qs}};
+  const std::map<QString, QString> names{{u"Film.Look.cube"_s, u"Film.Look"_s},
+                                         {u"lutpack3.cube"_s, u"LUT Pack 03"_s},
+                                         {u"LUTPack012.CUBE"_s, u"LUT Pack 12"_s},
+                                         {u"lutpack0.cube"_s, u"LUT Pack 00"_s},
+                                         {u"lutpack7 sıcak.cube"_s, u"LUT Pack 07 sıcak"_s},
+                                         {u"lutpack.cube"_s, u"lutpack"_s},
+                                         {u"my lutpack3.cube"_s, u"my lutpack3"_s},
+                                         {u"İ.cube"_s, u"İ"_s}};
   for (const auto& [file, name] : names) EXPECT_EQ(CloudLUTs::displayName(file), name);
 }
 
 TEST(CloudLUTs, ListTheCubeFilesOfThePacksAndFindThemByNameAndPack) {
-  OrvexState state;
+  const TemporaryTree tree;
+  tree.file("packs/a%20b/1.0/installed.json",
+            R"({"id":"a%20b","name":"Işıklar","version":"1.0","installedAt":0,
+                "files":["A.CUBE","b.cube","readme.txt",".cube"]})");
+  tree.file("packs/z/2/installed.json",
+            R"({"id":"z","name":"Küre","version":"2","installedAt":0,"files":["lutpack3.cube"]})");
+  OrvexState state({ReleaseCenterClient({}, {}), UniversalPackClient({}, tree.text("packs"), {}),
+                    RequestCenterClient({}, {})});
   CloudLUTs luts;
   const QAbstractItemModelTester tester(&luts);
   luts.setState(&state);
   EXPECT_EQ(luts.total(), 0);
-  const QUrl folder = QUrl::fromLocalFile(u"/packs/a%20b/1.0"_qs);
-  state.setInstalledPacks({{u"b"_qs,
-                            u"Işıklar"_qs,
-                            u"1.0"_qs,
-                            folder,
-                            {u"A.CUBE"_qs, u"b.cube"_qs, u"readme.txt"_qs, u".cube"_qs}},
-                           {u"a"_qs, u"Gece"_qs, u"2"_qs, folder, {u"lutpack3.cube"_qs}}});
-  EXPECT_EQ(shown(luts), u"A|Işıklar • v1.0\nb|Işıklar • v1.0\nLUT Pack 03|Gece • v2"_qs);
+  state.refreshInstalledPacks();
+  ASSERT_TRUE(waitUntil([&] { return luts.total() == 3; }));
+  EXPECT_EQ(shown(luts), u"A|Işıklar • v1.0\nb|Işıklar • v1.0\nLUT Pack 03|Küre • v2"_qs);
   EXPECT_EQ(luts.index(0).data(LUTCatalog::FileRole).toUrl(),
-            QUrl::fromLocalFile(u"/packs/a%20b/1.0/A.CUBE"_qs));
-  EXPECT_EQ(luts.index(0).data(LUTCatalog::PathRole), u"/packs/a%20b/1.0/A.CUBE"_qs);
-  EXPECT_EQ(luts.index(2).data(LUTCatalog::RootRole).toUrl(), folder);
+            QUrl::fromLocalFile(tree.text("packs/a%20b/1.0/A.CUBE")));
+  EXPECT_EQ(luts.index(0).data(LUTCatalog::PathRole), tree.text("packs/a%20b/1.0/A.CUBE"));
+  EXPECT_EQ(luts.index(2).data(LUTCatalog::RootRole).toUrl(),
+            QUrl::fromLocalFile(tree.text("packs/z/2")));
 
   // Rows are places: they come and go at the end only.
   QSignalSpy resets(&luts, &LUTCatalog::modelReset);
-  luts.setSearch(u"  gece\n"_qs);
-  EXPECT_EQ(shown(luts), u"LUT Pack 03|Gece • v2"_qs);
-  luts.setSearch(u"pack 03"_qs);
-  EXPECT_EQ(luts.count(), 1);
-  luts.setSearch(u"readme"_qs);
-  EXPECT_EQ(luts.count(), 0);
+  for (const auto& [search, count] :
+       {std::pair(u"  küre\n"_qs, 1), {u"pack 03"_qs, 1}, {u"readme"_qs, 0}, {u" \t"_qs, 3}}) {
+    luts.setSearch(search);
+    EXPECT_EQ(luts.count(), count) << search;
+  }
   EXPECT_EQ(luts.total(), 3);
-  luts.setSearch(u" \t"_qs);
-  EXPECT_EQ(luts.count(), 3);
-  state.setInstalledPacks({});
-  EXPECT_EQ(luts.count(), 0);
+  std::filesystem::remove_all(tree.path("packs").toStdString());
+  state.refreshInstalledPacks();
+  ASSERT_TRUE(waitUntil([&] { return luts.count() == 0; }));
   EXPECT_EQ(resets.count(), 0);
 }
 
@@ -83,10 +84,10 @@ TEST(LocalLUTs, FollowTheLibraryAndItsSearch) {
   EXPECT_EQ(luts.total(), 0);
   ASSERT_EQ(registry.useFolder(QUrl::fromLocalFile(tree.text(""))), QString());
   ASSERT_TRUE(waitUntil([&] { return luts.count() == 2; }));
-  EXPECT_EQ(shown(luts), u"a|CUBE\nb|Film Look • 3D 33"_qs);
+  EXPECT_EQ(shown(luts), u"a|CUBE\nb|Film Look • 3D 33"_s);
   EXPECT_EQ(luts.index(1).data(LUTCatalog::RootRole).toUrl(), *registry.rootURL());
-  luts.setSearch(u"LOOK"_qs);
-  EXPECT_EQ(shown(luts), u"b|Film Look • 3D 33"_qs);
+  luts.setSearch(u"LOOK"_s);
+  EXPECT_EQ(shown(luts), u"b|Film Look • 3D 33"_s);
   ::unlink(tree.path("sub/b.cube").constData());
   registry.scan();
   ASSERT_TRUE(waitUntil([&] { return luts.total() == 1; }));

@@ -7,19 +7,17 @@
 #include "ui/color/PreviewStore.h"
 
 #include <QBuffer>
-#include <QDir>
 
 #include <ctime>
 #include <gmock/gmock.h>
 
 using namespace orvex;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 QByteArray oddCube(const QString& name) {
-  QFile file(QStringLiteral(ODD_CUBES "/") + name);
-  EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-  return file.readAll();
+  return contentsOf(QStringLiteral(ODD_CUBES "/") + name);
 }
 
 QImage filled(QColor colour, const QSize& size = kPreviewSize) {
@@ -46,51 +44,46 @@ class LUTPreviewWork : public testing::Test {
 };
 
 TEST_F(LUTPreviewWork, ShowsThePictureAsTheLutMakesItAndKeepsItByContents) {
-  tree.file("a.cube", oddCube(QStringLiteral("plain.cube")));
+  tree.file("a.cube", oddCube(u"plain.cube"_s));
   EXPECT_EQ(make("a.cube"), filled(QColor(245, 55, 200)));
   // What is kept is found again, under any name, and by these contents and this picture only.
-  const QDir kept(cache.text("previews"));
-  ASSERT_EQ(kept.entryList(QDir::Files).size(), 1);
-  QFile file(kept.filePath(kept.entryList(QDir::Files).constFirst()));
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write(encoded(filled(Qt::red)));
-  file.close();
-  tree.file("b.cube", oddCube(QStringLiteral("plain.cube")));
+  ASSERT_EQ(cache.names("previews").size(), 1);
+  cache.file("previews/" + cache.names("previews").value(0).toUtf8(), encoded(filled(Qt::red)));
+  tree.file("b.cube", oddCube(u"plain.cube"_s));
   EXPECT_EQ(make("b.cube"), filled(Qt::red));
-  tree.file("c.cube", oddCube(QStringLiteral("crlf.cube")));
+  tree.file("c.cube", oddCube(u"crlf.cube"_s));
   EXPECT_EQ(make("c.cube"), filled(QColor(245, 55, 200)));
   source = PreviewSource::of(filled(Qt::white));
   EXPECT_EQ(make("a.cube"), filled(Qt::black));
   // What is there but broken is made again.
-  for (const QString& name : kept.entryList(QDir::Files)) {
-    QFile broken(kept.filePath(name));
-    ASSERT_TRUE(broken.resize(10));
-  }
+  for (const QString& name : cache.names("previews")) cache.file("previews/" + name.toUtf8(), "x");
   EXPECT_EQ(make("a.cube"), filled(Qt::black));
 }
 
 TEST_F(LUTPreviewWork, SaysWhyThereIsNone) {
-  tree.file("bad.cube", oddCube(QStringLiteral("decimal-commas.cube")));
+  tree.file("bad.cube", oddCube(u"decimal-commas.cube"_s));
+  EXPECT_EQ(make("bad.cube").error(), readCube(oddCube(u"decimal-commas.cube"_s)).error());
   tree.fifo("fifo.cube");
-  tree.folder("folder.cube");
   tree.link("device.cube", "/dev/zero");
+  for (const char* name : {"fifo.cube", "device.cube", "missing.cube"})
+    EXPECT_EQ(make(name).error(), (CubeError{0, u"Dosya okunamadı."_s})) << name;
   tree.file("huge.cube");
   ASSERT_EQ(::truncate(tree.path("huge.cube").constData(), (64 << 20) + 1), 0);
-  const CubeError unreadable{0, QStringLiteral("Dosya okunamadı.")};
-  EXPECT_EQ(make("bad.cube").error(),
-            readCube(oddCube(QStringLiteral("decimal-commas.cube"))).error());
-  for (const char* name : {"fifo.cube", "folder.cube", "device.cube", "missing.cube"})
-    EXPECT_EQ(make(name).error(), unreadable) << name;
-  EXPECT_EQ(make("huge.cube").error().reason, QStringLiteral("Dosya 64 MiB'tan büyük."));
+  EXPECT_EQ(make("huge.cube").error().reason, u"Dosya 64 MiB'tan büyük."_s);
   // Its colours are clear, but it cannot be handed over.
-  tree.file("tabs.cube", oddCube(QStringLiteral("tabs-and-indents.cube")));
+  tree.file("tabs.cube", oddCube(u"tabs-and-indents.cube"_s));
   EXPECT_EQ(make("tabs.cube").error().line, 1);
-  EXPECT_FALSE(QDir(cache.text("previews")).exists());
+  EXPECT_TRUE(cache.names(".").isEmpty());
 }
 
-TEST(PreviewStore, RemembersFilesThatHaveSettled) {
+TEST(PreviewStore, RemembersFilesThatHaveSettledAndGivesUpWhatWasNotUsedForLongest) {
   const TemporaryTree cache;
-  PreviewStore store(cache.text("previews"));
+  PreviewStore store(cache.text("."), 290'000);
+  for (const auto& [name, used] : {std::pair("oldest", 1000), {"newest", 3000}, {"middle", 2000}}) {
+    cache.file(name, QByteArray(100'000, 'x'));
+    const timespec times[2]{{used, 0}, {used, 0}};
+    ASSERT_EQ(::utimensat(AT_FDCWD, cache.path(name).constData(), times, 0), 0);
+  }
   const QByteArray digest(32, 'x');
   const qint64 now = qint64{std::time(nullptr)} * 1'000'000'000;
   const FileIdentity settled{1, 2, 3, now - 5'000'000'000, now - 4'000'000'000};
@@ -100,19 +93,8 @@ TEST(PreviewStore, RemembersFilesThatHaveSettled) {
   store.remember(touched, digest);
   EXPECT_EQ(store.digest(settled), digest);
   EXPECT_EQ(store.digest(touched), std::nullopt);
-}
-
-TEST(PreviewStore, GivesUpWhatWasNotUsedForLongest) {
-  const TemporaryTree cache;
-  for (const auto& [name, used] : {std::pair("oldest", 1000), {"newest", 3000}, {"middle", 2000}}) {
-    cache.file(name, QByteArray(100'000, 'x'));
-    const timespec times[2]{{used, 0}, {used, 0}};
-    ASSERT_EQ(::utimensat(AT_FDCWD, cache.path(name).constData(), times, 0), 0);
-  }
-  PreviewStore(cache.text("."), 290'000).remember({}, QByteArray(32, 'x'));
-  const QStringList kept = QDir(cache.text(".")).entryList(QDir::Files);
-  EXPECT_THAT(kept, testing::IsSupersetOf({u"newest"_qs, u"middle"_qs}));
-  EXPECT_THAT(kept, testing::Not(testing::Contains(u"oldest"_qs)));
+  EXPECT_THAT(cache.names("."), testing::IsSupersetOf({u"newest"_s, u"middle"_s}));
+  EXPECT_FALSE(cache.names(".").contains(u"oldest"));
 }
 
 // A viewer that writes down in which order pictures come.
@@ -148,7 +130,7 @@ class ScriptedHost final : public HostPicture {
 class Previews : public testing::Test {
  protected:
   QUrl file(const QByteArray& name) {
-    tree.file(name.constData(), oddCube(QStringLiteral("plain.cube")));
+    tree.file(name.constData(), oddCube(u"plain.cube"_s));
     return fileUrl(tree.path(name.constData()));
   }
 
@@ -160,11 +142,11 @@ class Previews : public testing::Test {
 };
 
 TEST_F(Previews, ComeInViewOrderNewestViewFirst) {
-  Viewer near(QStringLiteral("near"), order, false);
-  Viewer first(QStringLiteral("first"), order);
-  Viewer second(QStringLiteral("second"), order);
-  Viewer third(QStringLiteral("third"), order);
-  Viewer later(QStringLiteral("later"), order);
+  Viewer near(u"near"_s, order, false);
+  Viewer first(u"first"_s, order);
+  Viewer second(u"second"_s, order);
+  Viewer third(u"third"_s, order);
+  Viewer later(u"later"_s, order);
   previews.want(&near, file("near"));
   previews.want(&first, file("first"));
   previews.want(&second, file("second"));
@@ -174,14 +156,14 @@ TEST_F(Previews, ComeInViewOrderNewestViewFirst) {
   previews.want(&later, file("later"));
   previews.withdraw(&third);
   ASSERT_TRUE(waitUntil([&] { return order.size() == 4; }));
-  EXPECT_EQ(order.join(u' '), QStringLiteral("first later second near"));
+  EXPECT_EQ(order.join(u' '), u"first later second near"_s);
   // What was made is there at once.
   previews.want(&third, file("second"));
-  EXPECT_EQ(order.constLast(), QStringLiteral("third"));
+  EXPECT_EQ(order.constLast(), u"third"_s);
 }
 
 TEST_F(Previews, AreMadeAnewOnTheHostsPictureAndWithoutOneOnOurs) {
-  Viewer viewer(QStringLiteral("viewer"), order);
+  Viewer viewer(u"viewer"_s, order);
   const QUrl lut = file("a");
   QObject::connect(&previews, &LUTPreviews::changed, [&] { previews.want(&viewer, lut); });
   previews.want(&viewer, lut);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/NewFile.h"
+
 #include <QCoreApplication>
 #include <QDropEvent>
 #include <QFile>
@@ -25,9 +27,9 @@ class LibraryFiles : public QObject {
   [[nodiscard]] QUrl root() const { return QUrl::fromLocalFile(folder_.path()); }
 
   Q_INVOKABLE QUrl file(const QString& below) const {
-    QFile file(made(below));
-    std::ignore = file.open(QIODevice::WriteOnly);
-    return QUrl::fromLocalFile(file.fileName());
+    const QString path = made(below);
+    std::ignore = replaceFile(path.toUtf8(), "");
+    return QUrl::fromLocalFile(path);
   }
   /// One of the corpus of odd LUT files.
   Q_INVOKABLE QUrl cube(const QString& below, const QString& odd) const {
@@ -42,9 +44,6 @@ class LibraryFiles : public QObject {
   }
   Q_INVOKABLE void fifo(const QString& below) const {
     ::mkfifo(QFile::encodeName(made(below)).constData(), 0600);
-  }
-  Q_INVOKABLE void closeFolder(const QString& below) const {
-    std::filesystem::permissions(made(below).toStdString(), std::filesystem::perms::none);
   }
   Q_INVOKABLE void removeAll() const { std::filesystem::remove_all(folder_.path().toStdString()); }
   Q_INVOKABLE static void dropOn(QQuickItem* item, const QList<QUrl>& urls) {

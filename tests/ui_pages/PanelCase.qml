@@ -56,6 +56,11 @@ TestCase {
         return findItem(item, candidate => candidate.visible && candidate.text === text);
     }
 
+    // Drops `urls` onto the page.
+    function drop(...urls) {
+        objects.files.dropOn(page(), urls);
+    }
+
     function titled(item, title) {
         return findItem(item, candidate => candidate.title === title);
     }

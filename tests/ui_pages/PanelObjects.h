@@ -1,5 +1,6 @@
 #pragma once
 
+#include "LibraryFiles.h"
 #include "base/NewFile.h"
 #include "base/PropertyList.h"
 #include "engines/AudioUnitRegistry.h"
@@ -13,6 +14,7 @@
 #include "platform/SystemLog.h"
 #include "platform/Workspace.h"
 #include "platform/hosts/BuiltInHost.h"
+#include "platform/hosts/HostChoice.h"
 #include "shell/OrvexDesktop.h"
 #include "shell/OrvexState.h"
 #include "support/NoSystem.h"
@@ -38,11 +40,10 @@ class AppTree final {
   AppTree() {
     qputenv("XDG_DATA_HOME", QFile::encodeName(folder_.filePath(QStringLiteral("data"))));
     QDir().mkpath(extension());
-    QFile info(folder_.filePath(QStringLiteral("X.app/Contents/Info.plist")));
-    std::ignore = info.open(QIODevice::WriteOnly);
-    info.write(
-        "<plist><dict><key>CFBundleIdentifier</key>"
-        "<string>com.vantrelo.orvex.finalcut</string></dict></plist>");
+    std::ignore =
+        replaceFile(folder_.filePath(QStringLiteral("X.app/Contents/Info.plist")).toUtf8(),
+                    "<plist><dict><key>CFBundleIdentifier</key>"
+                    "<string>com.vantrelo.orvex.finalcut</string></dict></plist>");
   }
   [[nodiscard]] QString extension() const {
     return folder_.filePath(QStringLiteral("X.app/Contents/PlugIns/E.appex"));
@@ -66,6 +67,7 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
   Q_PROPERTY(orvex::OrvexDesktop* desktop READ desktop CONSTANT)
   Q_PROPERTY(orvex::ColorServices* colorServices READ colorServices CONSTANT)
   Q_PROPERTY(orvex::BuiltInHost* host READ host CONSTANT)
+  Q_PROPERTY(orvex::LibraryFiles* files READ files CONSTANT)
   /// The addresses that the desktop was asked to open.
   Q_PROPERTY(QStringList opened MEMBER opened_)
   /// The files that the file manager was asked to show, which it cannot.
@@ -84,7 +86,10 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
   [[nodiscard]] FinalCutHostAdapter* hostAdapter() { return &adapter_; }
   [[nodiscard]] OrvexDesktop* desktop() { return &desktop_; }
   [[nodiscard]] ColorServices* colorServices() { return &colorServices_; }
-  [[nodiscard]] BuiltInHost* host() { return runtime_.host_.get(); }
+  [[nodiscard]] BuiltInHost* host() {
+    return dynamic_cast<BuiltInHost*>(runtime_->hostSingleton().get());
+  }
+  [[nodiscard]] LibraryFiles* files() { return &files_; }
 
   /// Puts a pack with these files into the store; the values name files of the corpus of odd LUTs.
   Q_INVOKABLE void installLUTs(const QString& name, const QVariantMap& files) const {
@@ -92,15 +97,13 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
     folder.mkpath(QStringLiteral("."));
     for (const auto& [file, odd] : files.asKeyValueRange())
       QFile::copy(QStringLiteral(ODD_CUBES "/") + odd.toString(), folder.filePath(file));
-    QFile record(folder.filePath(QStringLiteral("installed.json")));
-    std::ignore = record.open(QIODevice::WriteOnly);
-    record.write(QJsonDocument(QJsonObject{{QStringLiteral("id"), name},
-                                           {QStringLiteral("name"), name},
-                                           {QStringLiteral("version"), QStringLiteral("1.0")},
-                                           {QStringLiteral("installedAt"), 0},
-                                           {QStringLiteral("files"),
-                                            QJsonArray::fromStringList(files.keys())}})
-                     .toJson());
+    const QJsonObject record{{QStringLiteral("id"), name},
+                             {QStringLiteral("name"), name},
+                             {QStringLiteral("version"), QStringLiteral("1.0")},
+                             {QStringLiteral("installedAt"), 0},
+                             {QStringLiteral("files"), QJsonArray::fromStringList(files.keys())}};
+    std::ignore = replaceFile(folder.filePath(QStringLiteral("installed.json")).toUtf8(),
+                              QJsonDocument(record).toJson());
   }
   /// Answers the request that the LUT bridge left, as the helper would. False while there is none.
   Q_INVOKABLE bool answerLUTRequest(bool ok, const QString& message) {
@@ -173,26 +176,17 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
   }
 
  private:
-  class BuiltInRuntime final : public HostRuntime {
-   public:
-    std::shared_ptr<FCPXHost> hostSingleton() override { return host_; }
-
-    std::shared_ptr<BuiltInHost> host_ = std::make_shared<BuiltInHost>();
-  };
-
   class Effects final : public AudioComponents {
    public:
     QList<AudioComponent> effects(const std::stop_token&) override {
       if (!installed) return {};
-      AudioComponent effect;
-      effect.name = QStringLiteral("Yankı");
-      effect.manufacturerName = QStringLiteral("Kurgu Ses");
-      effect.versionString = QStringLiteral("2.4");
-      effect.typeName = QStringLiteral("Delay Plugin");
-      effect.passesValidation = true;
-      effect.manufacturer = 0x4B75'7267;  // "Kurg"
-      effect.subType = 7;
-      return {effect};
+      return {{.name = QStringLiteral("Yankı"),
+               .manufacturerName = QStringLiteral("Kurgu Ses"),
+               .versionString = QStringLiteral("2.4"),
+               .typeName = QStringLiteral("Delay Plugin"),
+               .passesValidation = true,
+               .manufacturer = 0x4B75'7267,  // "Kurg"
+               .subType = 7}};
     }
     std::atomic<bool> installed = false;
   };
@@ -203,10 +197,8 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
   }
   void launch(const QUrl&, Launched launched) override {
     QTimer::singleShot(0, this, [this, launched = std::move(launched)] {
-      if (launchError_.isEmpty())
-        launched({});
-      else
-        launched(std::unexpected(launchError_));
+      using Outcome = std::expected<void, QString>;
+      launched(launchError_.isEmpty() ? Outcome() : std::unexpected(launchError_));
     });
   }
   void reveal(const QUrl& file, Revealed revealed) override {
@@ -218,6 +210,7 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
     if (text.startsWith(prefix)) refreshes_.append(text.mid(prefix.size()).section(u' ', 0, 0));
   }
 
+  LibraryFiles files_;
   TestCloud cloud_;
   std::shared_ptr<OrvexState> state_ = std::make_shared<OrvexState>(cloud_.services());
   NoFolders folders_;
@@ -226,8 +219,8 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
   AudioUnitRegistry audio_{effects_};
   LUTRegistry luts_{folders_.bookmarks()};
   FxPlugRegistry fxplug_{folders_.bookmarks()};
-  BuiltInRuntime runtime_;
-  FinalCutHostAdapter adapter_{state_, runtime_, *this, *this};
+  std::unique_ptr<HostRuntime> runtime_ = makeHostRuntime({});
+  FinalCutHostAdapter adapter_{state_, *runtime_, *this, *this};
   OrvexDesktop desktop_{*state_, *this};
   AppTree app_;
   ColorServices colorServices_{

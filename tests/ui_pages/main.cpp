@@ -1,4 +1,3 @@
-#include "LibraryFiles.h"
 #include "PanelObjects.h"
 
 #include <QLocale>
@@ -20,7 +19,6 @@ class Setup final : public QObject {
     // Numbers are written the same in every language, also in one with decimal commas.
     QLocale::setDefault(QLocale(QLocale::Turkish));
     qmlRegisterType<orvex::PanelObjects>("Orvex.Test", 1, 0, "PanelObjects");
-    qmlRegisterType<orvex::LibraryFiles>("Orvex.Test", 1, 0, "LibraryFiles");
   }
   void qmlEngineAvailable(QQmlEngine* engine) {
     engine->addImportPath(QStringLiteral("qrc:/qt/qml"));

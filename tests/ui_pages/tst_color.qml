@@ -2,28 +2,18 @@ import QtQuick
 import QtTest
 import Orvex
 import Orvex.Pages
-import Orvex.Test
 
 PanelCase {
     name: "Color"
 
-    property LibraryFiles files: null
-
-    Component {
-        id: filesComponent
-
-        LibraryFiles {}
-    }
-
     // The page with two LUTs of a pack and two local ones, of which one cannot be used.
-    function openFilled(width = 1040, height = 2000) {
-        files = createTemporaryObject(filesComponent, this);
+    function openFilled() {
         objects.installLUTs("Gece", { "A.CUBE": "plain.cube", "lutpack3.cube": "domain.cube", "readme.txt": "plain.cube" });
-        files.cube("own/broken.cube", "decimal-commas.cube");
-        files.cube("own/Film.cube", "shaper.cube");
-        compare(objects.luts.useFolder(files.root + "/own"), "");
+        objects.files.cube("broken.cube", "decimal-commas.cube");
+        objects.files.cube("Film.cube", "shaper.cube");
+        compare(objects.luts.useFolder(objects.files.root), "");
         tryCompare(objects.luts, "scanning", false);
-        open(width, height, "color");
+        open(1040, 2000, "color");
         tryVerify(() => cards().filter(card => named(card, "picture").ready || !card.usable).length === 4);
     }
 
@@ -42,14 +32,12 @@ PanelCase {
 
     function test_says_why_there_is_nothing_and_what_to_do() {
         open(1040, 1400, "color");
-        for (const text of ["Cloud LUT henüz yüklenmedi", "Update Center → Vantrelo Cloud Packs bölümünden LUT paketini yükle.", "Yerel LUT klasörü seçilmedi", "Bu alan isteğe bağlıdır. Cloud LUT'lar için klasör seçmen gerekmez."])
-            verify(showing(panel, text), text);
-        files = createTemporaryObject(filesComponent, this);
-        files.dropOn(page(), [files.file("note.txt")]);
+        verify(showing(panel, "Cloud LUT henüz yüklenmedi") && showing(panel, "Yerel LUT klasörü seçilmedi"));
+        drop(objects.files.file("note.txt"));
         tryVerify(() => objects.state.hasToast && objects.state.toast.kind === OrvexToast.Error);
-        files.dropOn(page(), [files.root]);
+        drop(objects.files.root);
         tryVerify(() => showing(panel, "Yerel LUT bulunamadı") && showing(panel, "Seçilen dizinde .cube dosyası bulunamadı."));
-        files.removeAll();
+        objects.files.removeAll();
         objects.luts.scan();
         tryVerify(() => named(panel, "scanError").visible);
         compare(named(panel, "scanError").message, objects.luts.lastError);
@@ -64,12 +52,11 @@ PanelCase {
         compare(card("broken").error, "Satır 2: “1,0”: ondalık ayırıcı virgül değil nokta olmalı.");
         verify(!named(card("broken"), "apply").visible);
         const field = named(panel, "search");
-        const found = { "gece": 2, "PACK 03": 1, "film": 1, "xyz": 0, "  ": 4 };
+        const found = { "PACK 03": 1, "film": 1, "  ": 4, "xyz": 0 };
         for (const text in found) {
             field.text = text;
             tryVerify(() => cards().length === found[text], 5000, text);
         }
-        field.text = "xyz";
         tryVerify(() => showing(panel, "Cloud LUT bulunamadı") && showing(panel, "“xyz” ile eşleşen yerel LUT yok."));
         field.forceActiveFocus();
         keyClick(Qt.Key_Escape);
@@ -94,7 +81,6 @@ PanelCase {
             compare(objects.state.toast.kind, ok ? OrvexToast.Success : OrvexToast.Error);
             compare(named(card(name), "apply").title, "UYGULA");
         }
-        verify(!named(panel, "preparationError").visible);
     }
 
     function test_says_on_the_page_why_nothing_could_be_handed_over() {
@@ -111,7 +97,6 @@ PanelCase {
         verify(!notice.visible);
         // Gone in the middle of it.
         objects.state.activePage = OrvexPages.byId("home");
-        compare(page().applyBridge, undefined);
     }
 
     function test_compares_with_the_original() {
@@ -123,11 +108,6 @@ PanelCase {
         fuzzyCompare(picture.split, 0.5, 0.01);
         mouseRelease(picture, picture.width / 2, 20);
         compare(picture.split, 0);
-        named(card("A"), "apply").forceActiveFocus(Qt.TabFocusReason);
-        keyPress(Qt.Key_Shift);
-        compare(picture.split, 1);
-        keyRelease(Qt.Key_Shift);
-        compare(picture.split, 0);
     }
 
     function test_keyboard() {
@@ -138,21 +118,12 @@ PanelCase {
         compare(named(panel, "search").text, "ge");
         keyClick(Qt.Key_Down);
         verify(named(card("A"), "apply").visualFocus);
+        keyPress(Qt.Key_Shift);
+        compare(named(card("A"), "picture").split, 1);
+        keyRelease(Qt.Key_Shift);
         keyClick(Qt.Key_Right);
         verify(named(card("LUT Pack 03"), "apply").visualFocus);
         keyClick(Qt.Key_Return);
         compare(page().applyBridge.activePath, card("LUT Pack 03").path);
-    }
-
-    function test_fits_data() {
-        return [[1040, 780], [700, 780], [360, 640], [320, 320]].map(([width, height]) => ({ tag: width + " × " + height, width: width, height: height }));
-    }
-    function test_fits(data) {
-        openFilled(data.width, data.height);
-        const content = named(panel, "content");
-        for (const item of cards().concat(cards().map(item => named(item, "reveal")), named(panel, "search"))) {
-            const left = item.mapToItem(content, 0, 0).x;
-            verify(left >= 16 && left + item.width <= content.width - 16);
-        }
     }
 }

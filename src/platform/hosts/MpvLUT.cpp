@@ -9,17 +9,12 @@
 namespace orvex {
 namespace {
 
-constexpr auto kLabel = "orvex-lut";
 // A file that was just opened shows its first frame sooner; one without a picture never does.
 constexpr std::chrono::milliseconds kPictureLimit{800};
 // The player reads a LUT of 64 MB in about a second.
 constexpr std::chrono::seconds kLimit{5};
 constexpr std::chrono::milliseconds kLookInterval{20};
 constexpr int kLooks = 100;
-
-QString label() {
-  return QString::fromLatin1(kLabel);
-}
 
 class LUTTask final : public MpvTask {
  public:
@@ -55,8 +50,10 @@ class LUTTask final : public MpvTask {
   void add() {
     begun_ = true;
     // The count of bytes before the path keeps every character of it from being understood.
-    const QString filter =
-        QStringLiteral("@%1:lut3d=file=%%2%%3").arg(label()).arg(path_.toUtf8().size()).arg(path_);
+    const QString filter = QStringLiteral("@%1:lut3d=file=%%2%%3")
+                               .arg(MpvLUT::kLabel)
+                               .arg(path_.toUtf8().size())
+                               .arg(path_);
     run({QStringLiteral("vf"), QStringLiteral("add"), filter}, [this](const QJsonValue&) {
       ask(u"vf", [this](const QJsonValue& chain) { check(chain); });
     });
@@ -65,8 +62,9 @@ class LUTTask final : public MpvTask {
   void check(const QJsonValue& chain) {
     bool there = false;
     for (const QJsonValue filter : chain.toArray())
-      there = there || (filter[u"label"] == label() && filter[u"name"].toString() == u"lut3d" &&
-                        filter[u"enabled"] == true && filter[u"params"][u"file"] == path_);
+      there = there || (filter[u"label"].toString() == MpvLUT::kLabel &&
+                        filter[u"name"].toString() == u"lut3d" && filter[u"enabled"] == true &&
+                        filter[u"params"][u"file"] == path_);
     if (!there) return failToShow();
     awaitUse(kLooks);
   }
@@ -75,14 +73,14 @@ class LUTTask final : public MpvTask {
   // the next picture.
   void awaitUse(int looksLeft) {
     if (looksLeft == 0) return failToShow();
-    connection().send({QStringLiteral("get_property"), QStringLiteral("vf-metadata/") + label()},
-                      [this, looksLeft](const MpvReply& reply) {
-                        if (reply.succeeded())
-                          ask(u"media-title", [this](const QJsonValue& title) { succeed(title); });
-                        else
-                          QTimer::singleShot(kLookInterval, this,
-                                             [this, looksLeft] { awaitUse(looksLeft - 1); });
-                      });
+    connection().send(
+        {QStringLiteral("get_property"), QStringLiteral("vf-metadata/%1").arg(MpvLUT::kLabel)},
+        [this, looksLeft](const MpvReply& reply) {
+          if (reply.succeeded())
+            ask(u"media-title", [this](const QJsonValue& title) { succeed(title); });
+          else
+            QTimer::singleShot(kLookInterval, this, [this, looksLeft] { awaitUse(looksLeft - 1); });
+        });
   }
 
   void failToShow() {

@@ -13,6 +13,9 @@ class MpvLUT final : public QObject {
   Q_OBJECT
 
  public:
+  /// The label of the filter among those of the player.
+  static constexpr QStringView kLabel = u"orvex-lut";
+
   /// What was done, or why nothing was, as a sentence in Turkish.
   using Done = std::function<void(std::expected<QString, QString>)>;
 

@@ -2,6 +2,7 @@
 
 #include "base/SmallFile.h"
 #include "platform/hosts/MpvConnection.h"
+#include "platform/hosts/MpvLUT.h"
 
 #include <QFile>
 #include <QJsonObject>
@@ -21,12 +22,11 @@ using namespace std::chrono_literals;
 constexpr auto kDeadline = 4s;
 constexpr qsizetype kMaximumBytes = qsizetype{32} * 1024 * 1024;
 
-// The label under which the companion adds its filter.
 bool showsLUT(const QJsonValue& filters) {
   const QJsonArray list = filters.toArray();
   return std::ranges::any_of(list, [](const QJsonValue& entry) {
     const QJsonObject filter = entry.toObject();
-    return filter.value(u"label") == QStringLiteral("orvex-lut") &&
+    return filter.value(u"label").toString() == MpvLUT::kLabel &&
            filter.value(u"enabled").toBool(true);
   });
 }
@@ -81,6 +81,11 @@ class MpvPicture::Shot final : public QObject {
 
   void finish(const std::optional<QByteArray>& picture) {
     deadline_.stop();
+    // The player need not go on telling of itself; later, as this may be a call of the connection.
+    if (connection_) {
+      connection_->close();
+      connection_.release()->deleteLater();
+    }
     if (const auto taken = std::exchange(taken_, nullptr)) taken(picture);
   }
 

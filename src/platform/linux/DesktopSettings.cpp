@@ -1,7 +1,6 @@
 #include "platform/linux/DesktopSettings.h"
 
-#include <gio/gio.h>
-#include <memory>
+#include "platform/linux/GlibPointers.h"
 
 namespace orvex {
 
@@ -9,13 +8,11 @@ bool desktopAnimationsOff() {
   // Asking for settings whose schema is not installed would end the process.
   GSettingsSchemaSource* source = g_settings_schema_source_get_default();
   if (source == nullptr) return false;
-  const std::unique_ptr<GSettingsSchema, decltype(&g_settings_schema_unref)> schema(
-      g_settings_schema_source_lookup(source, "org.gnome.desktop.interface", TRUE),
-      &g_settings_schema_unref);
+  const GlibPointer<GSettingsSchema> schema(
+      g_settings_schema_source_lookup(source, "org.gnome.desktop.interface", TRUE));
   if (!schema || g_settings_schema_has_key(schema.get(), "enable-animations") == FALSE)
     return false;
-  const std::unique_ptr<GSettings, decltype(&g_object_unref)> settings(
-      g_settings_new_full(schema.get(), nullptr, nullptr), &g_object_unref);
+  const GlibPointer<GSettings> settings(g_settings_new_full(schema.get(), nullptr, nullptr));
   return g_settings_get_boolean(settings.get(), "enable-animations") == FALSE;
 }
 

@@ -8,8 +8,6 @@
 #include <functional>
 #include <optional>
 
-class QDBusPendingCall;
-
 namespace orvex {
 
 class SessionBus;
