@@ -16,6 +16,7 @@ packages_panel=(
   ca-certificates dbus
 )
 packages_test=(clang-format git libglib2.0-bin libgmock-dev libgtest-dev mpv qml6-module-qttest)
+packages_fuzz=(clang-19 libclang-rt-19-dev llvm-19)
 
 # Installs those of the packages named that are not there yet, asking once.
 need() {

@@ -144,7 +144,7 @@ class Update {
   QUrl catalog_;
 };
 
-const QList<QByteArray> kPaths{"/catalog", "/a.cube", "/d.cube"};
+const QByteArray kPaths[]{"/catalog", "/a.cube", "/d.cube"};
 
 }  // namespace
 
@@ -177,13 +177,14 @@ bool checkNetwork(std::size_t most) {
   Tally tally("network certificate");
   using enum TestCertificate::Kind;
   for (const auto kind : {SelfSigned, Expired, NotYetValid, WrongHost})
-    for (const QByteArray& path : kPaths) {
+    for (const std::size_t pick : sample(std::size(kPaths), most)) {
+      const QByteArray& path = kPaths[pick];
       FaultServer impostor(kind);
       tally.add(Update(path, impostor.url(path)).attempt(30s, "1 other"),
                 [&] { return path.toStdString() + ": kind " + std::to_string(int(kind)); });
       if (!impostor.requests().isEmpty()) isWell = false;
     }
-  return tally.print("at each of 3 requests") && isWell;
+  return tally.print("before any request") && isWell;
 }
 
 }  // namespace orvex
