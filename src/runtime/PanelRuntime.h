@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Background.h"
 #include "platform/PanelEndpoint.h"
 #include "runtime/PanelOptions.h"
 
@@ -47,6 +48,7 @@ class PanelRuntime final : public QObject, private PanelEndpoint {
   QString applyLUTOnBuiltInHost(const QString& name) override;
 
   void followSizes();
+  void tidyMemory();
   [[nodiscard]] BuiltInHost* builtInHost() const;
 
   PanelOptions options_;
@@ -58,6 +60,8 @@ class PanelRuntime final : public QObject, private PanelEndpoint {
   QQmlEngine engine_;
   std::unique_ptr<PanelWindow> window_;
   QTimer resizing_;
+  QTimer tidying_;
+  Background tidyingWork_;
   std::unique_ptr<QuickFolderChooser> folderChooser_;
   std::unique_ptr<HostPicture> hostPicture_;
   std::unique_ptr<ColorServices> colorServices_;
