@@ -88,15 +88,4 @@ TEST_F(PackClient, KeepsWhatIsThereWhenADownloadFails) {
   EXPECT_EQ(client.installedPacks().first().version, u"2"_s);
 }
 
-TEST_F(PackClient, IsCancelledInMidFile) {
-  std::stop_source stop;
-  server.on("/b", [&](Peer& peer, const auto&) {
-    peer.send("HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\nb");
-    stop.request_stop();
-    peer.stall();
-  });
-  EXPECT_THROW(client.install(test.pack, {.stop = stop.get_token()}), Stopped);
-  EXPECT_TRUE(tree.names("packs").isEmpty());
-}
-
 }  // namespace
