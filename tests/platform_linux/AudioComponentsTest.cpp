@@ -69,39 +69,36 @@ TEST_F(Lv2Effects, LeaveOutWhatIsNoEffect) {
   for (const QByteArray& data : cases) EXPECT_EQ(only(data + " .").name, QString()) << data.data();
 }
 
-TEST_F(Lv2Effects, MakeDoWithWhatTheirMakersLeftOut) {
-  // The maker and the version.
-  const std::tuple<QByteArray, const char16_t*, const char16_t*> cases[] = {
-      {" ; lv2:microVersion 3 ; lv2:minorVersion \"zwei\"", u"plugins.example", u"0.3"},
-      {" ; lv2:minorVersion -1, 99999999999999 ; lv2:microVersion 1.5", u"plugins.example", u"0.0"},
-      {" ; doap:maintainer <http://maker.example/me>", u"maker.example", u"0.0"},
-      {" ; doap:maintainer [ foaf:homepage <http://home.example/> ]", u"home.example", u"0.0"},
-      {" ; lv2:project <http://project.example/x>", u"project.example", u"0.0"},
+TEST_F(Lv2Effects, MakeDoWithWhatTheirMakersLeftOutOrAskFor) {
+  const QByteArray hard = " ; lv2:optionalFeature lv2:hardRTCapable ; lv2:requiredFeature ";
+  const struct {
+    QByteArray data;
+    QString manufacturer = u"plugins.example"_qs;
+    QString version = u"0.0"_qs;
+    bool confined = false;
+    bool valid = true;
+  } rows[] = {
+      {.data = " ; lv2:microVersion 3 ; lv2:minorVersion \"zwei\"", .version = u"0.3"_qs},
+      {" ; lv2:minorVersion -1, 99999999999999 ; lv2:microVersion 1.5"},
+      {" ; doap:maintainer <http://maker.example/me>", u"maker.example"_qs},
+      {" ; doap:maintainer [ foaf:homepage <http://home.example/> ]", u"home.example"_qs},
+      {" ; lv2:project <http://project.example/x>", u"project.example"_qs},
+      {.data = " ; lv2:requiredFeature lv2:hardRTCapable", .confined = true},
+      {.data = hard + "<http://lv2plug.in/ns/ext/options#options>", .confined = true},
+      {hard + "<http://lv2plug.in/ns/ext/worker#schedule>"},
+      {.data = hard + "<http://x.example/feature>", .valid = false},
   };
-  for (const auto& [data, manufacturer, version] : cases) {
-    const AudioComponent effect = only(data + kName + kPorts + " .");
-    EXPECT_EQ(effect.manufacturerName, manufacturer) << data.data();
-    EXPECT_EQ(effect.versionString, version) << data.data();
+  for (const auto& row : rows) {
+    const AudioComponent effect = only(row.data + kName + kPorts + " .");
+    EXPECT_EQ(effect.manufacturerName, row.manufacturer) << row.data.data();
+    EXPECT_EQ(effect.versionString, row.version) << row.data.data();
+    EXPECT_EQ(effect.sandboxSafe, row.confined) << row.data.data();
+    EXPECT_EQ(effect.passesValidation, row.valid) << row.data.data();
   }
   const AudioComponent nameless = only(kPorts + " .");
   EXPECT_EQ(nameless.name, QString::fromUtf8(kUri));
   EXPECT_FALSE(nameless.passesValidation);
-}
-
-TEST_F(Lv2Effects, FeaturesDecideWhatIsConfinedAndWhatIsValid) {
-  const QByteArray hard = " ; lv2:optionalFeature lv2:hardRTCapable ; lv2:requiredFeature ";
-  // Beside the name, whether it is confined and valid.
-  const std::tuple<QByteArray, bool, bool> cases[] = {
-      {" ; lv2:requiredFeature lv2:hardRTCapable", true, true},
-      {hard + "<http://lv2plug.in/ns/ext/options#options>", true, true},
-      {hard + "<http://lv2plug.in/ns/ext/worker#schedule>", false, true},
-      {hard + "<http://x.example/feature>", false, false},
-  };
-  for (const auto& [data, confined, valid] : cases) {
-    const AudioComponent effect = only(kName + data + kPorts + " .");
-    EXPECT_EQ(effect.sandboxSafe, confined) << data.data();
-    EXPECT_EQ(effect.passesValidation, valid) << data.data();
-  }
+  ASSERT_TRUE(only(kName + kPorts + " .").passesValidation);
   ASSERT_TRUE(QFile::remove(bundles_.text("only.lv2/p.so")));
   EXPECT_FALSE(effects().value(0).passesValidation) << "there is nothing to load";
 }

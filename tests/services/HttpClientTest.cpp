@@ -127,7 +127,7 @@ TEST(HttpClient, EndsWhatAServerDoesWrong) {
       {ok + "Transfer-Encoding: chunked\r\n\r\nffffffffffffffff\r\nabc", &Peer::close,
        Kind::Broken},
       {ok + "Content-Length: 1\r\nContent-Length: 2\r\n\r\nx", &Peer::close, Kind::Broken},
-      {"", &Peer::close, Kind::TooLarge, "HTTP/1.1 100 Continue\r\n\r\n"},
+      {"", &Peer::close, Kind::TooLarge, QByteArray("HTTP/1.1 100 Continue\r\n\r\n").repeated(99)},
       {body, &Peer::reset, Kind::Broken},
       {"what?\r\n\r\nwhat?", &Peer::close, Kind::NotHttp},
       {"HTTP/1.1 abc OK\r\n\r\n", &Peer::close, Kind::NotHttp},
