@@ -20,10 +20,9 @@ ROUNDS = 9
 ENV = dict(os.environ, XDG_CACHE_HOME=os.path.abspath(CACHE), LC_ALL="C.UTF-8")
 
 
-def make_luts(folder, count):
+def make_luts(folder, count, size=33):
     if os.path.exists(folder):
         return
-    size = 33
     values = [f"{i / (size - 1):.6f}" for i in range(size)]
     lattice = "".join(f"{r} {g} {b}\n" for b in values for g in values for r in values)
     for i in range(count):

@@ -22,8 +22,8 @@ BENCH = os.path.join(BIN, "orvex-bench-packs")
 DATA = os.path.abspath(os.path.join("build", "bench", "cloud"))
 TARGET = os.path.join(DATA, "target")
 FILES = 20
-# Packs by the size of all their files together; the last is the one that is timed.
-PACKS = {"small": 2_000_000, "large": 200_000_000}
+# Packs by the size of all their files together.
+PACKS = {"small": 2_000_000, "medium": 20_000_000, "large": 200_000_000}
 ROUNDS = 7
 
 
@@ -103,19 +103,19 @@ def main():
     try:
         with open(os.path.join(DATA, "public/downloads/orvex/packs/manifest.json")) as file:
             packs = {pack["id"]: pack for pack in json.load(file)["packs"]}
-        ours, program, theirs, peaks = [], [], [], {name: [] for name in PACKS}
+        times = {name: {"install": [], "program": [], "tools": [], "memory": []} for name in PACKS}
         for _ in range(ROUNDS):
-            theirs.append(fetch(packs["large"]["sharedAssets"], env))
-            program.append(install_with_program("large", env))
             for name in PACKS:
+                times[name]["tools"].append(fetch(packs[name]["sharedAssets"], env))
+                times[name]["program"].append(install_with_program(name, env))
                 spent, peak = install(name, env)
-                peaks[name].append(peak)
-            ours.append(spent)
-        ours, program, theirs = (statistics.median(side) for side in (ours, program, theirs))
-        small, large = (statistics.median(peaks[name]) / 2**20 for name in ("small", "large"))
-        print(f"pack install, 200 MB in {FILES} files: install {ours:.0f} ms, program {program:.0f} ms, "
-              f"curl + sha256sum {theirs:.0f} ms, ratio {ours / theirs:.2f} ({program / theirs:.2f})")
-        print(f"peak memory: 2 MB pack {small:.1f} MiB, 200 MB pack {large:.1f} MiB")
+                times[name]["install"].append(spent)
+                times[name]["memory"].append(peak / 2**20)
+        for name, size in PACKS.items():
+            ours, program, theirs, peak = (statistics.median(values) for values in times[name].values())
+            print(f"pack install, {size // 1_000_000:3} MB in {FILES} files: install {ours:.0f} ms ({peak:.1f} MiB), "
+                  f"program {program:.0f} ms, curl + sha256sum {theirs:.0f} ms, "
+                  f"ratio {ours / theirs:.2f} ({program / theirs:.2f})")
     finally:
         server.terminate()
         server.wait()

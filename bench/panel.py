@@ -1,6 +1,7 @@
 """Start-up, memory and processor time of the panel beside an empty Qt Quick window.
 
-Both run on the display of the caller. The first frame is the one the scene graph's own timing log
+The panel has been granted libraries of 10,000 LUTs, 10,000 Motion templates and a plug-in folder of
+10,000 entries, which it scans at each start; their data is made below build/bench once. Both run on the display of the caller. The first frame is the one the scene graph's own timing log
 reports first, so neither program carries code for being measured.
 """
 
@@ -11,9 +12,13 @@ import sys
 import tempfile
 import time
 
+import engines
+
 BIN = os.path.join("build", "release", "bin")
 PANEL = [os.path.join(BIN, "orvex-panel")]
 EMPTY = [os.path.join(BIN, "orvex-bench-empty-window")]
+SAMPLES = os.path.join(BIN, "orvex-samples")
+ITEMS = 10000
 ROUNDS = 9
 SETTLE_SECONDS = 3.0
 CPU_SECONDS = 10.0
@@ -74,7 +79,16 @@ class Program:
         self.process.wait()
 
 
-def start_rows(home):
+def grant_libraries(home, items):
+    """Gives the panel whose files are in `home` libraries of so many items."""
+    folder = os.path.join(engines.DATA, f"granted-{items}")
+    engines.make_luts(os.path.join(folder, "LUT"), items, size=2)
+    engines.make_motion(os.path.join(folder, "Motion Templates"), 6 * items)
+    engines.make_fxplug(os.path.join(folder, "FxPlug"), items)
+    subprocess.run([SAMPLES, "grant", folder], env=environment(home), check=True)
+
+
+def start_rows(home, title):
     times = {"panel": [], "empty": []}
     memory = {"panel": [], "empty": []}
     commands = {"panel": PANEL, "empty": EMPTY}
@@ -87,9 +101,9 @@ def start_rows(home):
             time.sleep(SETTLE_SECONDS)
             memory[name].append(program.private_mib())
             program.stop()
-    for title, unit, values in (("first frame", "ms", times), ("memory", "MiB", memory)):
+    for what, unit, values in (("first frame", "ms", times), ("memory", "MiB", memory)):
         panel, empty = statistics.median(values["panel"]), statistics.median(values["empty"])
-        print(f"{title:34} panel {panel:7.1f} {unit:4} empty window {empty:7.1f} {unit:4} "
+        print(f"{what + ', ' + title:34} panel {panel:7.1f} {unit:4} empty window {empty:7.1f} {unit:4} "
               f"ratio {panel / empty:.2f}")
 
 
@@ -111,8 +125,15 @@ def cpu_row(title, home, hide=False, page="home", **extra):
 
 
 def main():
+    sizes = [ITEMS // 100, ITEMS // 10, ITEMS] if "--growth" in sys.argv else [ITEMS]
+    for items in sizes:
+        with tempfile.TemporaryDirectory() as home:
+            grant_libraries(home, items)
+            start_rows(home, f"{items} items each")
+    if "--starts" in sys.argv:
+        return
     with tempfile.TemporaryDirectory() as home:
-        start_rows(home)
+        grant_libraries(home, ITEMS)
         for backend, extra in (("software", {}),
                                ("OpenGL (llvmpipe)", {"QT_QUICK_BACKEND": "", "QSG_RHI_BACKEND": "opengl",
                                                       "LIBGL_ALWAYS_SOFTWARE": "1",

@@ -24,8 +24,9 @@ if(ORVEX_SANITIZE)
 endif()
 
 if(ORVEX_FUZZ)
-  # Coverage in the code under test, not in the fuzz programs alone.
-  add_compile_options(-fsanitize=fuzzer-no-link)
+  # Coverage in the code under test, not in the fuzz programs alone; and its lines, for llvm-cov.
+  add_compile_options(-fsanitize=fuzzer-no-link -fprofile-instr-generate -fcoverage-mapping)
+  add_link_options(-fprofile-instr-generate)
 endif()
 
 if(ORVEX_TIDY)

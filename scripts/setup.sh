@@ -4,8 +4,8 @@
 packages_build=(
   ccache cmake g++ ninja-build pkg-config
   qt6-base-dev qt6-declarative-dev qt6-declarative-dev-tools
-  libcurl4-openssl-dev libglib2.0-dev libicu-dev liblilv-dev libmicrohttpd-dev libplist-dev
-  libsqlite3-dev libssl-dev lv2-dev
+  libcurl4-openssl-dev libfontconfig-dev libglib2.0-dev libicu-dev liblilv-dev libmicrohttpd-dev
+  libplist-dev libsqlite3-dev libssl-dev lv2-dev
 )
 packages_panel=(
   qml6-module-qt-labs-folderlistmodel qml6-module-qtquick-dialogs
@@ -17,6 +17,7 @@ packages_panel=(
 )
 packages_test=(clang-format git libglib2.0-bin libgmock-dev libgtest-dev mpv openssl
   qml6-module-qttest)
+packages_fuzz=(clang-19 libclang-rt-19-dev llvm-19)
 
 # Installs those of the packages named that are not there yet, asking once.
 need() {

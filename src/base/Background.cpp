@@ -1,5 +1,7 @@
 #include "base/Background.h"
 
+#include "base/Threads.h"
+
 #include <QThread>
 
 #include <atomic>
@@ -114,6 +116,7 @@ void Background::start(std::function<void(const WorkControl&)> work, std::functi
   run->progress = std::move(progress);
   // First, since it can fail: then what was running goes on.
   std::thread([run, ended = run->ended, work = std::move(work)]() mutable {
+    giveWay();
     work({run->stop.get_token(), [run](Progress latest) { run->report(latest); }});
     // What the work holds goes here, not later: nobody waits for this thread after it has ended.
     work = nullptr;

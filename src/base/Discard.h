@@ -1,16 +1,16 @@
 #pragma once
 
-#include <QThreadPool>
-
+#include <thread>
 #include <utility>
 
 namespace orvex {
 
-/// Lets go of `value`, which can be large, on another thread: freeing some hundred thousand small
-/// pieces takes longer than a frame.
+/// Lets go of `value`, which can be large, on a thread of its own: freeing some hundred thousand
+/// small pieces takes longer than a frame. Not on one of the toolkit's threads, which the main
+/// thread waits for when it fills large areas.
 template <typename T>
 void discard(T value) {
-  QThreadPool::globalInstance()->start([held = std::move(value)] {});
+  std::thread([held = std::move(value)] {}).detach();
 }
 
 }  // namespace orvex

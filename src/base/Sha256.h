@@ -11,6 +11,7 @@ namespace orvex {
 /// The SHA-256 digest of bytes that come piece by piece.
 class Sha256 {
  public:
+  /// Throws `DescribedError` where the system's libcrypto is missing.
   Sha256();
 
   void add(QByteArrayView bytes);

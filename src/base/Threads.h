@@ -12,4 +12,8 @@ namespace orvex {
 /// have ended. The first exception of any of them is thrown on.
 void onWorkers(const std::function<void()>& work);
 
+/// From here on this thread, and those that it starts, get the processor when the threads that draw
+/// and answer do not want it, or a quarter of it.
+void giveWay() noexcept;
+
 }  // namespace orvex

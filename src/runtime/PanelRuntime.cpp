@@ -19,15 +19,36 @@
 #include "ui/OrvexMotion.h"
 #include "ui/color/ColorServices.h"
 
+#include <QFontMetricsF>
 #include <QQuickItem>
 
 #include <cmath>
 
 namespace orvex {
+namespace {
+
+// Opening a font takes a millisecond for each size of it, and the first frame shows a dozen. This
+// thread opens them while the toolkit's reads the files; one that is missing here is opened later.
+void openFonts() {
+  const auto open = [](const QString& family, int pixels, int weight, QChar character) {
+    QFont font(family, -1, weight);
+    font.setPixelSize(pixels);
+    std::ignore = QFontMetricsF(font).horizontalAdvance(character);
+  };
+  const QString texts = QStringLiteral("Inter");
+  for (const int pixels : {7, 8, 9, 10}) open(texts, pixels, QFont::Black, u'A');
+  for (const int pixels : {10, 12}) open(texts, pixels, QFont::Bold, u'A');
+  for (const int pixels : {9, 16}) open(texts, pixels, QFont::Normal, u'A');
+  for (const int pixels : {15, 17, 20})
+    open(QStringLiteral("Material Icons"), pixels, QFont::Normal, u'\ue88a');
+}
+
+}  // namespace
 
 PanelRuntime::PanelRuntime(const PanelOptions& options)
     : options_(options),
       platform_(makePlatform()),
+      fonts_(std::async(std::launch::async, [this] { platform_->prepareFonts(); })),
       hostRuntime_(makeHostRuntime(options.host)),
       bookmarks_(std::make_unique<FolderBookmarkStore>(platform_->folderAccess(), settings_,
                                                        platform_->log())),
@@ -37,10 +58,12 @@ PanelRuntime::PanelRuntime(const PanelOptions& options)
       colorServices_(std::make_unique<ColorServices>(
           LUTApplyBridge::Environment{platform_->workspace(), platform_->folderAccess(),
                                       platform_->log(), Bundle::main().path()},
-          hostPicture_.get(), userCacheFolder())),
-      view_(std::make_unique<QuickPanelView>(engine_, *window_, *colorServices_)) {
+          hostPicture_.get(), userCacheFolder())) {
   // Where the panel's own modules are; this version of the toolkit does not look there by itself.
   engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
+  view_ = std::make_unique<QuickPanelView>(engine_, *window_, *colorServices_);
+  fonts_.wait();
+  openFonts();
   if (platform_->prefersReducedMotion()) OrvexMotion::setReduced(true);
   platform_->setFolderChooser(folderChooser_.get());
   using Controller = VantreloOrvexFinalCutExtensionViewController;

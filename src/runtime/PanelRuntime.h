@@ -9,6 +9,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <future>
 #include <memory>
 
 namespace orvex {
@@ -50,6 +51,7 @@ class PanelRuntime final : public QObject, private PanelEndpoint {
 
   PanelOptions options_;
   std::unique_ptr<Platform> platform_;
+  std::future<void> fonts_;
   std::unique_ptr<HostRuntime> hostRuntime_;
   QSettings settings_{QStringLiteral("Vantrelo"), QStringLiteral("Vantrelo Orvex")};
   std::unique_ptr<FolderBookmarkStore> bookmarks_;

@@ -11,11 +11,12 @@
 #include "ui/color/ColorServices.h"
 
 #include <QColor>
-#include <QQmlComponent>
 #include <QQuickItem>
 
 namespace orvex {
 namespace {
+
+constexpr QLatin1String kRootView("qrc:/qt/qml/Orvex/Pages/OrvexRootView.qml");
 
 class HostedRootView final : public PanelViewHost::HostedView {
  public:
@@ -46,7 +47,10 @@ std::unique_ptr<QQuickItem> makeQuickItem(QQmlEngine& engine, const QString& url
 
 QuickPanelView::QuickPanelView(QQmlEngine& engine, PanelWindow& window,
                                ColorServices& colorServices)
-    : engine_(engine), window_(window), colorServices_(colorServices) {}
+    : engine_(engine),
+      window_(window),
+      colorServices_(colorServices),
+      files_(&engine, QUrl(kRootView), QQmlComponent::Asynchronous) {}
 
 void QuickPanelView::createView(QSizeF size, const ViewColor& background) {
   window_.setColor(
@@ -63,7 +67,7 @@ void QuickPanelView::setPreferredContentSize(QSizeF) {
 std::unique_ptr<PanelViewHost::HostedView> QuickPanelView::hostRootView(
     const RootViewObjects& objects) {
   auto root =
-      makeQuickItem(engine_, QStringLiteral("qrc:/qt/qml/Orvex/Pages/OrvexRootView.qml"),
+      makeQuickItem(engine_, kRootView,
                     {{QStringLiteral("state"), QVariant::fromValue(&objects.state)},
                      {QStringLiteral("motion"), QVariant::fromValue(&objects.motion)},
                      {QStringLiteral("audio"), QVariant::fromValue(&objects.audio)},

@@ -2,6 +2,7 @@
 
 #include "shell/PanelViewHost.h"
 
+#include <QQmlComponent>
 #include <QQmlEngine>
 
 class QQuickItem;
@@ -14,7 +15,7 @@ class PanelWindow;
 /// The controller's view on Qt Quick: an item that fills the window's panel area.
 class QuickPanelView final : public PanelViewHost {
  public:
-  /// All of it outlives this.
+  /// All of it outlives this. The files of the view are read in the toolkit's thread from here on.
   QuickPanelView(QQmlEngine& engine, PanelWindow& window, ColorServices& colorServices);
 
   void createView(QSizeF size, const ViewColor& background) override;
@@ -29,6 +30,8 @@ class QuickPanelView final : public PanelViewHost {
   QQmlEngine& engine_;
   PanelWindow& window_;
   ColorServices& colorServices_;
+  // Only begins the reading and keeps what was read; `hostRootView` waits for the rest of it.
+  QQmlComponent files_;
 };
 
 /// Makes the item that `url` describes. What is wrong with it, a fault of this build, ends the

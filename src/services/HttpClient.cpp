@@ -1,12 +1,13 @@
 #include "services/HttpClient.h"
 
+#include "base/SystemLibrary.h"
+#include "services/Curl.h"
 #include "services/TransportErrors.h"
 
 #include <QFile>
 
 #include <algorithm>
 #include <exception>
-#include <mutex>
 #include <openssl/ssl.h>
 #include <optional>
 
@@ -23,13 +24,23 @@ constexpr long kReceiveBufferBytes = 256 * 1024L;
 // How often the clock is looked at while nothing happens; a stop wakes the wait itself.
 constexpr auto kTick = 100ms;
 
-void startLibrary() {
-  static std::once_flag once;
-  std::call_once(once, [] { curl_global_init(CURL_GLOBAL_DEFAULT); });
-}
+// What adds a certificate to those that libcurl, which is built with the same library, trusts.
+struct Tls {
+  static const Tls& loaded() {
+    static const Tls tls;
+    return tls;
+  }
+
+  SystemLibrary ssl{"ssl", OPENSSL_SHLIB_VERSION};
+  SystemLibrary crypto{"crypto", OPENSSL_SHLIB_VERSION};
+  decltype(::SSL_CTX_get_cert_store)* const storeOf =
+      ssl.function<decltype(::SSL_CTX_get_cert_store)>("SSL_CTX_get_cert_store");
+  decltype(::X509_STORE_load_file)* const load =
+      crypto.function<decltype(::X509_STORE_load_file)>("X509_STORE_load_file");
+};
 
 struct CloseList {
-  void operator()(curl_slist* list) const noexcept { curl_slist_free_all(list); }
+  void operator()(curl_slist* list) const noexcept { Curl::loaded().slist_free_all(list); }
 };
 using HeaderList = std::unique_ptr<curl_slist, CloseList>;
 
@@ -39,9 +50,8 @@ using HeaderList = std::unique_ptr<curl_slist, CloseList>;
 class HttpClient::Connection final {
  public:
   explicit Connection(const HttpOptions& options) : options_(options) {
-    startLibrary();
-    easy_.reset(curl_easy_init());
-    multi_.reset(curl_multi_init());
+    easy_.reset(curl_.easy_init());
+    multi_.reset(curl_.multi_init());
     if (!easy_ || !multi_) throw std::bad_alloc();
   }
 
@@ -55,7 +65,7 @@ class HttpClient::Connection final {
     transfer_.sink = &sink;
     transfer_.stop = &stop;
     transfer_.isDownload = isDownload;
-    curl_easy_reset(easy_.get());
+    curl_.easy_reset(easy_.get());
     const HeaderList headers = setUp(request);
     const CURLcode code = perform(stop);
     if (transfer_.failure) std::rethrow_exception(transfer_.failure);
@@ -95,9 +105,12 @@ class HttpClient::Connection final {
     // A name that is being looked up is left behind instead of waited for.
     set(CURLOPT_QUICK_EXIT, 1L);
     // Refused while the buffer of a transfer that failed is still there; it is as large.
-    std::ignore = curl_easy_setopt(easy_.get(), CURLOPT_BUFFERSIZE, kReceiveBufferBytes);
-    set(CURLOPT_SSL_CTX_FUNCTION, &Connection::trust);
-    set(CURLOPT_SSL_CTX_DATA, this);
+    std::ignore = curl_.easy_setopt(easy_.get(), CURLOPT_BUFFERSIZE, kReceiveBufferBytes);
+    if (!options_.caFile.isEmpty()) {
+      tls_ = &Tls::loaded();
+      set(CURLOPT_SSL_CTX_FUNCTION, &Connection::trust);
+      set(CURLOPT_SSL_CTX_DATA, this);
+    }
     set(CURLOPT_PREREQFUNCTION, &Connection::begun);
     set(CURLOPT_PREREQDATA, this);
     set(CURLOPT_HEADERFUNCTION, &Connection::takeHeader);
@@ -121,8 +134,8 @@ class HttpClient::Connection final {
     return list;
   }
 
-  static void append(HeaderList& list, const QByteArray& line) {
-    curl_slist* const longer = curl_slist_append(list.get(), line.constData());
+  void append(HeaderList& list, const QByteArray& line) {
+    curl_slist* const longer = curl_.slist_append(list.get(), line.constData());
     if (longer == nullptr) throw std::bad_alloc();
     std::ignore = list.release();
     list.reset(longer);
@@ -130,7 +143,7 @@ class HttpClient::Connection final {
 
   template <typename Value>
   void set(CURLoption option, Value value) {
-    const CURLcode code = curl_easy_setopt(easy_.get(), option, value);
+    const CURLcode code = curl_.easy_setopt(easy_.get(), option, value);
     if (code == CURLE_OUT_OF_MEMORY) throw std::bad_alloc();
     // A library that does not know one of them would go without, https alone among them.
     if (code != CURLE_OK) throw transportError({.code = code, .host = transfer_.host});
@@ -138,22 +151,23 @@ class HttpClient::Connection final {
 
   CURLcode perform(const std::stop_token& stop) {
     CURLM* const multi = multi_.get();
-    const std::stop_callback wake(stop, [multi] { curl_multi_wakeup(multi); });
-    curl_multi_add_handle(multi, easy_.get());
+    const std::stop_callback wake(stop, [this, multi] { curl_.multi_wakeup(multi); });
+    curl_.multi_add_handle(multi, easy_.get());
     struct Removal {
+      const Curl& curl;
       CURLM* multi;
       CURL* easy;
-      ~Removal() { curl_multi_remove_handle(multi, easy); }
-    } const removal{multi, easy_.get()};
+      ~Removal() { curl.multi_remove_handle(multi, easy); }
+    } const removal{curl_, multi, easy_.get()};
     for (;;) {
       if (stop.stop_requested()) throw Stopped();
       int running = 0;
-      if (curl_multi_perform(multi, &running) != CURLM_OK) return CURLE_OUT_OF_MEMORY;
+      if (curl_.multi_perform(multi, &running) != CURLM_OK) return CURLE_OUT_OF_MEMORY;
       int left = 0;
-      if (const CURLMsg* const message = curl_multi_info_read(multi, &left))
+      if (const CURLMsg* const message = curl_.multi_info_read(multi, &left))
         return message->data.result;
       if (isStalled()) throw timedOut(transfer_.host);
-      curl_multi_poll(multi, nullptr, 0, static_cast<int>(kTick.count()), nullptr);
+      curl_.multi_poll(multi, nullptr, 0, static_cast<int>(kTick.count()), nullptr);
     }
   }
 
@@ -172,15 +186,15 @@ class HttpClient::Connection final {
 
   [[nodiscard]] int status() const {
     long status = 0;
-    curl_easy_getinfo(easy_.get(), CURLINFO_RESPONSE_CODE, &status);
+    curl_.easy_getinfo(easy_.get(), CURLINFO_RESPONSE_CODE, &status);
     return static_cast<int>(status);
   }
 
   [[nodiscard]] TransportFailure failure(CURLcode code) const {
     TransportFailure failure{
         .code = code, .host = transfer_.host, .unanswered = !transfer_.isAnswered};
-    curl_easy_getinfo(easy_.get(), CURLINFO_SSL_VERIFYRESULT, &failure.verifyResult);
-    curl_easy_getinfo(easy_.get(), CURLINFO_OS_ERRNO, &failure.systemError);
+    curl_.easy_getinfo(easy_.get(), CURLINFO_SSL_VERIFYRESULT, &failure.verifyResult);
+    curl_.easy_getinfo(easy_.get(), CURLINFO_OS_ERRNO, &failure.systemError);
     return failure;
   }
 
@@ -188,9 +202,9 @@ class HttpClient::Connection final {
   static CURLcode trust(CURL*, void* context, void* self) {
     auto* const connection = static_cast<Connection*>(self);
     const QString& file = connection->options_.caFile;
-    if (file.isEmpty()) return CURLE_OK;
-    X509_STORE* const store = SSL_CTX_get_cert_store(static_cast<SSL_CTX*>(context));
-    if (X509_STORE_load_file(store, QFile::encodeName(file).constData()) == 1) return CURLE_OK;
+    const Tls& tls = *connection->tls_;
+    X509_STORE* const store = tls.storeOf(static_cast<SSL_CTX*>(context));
+    if (tls.load(store, QFile::encodeName(file).constData()) == 1) return CURLE_OK;
     connection->transfer_.failure = std::make_exception_ptr(TransportError(
         TransportError::Kind::Certificate,
         QStringLiteral(
@@ -234,12 +248,15 @@ class HttpClient::Connection final {
   }
 
   struct CloseEasy {
-    void operator()(CURL* easy) const noexcept { curl_easy_cleanup(easy); }
+    void operator()(CURL* easy) const noexcept { Curl::loaded().easy_cleanup(easy); }
   };
   struct CloseMulti {
-    void operator()(CURLM* multi) const noexcept { curl_multi_cleanup(multi); }
+    void operator()(CURLM* multi) const noexcept { Curl::loaded().multi_cleanup(multi); }
   };
 
+  const Curl& curl_ = Curl::loaded();
+  // Where there is a certificate to add.
+  const Tls* tls_ = nullptr;
   HttpOptions options_;
   Transfer transfer_;
   // Closed after the transfer that used it.

@@ -11,35 +11,28 @@
 
 namespace orvex {
 
+int OrvexDisc::Recipe::side() const {
+  return static_cast<int>(std::ceil(2 * (radius + 3 * deviation) * scale));
+}
+
 QImage OrvexDisc::Recipe::render(const std::stop_token& stop) const {
   const DiscProfile profile(radius, deviation);
-  const int side = static_cast<int>(std::ceil(2 * profile.reach() * scale));
-  const auto centre = static_cast<float>(side - 1) / 2;
+  const auto centre = static_cast<float>(side() - 1) / 2;
   const auto pointsPerPixel = static_cast<float>(1 / scale);
   const float red = color.redF(), green = color.greenF(), blue = color.blueF();
   const float opacity = color.alphaF();
-  QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+  QImage image(part.size(), QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
-  std::vector<float> alphas(static_cast<std::size_t>(side));
-  const auto paintLine = [&](int y) {
-    auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
-    for (int x = 0; x < side; ++x) {
-      const float alpha = alphas[static_cast<std::size_t>(x)];
-      if (alpha <= 0) continue;
-      line[x] =
-          ditheredPixel(red * alpha, green * alpha, blue * alpha, alpha, ditherThreshold(x, y));
-    }
-  };
-  // Only the grain differs between the quarters.
-  for (int y = 0; y <= side - 1 - y && !stop.stop_requested(); ++y) {
+  for (int y = part.top(); y <= part.bottom() && !stop.stop_requested(); ++y) {
+    auto* const line = reinterpret_cast<QRgb*>(image.scanLine(y - part.top()));
     const float dy = static_cast<float>(y) - centre;
-    for (int x = 0; x <= side - 1 - x; ++x) {
+    for (int x = part.left(); x <= part.right(); ++x) {
       const float dx = static_cast<float>(x) - centre;
       const float alpha = profile.at(std::sqrt(dx * dx + dy * dy) * pointsPerPixel) * opacity;
-      alphas[static_cast<std::size_t>(x)] = alphas[static_cast<std::size_t>(side - 1 - x)] = alpha;
+      if (alpha <= 0) continue;
+      line[x - part.left()] =
+          ditheredPixel(red * alpha, green * alpha, blue * alpha, alpha, ditherThreshold(x, y));
     }
-    paintLine(y);
-    if (y != side - 1 - y) paintLine(side - 1 - y);
   }
   return image;
 }
@@ -76,8 +69,14 @@ void OrvexDisc::restyle() {
   const double side = diameter_ + 6 * blurRadius_;
   setImplicitSize(side, side);
   const bool wasReady = isReady();
-  wanted_ = {diameter_ / 2, blurRadius_,
-             window() != nullptr ? window()->effectiveDevicePixelRatio() : 0, color_};
+  wanted_ = {diameter_ / 2,
+             blurRadius_,
+             window() != nullptr ? window()->effectiveDevicePixelRatio() : 0,
+             color_,
+             {}};
+  const QRect whole(0, 0, wanted_.side(), wanted_.side());
+  const QRectF seen(seen_.topLeft() * wanted_.scale, seen_.size() * wanted_.scale);
+  wanted_.part = seen.isEmpty() ? whole : whole & seen.toAlignedRect();
   if (wasReady != isReady()) Q_EMIT readyChanged();
   paint();
 }
@@ -86,7 +85,7 @@ void OrvexDisc::restyle() {
 // toolkit's threads, which the main thread waits for when it fills large areas.
 void OrvexDisc::paint() {
   if (!frameShown_ || worker_.isRunning() || wanted_ == rendered_) return;
-  if (wanted_.radius <= 0 || wanted_.deviation <= 0 || wanted_.scale <= 0) return;
+  if (wanted_.radius <= 0 || wanted_.deviation <= 0 || wanted_.part.isEmpty()) return;
   worker_.run(
       [recipe = wanted_](const WorkControl& control) { return recipe.render(control.stop); },
       [this, recipe = wanted_](const std::expected<QImage, std::exception_ptr>& image) {
@@ -106,7 +105,10 @@ QSGNode* OrvexDisc::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
     return nullptr;
   }
   auto* shown = static_cast<TextureNode*>(node);
-  const QRectF rect(0, 0, width(), height());
+  // Until the picture of a new size is there, that of the old one is stretched to it.
+  const double points = width() / rendered_.side();
+  const QRectF rect(QPointF(rendered_.part.topLeft()) * points,
+                    QSizeF(rendered_.part.size()) * points);
   if (shown == nullptr || imageChanged_) {
     if (shown == nullptr) shown = new TextureNode(window());
     shown->show(std::shared_ptr<QSGTexture>(

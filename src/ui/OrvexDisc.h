@@ -18,6 +18,8 @@ class OrvexDisc : public QQuickItem {
   Q_PROPERTY(double diameter MEMBER diameter_ NOTIFY styleChanged FINAL)
   /// Standard deviation, in points.
   Q_PROPERTY(double blurRadius MEMBER blurRadius_ NOTIFY styleChanged FINAL)
+  /// The part of the item that can ever be seen, in its own coordinates; only that is painted.
+  Q_PROPERTY(QRectF seen MEMBER seen_ NOTIFY styleChanged FINAL)
   Q_PROPERTY(QColor color MEMBER color_ NOTIFY styleChanged FINAL)
   /// The picture of the present size is there.
   Q_PROPERTY(bool ready READ isReady NOTIFY readyChanged FINAL)
@@ -42,8 +44,12 @@ class OrvexDisc : public QQuickItem {
     double deviation = 0;
     double scale = 0;
     QColor color;
+    // Pixels of the whole picture.
+    QRect part;
 
     friend bool operator==(const Recipe&, const Recipe&) = default;
+    // Of the whole picture, pixels.
+    [[nodiscard]] int side() const;
     // Unfinished where it was asked to stop.
     [[nodiscard]] QImage render(const std::stop_token& stop) const;
   };
@@ -53,6 +59,7 @@ class OrvexDisc : public QQuickItem {
 
   double diameter_ = 0;
   double blurRadius_ = 1;
+  QRectF seen_;
   QColor color_ = Qt::transparent;
   Recipe wanted_;
   Recipe rendered_;

@@ -14,6 +14,8 @@ namespace orvex {
 [[nodiscard]] bool checkKills(std::size_t most);
 /// Has every system call of a change on files fail in every way that it can.
 [[nodiscard]] bool checkErrors(std::size_t most);
+/// Changes the store on file systems from far too small to large enough.
+[[nodiscard]] bool checkSpace(std::size_t most);
 /// Lets two processes change one store while a third one looks.
 [[nodiscard]] bool checkTogether(std::size_t most);
 

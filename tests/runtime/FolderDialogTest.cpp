@@ -7,7 +7,6 @@
 #include <QKeyEvent>
 #include <QQmlEngine>
 #include <QQuickItem>
-#include <QQuickStyle>
 #include <QQuickWindow>
 
 #include <gtest/gtest.h>
@@ -78,7 +77,7 @@ TEST_F(FolderDialogs, AnswerTheAcceptedFolderAndNothingWhenCancelled) {
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
-  QQuickStyle::setStyle(u"Basic"_qs);
+  qputenv("QT_QUICK_CONTROLS_STYLE", "Basic");
   const QGuiApplication application(argc, argv);
   return RUN_ALL_TESTS();
 }

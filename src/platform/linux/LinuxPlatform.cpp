@@ -3,6 +3,7 @@
 #include "platform/linux/BusPanel.h"
 #include "platform/linux/CategoryLog.h"
 #include "platform/linux/DesktopSettings.h"
+#include "platform/linux/FontRules.h"
 #include "platform/linux/GioSchemeHandler.h"
 #include "platform/linux/GioWorkspace.h"
 #include "platform/linux/LinuxFolderAccess.h"
@@ -31,6 +32,8 @@ class LinuxPlatform final : public Platform {
   [[nodiscard]] PanelEndpoint& remotePanel() override { return remotePanel_; }
 
   [[nodiscard]] bool prefersReducedMotion() override { return desktopAnimationsOff(); }
+
+  void prepareFonts() override { applyFontRules(); }
 
   bool exportPanel(PanelEndpoint& panel) override {
     auto exported = exportPanelOn(bus_, panel);

@@ -6,11 +6,21 @@
 #include "ui/color/PreviewStore.h"
 #include "ui/color/TestPicture.h"
 
+#include <QElapsedTimer>
 #include <QThread>
 
 #include <algorithm>
 
 namespace orvex {
+namespace {
+
+// The main thread comes to a worker's results between two frames at most, so a worker is given more
+// than one picture at a time; but no more than it makes in about one frame, as what it was given
+// cannot be overtaken by what has come into view since.
+constexpr qsizetype kBatch = 8;
+constexpr qint64 kBatchMilliseconds = 12;
+
+}  // namespace
 
 int LUTPreviews::defaultWorkers() noexcept {
   return std::clamp(QThread::idealThreadCount() - 1, 1, 4);
@@ -74,19 +84,22 @@ void LUTPreviews::want(Viewer* viewer, const QUrl& file) {
 void LUTPreviews::withdraw(Viewer* viewer) {
   wants_.removeIf([viewer](const Want& want) { return want.viewer == viewer; });
   for (const auto& worker : workers_)
-    if (worker->viewer == viewer) worker->viewer = nullptr;
+    for (Want& want : worker->wants)
+      if (want.viewer == viewer) want.viewer = nullptr;
 }
 
 void LUTPreviews::dispatch() {
   for (const auto& worker : workers_) {
-    while (!wants_.isEmpty() && !worker->background.isRunning()) {
+    if (worker->background.isRunning()) continue;
+    while (!wants_.isEmpty() && worker->wants.size() < kBatch) {
       const Want next = takeNext();
       // Another viewer may have wanted the same.
       if (const LUTPreviewResult* made = made_.object(next.file))
         next.viewer->show(*made);
       else
-        run(*worker, next);
+        worker->wants.append(next);
     }
+    if (!worker->wants.isEmpty()) run(*worker);
   }
 }
 
@@ -96,25 +109,43 @@ LUTPreviews::Want LUTPreviews::takeNext() {
   return wants_.takeAt(next - wants_.begin());
 }
 
-void LUTPreviews::run(Worker& worker, const Want& want) {
-  worker.viewer = want.viewer;
+void LUTPreviews::run(Worker& worker) {
+  QList<QByteArray> paths;
+  for (const Want& want : worker.wants) paths.append(filePath(want.file));
   worker.background.run(
-      [path = filePath(want.file), source = source(), store = store_](const WorkControl&) {
-        return makeLUTPreview(path, source, *store);
-      },
-      [this, &worker, file = want.file, generation = generation_](auto&& done) {
-        Viewer* const viewer = std::exchange(worker.viewer, nullptr);
-        // Memory can end even for a picture; then there is none.
-        LUTPreviewResult preview =
-            done ? *std::move(done)
-                 : std::unexpected(CubeError{0, QStringLiteral("Önizleme yapılamadı.")});
-        if (generation == generation_) {
-          if (viewer != nullptr) viewer->show(preview);
-          const qsizetype cost = preview ? preview->sizeInBytes() : 256;
-          made_.insert(file, new LUTPreviewResult(std::move(preview)), cost);
+      [paths, source = source(), store = store_](const WorkControl& control) {
+        QElapsedTimer spent;
+        spent.start();
+        std::vector<LUTPreviewResult> made;
+        for (const QByteArray& path : paths) {
+          made.push_back(makeLUTPreview(path, source, *store));
+          if (spent.hasExpired(kBatchMilliseconds) || control.stop.stop_requested()) break;
         }
+        return made;
+      },
+      [this, &worker, generation = generation_](auto&& done) {
+        std::vector<LUTPreviewResult> made;
+        if (done)
+          made = *std::move(done);
+        else  // Memory can end even for a picture; then there is none.
+          made.push_back(std::unexpected(CubeError{0, QStringLiteral("Önizleme yapılamadı.")}));
+        if (generation != generation_) made.clear();
+        take(worker, std::move(made));
         dispatch();
       });
+}
+
+void LUTPreviews::take(Worker& worker, std::vector<LUTPreviewResult> made) {
+  for (LUTPreviewResult& preview : made) {
+    const Want want = worker.wants.takeFirst();
+    // It may withdraw others.
+    if (want.viewer != nullptr) want.viewer->show(preview);
+    const qsizetype cost = preview ? preview->sizeInBytes() : 256;
+    made_.insert(want.file, new LUTPreviewResult(std::move(preview)), cost);
+  }
+  // The rest waits again.
+  for (const Want& want : std::exchange(worker.wants, {}))
+    if (want.viewer != nullptr) wants_.append(want);
 }
 
 }  // namespace orvex

@@ -75,13 +75,15 @@ class LUTPreviews : public QObject {
   };
   struct Worker {
     Background background;
-    Viewer* viewer = nullptr;
+    // What it was given, its viewers null where they do not wait any more.
+    QList<Want> wants;
   };
 
   void setSource(const PreviewSource& source, bool fromHost);
   void dispatch();
   [[nodiscard]] Want takeNext();
-  void run(Worker& worker, const Want& want);
+  void run(Worker& worker);
+  void take(Worker& worker, std::vector<LUTPreviewResult> made);
 
   const std::shared_ptr<PreviewStore> store_;
   HostPicture* const host_;

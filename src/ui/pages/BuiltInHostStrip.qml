@@ -10,6 +10,10 @@ FocusScope {
 
     required property BuiltInHost host
 
+    function fill(): void {
+        content.active = true;
+    }
+
     function togglePlaying(): void {
         strip.host.playing = !strip.host.playing;
     }
@@ -35,12 +39,13 @@ FocusScope {
         }
     }
 
-    // The panel comes first: the strip is filled behind the window's first frame.
+    // The panel comes first: the strip is filled when the window's first frame is on screen, and not
+    // while the window is still handing it over.
     Connections {
         target: strip.Window.window
         enabled: !content.active
         function onFrameSwapped(): void {
-            content.active = true;
+            Qt.callLater(strip.fill);
         }
     }
 

@@ -29,7 +29,7 @@ Item {
 
     Rectangle {
         x: arrow.leading ? parent.width : -width
-        width: 10
+        width: 24
         height: parent.height
 
         gradient: Gradient {

@@ -5,10 +5,30 @@
 #include "base/SmallFile.h"
 #include "support/TemporaryTree.h"
 
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/wait.h>
 
 namespace orvex {
 namespace {
+
+int waitFor(pid_t process) {
+  int status = 0;
+  ::waitpid(process, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+// A file system of so much memory, for this process alone, at `folder`; false where that is not
+// permitted.
+bool mountSmall(const QByteArray& folder, const QByteArray& options) {
+  if (::unshare(::geteuid() == 0 ? CLONE_NEWNS : CLONE_NEWUSER | CLONE_NEWNS) != 0) return false;
+  ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr);
+  return ::mount("tmpfs", folder.constData(), "tmpfs", 0, options.constData()) == 0;
+}
+
+constexpr int kRefused = 1;
+constexpr int kWrong = 2;
+constexpr int kNotPermitted = 3;
 
 bool isDone(const QByteArray& root, const std::string& version) {
   try {
@@ -17,6 +37,16 @@ bool isDone(const QByteArray& root, const std::string& version) {
   } catch (const DescribedError&) {
     return false;
   }
+}
+
+// Updates on a file system that has no room for both versions, or for either.
+int updateIn(const TemporaryTree& tree, const QByteArray& options) {
+  if (!mountSmall(tree.root(), options)) return kNotPermitted;
+  const QByteArray root = tree.path("packs");
+  if (!isDone(root, "1")) return stateOf(root).empty() ? kRefused : kWrong;
+  const bool isUpdated = isDone(root, "2");
+  if (stateOf(root) != (isUpdated ? "2" : "1") || hasLeftovers(root)) return kWrong;
+  return isUpdated ? 0 : kRefused;
 }
 
 // What is listed can be gone by the time it is read, but not be another's.
@@ -31,6 +61,32 @@ bool isMixture(const UniversalInstalledPack& found) {
 }
 
 }  // namespace
+
+bool checkSpace(std::size_t most) {
+  bool isWell = true;
+  for (const auto& [what, step, end] :
+       {std::tuple("size", 4096, 12 * 4096), std::tuple("nr_inodes", 1, 24)}) {
+    Tally tally(std::string("space ") + what);
+    int refused = 0;
+    for (const std::size_t pick : sample(static_cast<std::size_t>(end / step), most)) {
+      const TemporaryTree tree;
+      const QByteArray options =
+          what + QByteArray("=") + QByteArray::number(static_cast<int>(pick + 1) * step);
+      const pid_t process = ::fork();
+      if (process == 0) ::_exit(updateIn(tree, options));
+      const int result = waitFor(process);
+      if (result == kNotPermitted) {
+        std::printf("%-42s not permitted here\n", "space");
+        return true;
+      }
+      refused += result == kRefused ? 1 : 0;
+      tally.add(result == 0 || result == kRefused ? "" : "ended with " + std::to_string(result),
+                [&] { return options.toStdString(); });
+    }
+    isWell &= tally.print(std::to_string(refused) + " refused") && refused > 0;
+  }
+  return isWell;
+}
 
 bool checkTogether(std::size_t most) {
   const std::size_t rounds = most == 0 ? 1000 : most;
