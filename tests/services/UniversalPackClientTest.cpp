@@ -26,7 +26,7 @@ struct PackClient : testing::Test {
   TemporaryTree tree;
   TestPack test{u"film"_s, u"1"_s, {{u"a"_s, body('a')}, {u"b"_s, body('b')}, {u"c"_s, body('c')}}};
   UniversalPackClient client{server.url("/catalog"), tree.text("packs"),
-                             server.options(std::chrono::seconds(2))};
+                             server.options(std::chrono::seconds(5))};
 };
 
 TEST_F(PackClient, InstallsOverOneConnectionAndRemoves) {
