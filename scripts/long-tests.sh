@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# What the tests sample, in full: every system call, every refusal; then all tests under
+# What the tests sample, in full: every system call, every refusal, every name; then all tests under
 # the thread sanitizer, and the fuzzers. Prints the rows of docs/reliability.md. ./test --long runs it
 # after it has built what the first part needs.
 set -euo pipefail
@@ -11,7 +11,7 @@ failed=0
 for folder in "${TMPDIR:-/tmp}" /dev/shm; do
   [[ -w $folder ]] || continue
   echo "== in $folder ($(stat -f -c %T "$folder"))"
-  for check in kill errors space together; do
+  for check in kill errors space together names network; do
     TMPDIR=$folder build/dev/tests/orvex-reliability "$check" || failed=1
   done
 done

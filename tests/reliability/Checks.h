@@ -18,6 +18,10 @@ namespace orvex {
 [[nodiscard]] bool checkSpace(std::size_t most);
 /// Lets two processes change one store while a third one looks.
 [[nodiscard]] bool checkTogether(std::size_t most);
+/// Installs and removes packs under names that mean harm.
+[[nodiscard]] bool checkNames(std::size_t most);
+/// Updates a pack from a server that breaks off, stalls, lies or is an impostor.
+[[nodiscard]] bool checkNetwork(std::size_t most);
 
 /// Counts what was tried and what went wrong.
 class Tally {

@@ -1,9 +1,11 @@
 #include "Checks.h"
 #include "Scenario.h"
-#include "base/DescribedError.h"
 #include "base/FileUrl.h"
 #include "base/SmallFile.h"
+#include "services/UniversalPackClientError.h"
 #include "support/TemporaryTree.h"
+
+#include <QRandomGenerator>
 
 #include <sched.h>
 #include <sys/mount.h>
@@ -11,6 +13,22 @@
 
 namespace orvex {
 namespace {
+
+using namespace Qt::StringLiterals;
+using Entries = std::vector<std::string>;
+
+// Everything below a folder but what is below `except`.
+Entries entriesOf(const QByteArray& folder, const QByteArray& except) {
+  Entries entries;
+  namespace fs = std::filesystem;
+  for (auto entry = fs::recursive_directory_iterator(folder.toStdString());
+       entry != fs::recursive_directory_iterator(); ++entry) {
+    entries.push_back(entry->path().string());
+    if (entry->path() == except.toStdString()) entry.disable_recursion_pending();
+  }
+  std::ranges::sort(entries);
+  return entries;
+}
 
 int waitFor(pid_t process) {
   int status = 0;
@@ -47,6 +65,16 @@ int updateIn(const TemporaryTree& tree, const QByteArray& options) {
   const bool isUpdated = isDone(root, "2");
   if (stateOf(root) != (isUpdated ? "2" : "1") || hasLeftovers(root)) return kWrong;
   return isUpdated ? 0 : kRefused;
+}
+
+QString hostileName(QRandomGenerator& random) {
+  static const QStringList pieces =
+      u"..|.|/|\\|\n|a|film|~|-|outside|installed.json|%2e| |\u2215|ſ|\u202e"_s.split(u'|') +
+      QStringList{QChar(0), QChar(0xd800), QString(120, u'x'), QString(120, u'ş')};
+  QString name;
+  for (int count = random.bounded(5); count > 0; --count)
+    name += pieces[random.bounded(pieces.size())];
+  return name;
 }
 
 // What is listed can be gone by the time it is read, but not be another's.
@@ -122,6 +150,47 @@ bool checkTogether(std::size_t most) {
             [] { return "in the end"; });
   tally.add(!hasLeftovers(root) ? "" : "leftovers stay", [] { return "in the end"; });
   return tally.print(std::to_string(rounds) + " rounds of two processes");
+}
+
+bool checkNames(std::size_t most) {
+  const std::size_t count = most == 0 ? 10'000 : most;
+  const TemporaryTree tree;
+  tree.file("outside/film/1/kept", "kept");
+  tree.file("a/x");
+  const QByteArray root = tree.path("inside/packs");
+  const PackStore store(root);
+  packOf("other").installIn(store);
+  const Entries before = entriesOf(tree.root(), root);
+  QRandomGenerator random(1);
+  Tally tally("names");
+  std::size_t installed = 0;
+  for (std::size_t round = 0; round < count; ++round) {
+    // One name at a time, so that it is what decides.
+    const QString name = hostileName(random);
+    TestPack hostile(round % 3 == 0 ? name : u"film"_s, round % 3 == 1 ? name : u"1"_s, {});
+    if (round % 3 == 2) hostile = TestPack(u"film"_s, u"1"_s, {{name, "x"}});
+    std::string wrong;
+    bool isRefused = false;
+    try {
+      hostile.installIn(store);
+      ++installed;
+    } catch (const UniversalPackClientError&) {
+      isRefused = true;
+    } catch (const std::exception& error) {
+      wrong = error.what();
+    }
+    const auto found = store.installedPacks();
+    if (found.size() != (isRefused ? 1 : 2)) wrong = std::to_string(found.size()) + " packs listed";
+    try {
+      store.uninstall(hostile.pack.id);
+    } catch (const UniversalPackClientError&) {
+      if (!isRefused) wrong = "installed and not removable";
+    }
+    if (entriesOf(tree.root(), root) != before) wrong = "something happened outside";
+    if (stateOf(root) != "other" || hasLeftovers(root)) wrong = "something stays inside";
+    tally.add(wrong, [&] { return std::to_string(round) + ": " + name.toStdString(); });
+  }
+  return tally.print(std::to_string(installed) + " of the names harmless");
 }
 
 }  // namespace orvex
