@@ -47,7 +47,7 @@ QString helpText() {
       "  --host HOST        yanında çalışılacak host: builtin, builtin:RATE, mpv, mpv:SOCKET ya "
       "da\n"
       "                     none\n"
-      "  --page ID          açılacak sayfa\n"
+      "  --page ID          açılacak sayfa, örneğin timeline\n"
       "  --size WxH         panelin boyu, örneğin 1040x780\n"
       "  --screenshot FILE  sayfayı ekransız çizer, PNG olarak kaydeder ve çıkar\n"
       "  --help             bu yardım\n"

@@ -8,6 +8,9 @@ T.Control {
 
     readonly property bool pressed: mouse.pressed && mouse.containsMouse || keyHeld
     property bool keyHeld: false
+    // How the focus came. The toolkit takes it from a control that is disabled and gives it back without
+    // its reason, and so without the ring that shows a keyboard's user where it is.
+    property int focusedBy: Qt.OtherFocusReason
 
     signal clicked
 
@@ -39,6 +42,10 @@ T.Control {
         control.clicked();
     }
     onActiveFocusChanged: keyHeld = false
+    onEnabledChanged: if (control.enabled && control.activeFocus)
+        control.focusReason = control.focusedBy
+    onFocusReasonChanged: if (control.enabled)
+        control.focusedBy = control.focusReason
 
     MouseArea {
         id: mouse

@@ -53,6 +53,10 @@ KitCase {
         testCase.forceActiveFocus();
         item.forceActiveFocus(Qt.TabFocusReason);
         verify(item.visualFocus);
+        // What was started from the keyboard is over.
+        item.enabled = false;
+        item.enabled = true;
+        verify(item.visualFocus);
         for (const key of [Qt.Key_Space, Qt.Key_Return, Qt.Key_Enter]) {
             clicks.clear();
             keyPress(key);

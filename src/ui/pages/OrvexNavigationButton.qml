@@ -24,7 +24,11 @@ OrvexPressable {
 
     Shortcut {
         sequence: "Ctrl+" + (OrvexPages.indexOf(button.page) + 1)
-        onActivated: button.clicked()
+        // As a press of the mouse does: the page that had the focus goes.
+        onActivated: {
+            button.forceActiveFocus(Qt.ShortcutFocusReason);
+            button.clicked();
+        }
     }
 
     OrvexSpring {
