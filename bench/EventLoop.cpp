@@ -15,7 +15,6 @@
 #include <QGuiApplication>
 #include <QQmlExtensionPlugin>
 #include <QQuickItem>
-#include <QQuickStyle>
 #include <QQuickWindow>
 
 #include <cstdio>
@@ -184,7 +183,6 @@ int main(int argc, char** argv) {
   if (argc != 2) return 2;
   if (const auto used = OrvexConfig::useService(qEnvironmentVariable("ORVEX_SERVICE")); !used)
     qFatal("%s", qPrintable(used.error()));
-  QQuickStyle::setStyle(QStringLiteral("Basic"));
   const QGuiApplication application(argc, argv);
   QGuiApplication::setQuitOnLastWindowClosed(false);
   QGuiApplication::setFont(QFont(QStringLiteral("Inter")));

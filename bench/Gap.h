@@ -13,7 +13,7 @@ class Gap {
   Gap() {
     timer_.setTimerType(Qt::PreciseTimer);
     QObject::connect(&timer_, &QTimer::timeout, [this] { tick(); });
-    // The second figure is how long the thread was ready to run and other programs ran.
+    // The second figure is how long the thread was ready to run and others ran, of any program.
     std::ignore = waits_.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
     waited_ = waited();
     timer_.start(4);
@@ -24,7 +24,8 @@ class Gap {
     tick();
     return longest_;
   }
-  /// The same without the time in which other programs had the processor.
+  /// The same without the time in which other threads, this program's among them, had the
+  /// processor.
   [[nodiscard]] double own() {
     tick();
     return own_;

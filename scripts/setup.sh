@@ -15,7 +15,8 @@ packages_panel=(
   fonts-inter fonts-material-design-icons-iconfont
   ca-certificates dbus
 )
-packages_test=(clang-format git libglib2.0-bin libgmock-dev libgtest-dev mpv qml6-module-qttest)
+packages_test=(clang-format git libglib2.0-bin libgmock-dev libgtest-dev mpv openssl
+  qml6-module-qttest)
 packages_fuzz=(clang-19 libclang-rt-19-dev llvm-19)
 
 # Installs those of the packages named that are not there yet, asking once.

@@ -115,8 +115,8 @@ void Background::start(std::function<void(const WorkControl&)> work, std::functi
   run->done = std::move(done);
   run->progress = std::move(progress);
   // First, since it can fail: then what was running goes on.
-  std::thread([run, ended = run->ended, work = std::move(work)]() mutable {
-    giveWay();
+  std::thread([run, ended = run->ended, work = std::move(work), priority = priority_]() mutable {
+    if (priority == Priority::GivesWay) giveWay();
     work({run->stop.get_token(), [run](Progress latest) { run->report(latest); }});
     // What the work holds goes here, not later: nobody waits for this thread after it has ended.
     work = nullptr;

@@ -38,7 +38,16 @@ class Background final {
   /// Told on the owner's thread; reports that come faster than they can be told are merged.
   using ProgressHandler = std::function<void(Progress)>;
 
+  /// How the functions' threads stand to those that draw and answer.
+  enum class Priority {
+    /// Behind them, and behind other programs.
+    GivesWay,
+    /// Beside them: somebody waits for it.
+    Equal,
+  };
+
   Background() = default;
+  explicit Background(Priority priority) noexcept : priority_(priority) {}
   Background(const Background&) = delete;
   Background& operator=(const Background&) = delete;
   ~Background();
@@ -79,6 +88,7 @@ class Background final {
   void start(std::function<void(const WorkControl&)> work, std::function<void()> done,
              ProgressHandler progress);
 
+  Priority priority_ = Priority::GivesWay;
   std::shared_ptr<Run> run_;
 };
 

@@ -38,9 +38,6 @@ class MediaTime {
                                              std::int32_t preferredTimescale) noexcept;
 
   [[nodiscard]] constexpr bool isValid() const noexcept { return kind_ != Kind::Invalid; }
-  [[nodiscard]] constexpr bool isInfinite() const noexcept {
-    return kind_ == Kind::PositiveInfinity || kind_ == Kind::NegativeInfinity;
-  }
   [[nodiscard]] constexpr bool isNumber() const noexcept { return kind_ == Kind::Number; }
 
   [[nodiscard]] constexpr std::int64_t value() const noexcept { return value_; }

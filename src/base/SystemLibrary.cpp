@@ -6,6 +6,9 @@ namespace orvex {
 
 SystemLibrary::SystemLibrary(const char* name, int version)
     : library_(QString::fromLatin1(name), version) {
+  // The toolkit would let go of it when the program ends, under threads that were left behind in
+  // it.
+  library_.setLoadHints(QLibrary::PreventUnloadHint);
   if (!library_.load())
     throw DescribedError(
         QStringLiteral("Sistemin lib%1 kitaplığı (sürüm %2) yüklenemedi: %3. Kitaplığı kur.")

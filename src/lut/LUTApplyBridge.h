@@ -89,7 +89,8 @@ class LUTApplyBridge final : public QObject {
   bool lastSucceeded_ = false;
   /// Holds the permitted root open while the LUT is prepared.
   std::shared_ptr<void> rootAccess_;
-  Background background_;
+  // The user asked for it and waits.
+  Background background_{Background::Priority::Equal};
 };
 
 }  // namespace orvex

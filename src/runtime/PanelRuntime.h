@@ -61,7 +61,8 @@ class PanelRuntime final : public QObject, private PanelEndpoint {
   std::unique_ptr<PanelWindow> window_;
   QTimer resizing_;
   QTimer tidying_;
-  Background tidyingWork_;
+  // It holds locks of the allocator, which the main thread would wait for.
+  Background tidyingWork_{Background::Priority::Equal};
   std::unique_ptr<QuickFolderChooser> folderChooser_;
   std::unique_ptr<HostPicture> hostPicture_;
   std::unique_ptr<ColorServices> colorServices_;

@@ -49,8 +49,6 @@ int main(int argc, char** argv) {
   }
   QGuiApplication::setApplicationName(QStringLiteral("Vantrelo Orvex"));
   QGuiApplication::setDesktopFileName(QStringLiteral("com.vantrelo.orvex.finalcut"));
-  // Of the toolkit's own folder dialog, which loads the styles' library when it is first opened.
-  qputenv("QT_QUICK_CONTROLS_STYLE", "Basic");
   QGuiApplication application(argc, argv);
   // The theme's own, so that texts which are laid out before it is bound to them load no other.
   QGuiApplication::setFont(QFont(QStringLiteral("Inter")));

@@ -45,7 +45,6 @@ class VantreloOrvexFinalCutExtensionViewController final : public QObject {
   void viewWillDisappear();
 
   [[nodiscard]] OrvexState& orvexState() const noexcept { return *orvexState_; }
-  [[nodiscard]] AudioUnitRegistry& audioRegistry() const noexcept { return *audioRegistry_; }
   /// Made on first use.
   [[nodiscard]] FinalCutHostAdapter& hostAdapter();
 

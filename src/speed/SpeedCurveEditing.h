@@ -23,7 +23,6 @@ class SpeedCurveEditing : public QObject {
   using QObject::QObject;
 
   [[nodiscard]] QList<double> curve() const;
-  [[nodiscard]] const SpeedCurve& speedCurve() const noexcept { return now_.curve; }
   [[nodiscard]] const QString& selectedPreset() const noexcept { return now_.preset; }
   [[nodiscard]] QString bezierCode() const { return now_.curve.bezierCode(); }
   [[nodiscard]] bool canUndo() const noexcept { return !undo_.isEmpty(); }

@@ -25,6 +25,7 @@ class OrvexSpring : public QObject, public QQmlParserStatus {
   Q_PROPERTY(double velocity READ velocity NOTIFY valueChanged FINAL)
   /// Seconds, above 0.
   Q_PROPERTY(double response MEMBER response_ NOTIFY curveChanged FINAL)
+  /// At least 0, below 1.
   Q_PROPERTY(double dampingFraction MEMBER dampingFraction_ NOTIFY curveChanged FINAL)
   /// How near to `to` counts as arrived, in the unit of the value.
   Q_PROPERTY(double precision MEMBER precision_ NOTIFY precisionChanged FINAL)

@@ -4,7 +4,7 @@ namespace orvex {
 
 /// A damped spring, solved exactly:  x'' = −(2π/r)² (x − to) − (4πd/r) x'.
 /// `response` r is the period in seconds of the same spring without damping, above 0;
-/// `dampingFraction` d is 1 for critical damping, below 1 for a spring that overshoots, at least 0.
+/// `dampingFraction` d is at least 0 and below 1: the spring overshoots.
 struct SpringCurve {
   struct Point {
     double value;

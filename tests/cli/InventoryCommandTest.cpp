@@ -20,9 +20,9 @@ TEST_F(CommandLine, PrintsInventoriesAsJson) {
             "</dict></plist>");
   const Lv2Bundles bundles;
   bundles.add(
-      u"Ace"_s, "urn:Ace",
-      R"( ; doap:name "B" ; doap:maintainer [ foaf:name "Ace" ])" + Lv2Bundles::ports() + " .");
-  bundles.write(u"broken.lv2/manifest.ttl"_s, "@prefix");
+      "Ace", "urn:Ace",
+      R"( ; doap:name "B" ; doap:maintainer [ foaf:name "Ace" ])" + Lv2Bundles::kPorts + " .");
+  bundles.file("broken.lv2/manifest.ttl", "@prefix");
   const std::pair<QByteArray, QByteArray> rows[]{
       {"luts --json ROOT/link/../link",
        R"([{"id": "A.cube", "name": "A", "title": null, "dimension": "CUBE", "path": "ROOT/r/A.cube"},

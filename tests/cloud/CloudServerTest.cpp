@@ -84,24 +84,23 @@ class CloudServerTest : public testing::Test {
       set(CURLOPT_POSTFIELDSIZE_LARGE, curl_off_t{body.size()});
       set(CURLOPT_POSTFIELDS, body.constData());
     }
-    using Take = std::size_t (*)(const char*, std::size_t, std::size_t, Exchange*);
-    const Take takeHeader = [](const char* data, std::size_t, std::size_t size, Exchange* to) {
-      const QByteArray line = QByteArray(data, static_cast<qsizetype>(size)).trimmed();
-      const qsizetype colon = qMax(line.indexOf(':'), 0);
-      to->headers[line.first(colon).toLower()] = line.mid(colon + 1).trimmed();
+    using Take = std::size_t (*)(const char*, std::size_t, std::size_t, QByteArray*);
+    const Take take = [](const char* data, std::size_t, std::size_t size, QByteArray* to) {
+      to->append(data, static_cast<qsizetype>(size));
       return size;
     };
-    const Take takeBody = [](const char* data, std::size_t, std::size_t size, Exchange* to) {
-      to->body.append(data, static_cast<qsizetype>(size));
-      return size;
-    };
-    set(CURLOPT_HEADERDATA, &ended);
-    set(CURLOPT_HEADERFUNCTION, takeHeader);
-    set(CURLOPT_WRITEDATA, &ended);
-    set(CURLOPT_WRITEFUNCTION, takeBody);
+    QByteArray head;
+    set(CURLOPT_HEADERDATA, &head);
+    set(CURLOPT_HEADERFUNCTION, take);
+    set(CURLOPT_WRITEDATA, &ended.body);
+    set(CURLOPT_WRITEFUNCTION, take);
     ended.result = curl_easy_perform(curl.get());
     curl_easy_getinfo(curl.get(), CURLINFO_RESPONSE_CODE, &ended.status);
     curl_slist_free_all(lines);
+    for (const QByteArray& line : head.split('\n')) {
+      const qsizetype colon = qMax(line.indexOf(':'), 0);
+      ended.headers[line.first(colon).toLower()] = line.mid(colon + 1).trimmed();
+    }
     return ended;
   }
 

@@ -80,9 +80,9 @@ TEST_F(CompanionProcess, RegisteredItIsWhatTheDesktopOpensAddressesWith) {
   const QString entry = home(u"data/applications/com.vantrelo.orvex.finalcut.desktop"_s);
   const QString associations = home(u"config/mimeapps.list"_s);
   ASSERT_EQ(run({u"--register"_s}).exitCode, 0);
-  const QByteArray once = contents(entry) + contents(associations);
+  const QByteArray once = contentsOf(entry) + contentsOf(associations);
   ASSERT_EQ(run({u"--register"_s}).exitCode, 0);
-  EXPECT_EQ(contents(entry) + contents(associations), once);
+  EXPECT_EQ(contentsOf(entry) + contentsOf(associations), once);
   ASSERT_TRUE(platform_->exportPanel(*this));
   host_ = u"builtin"_s;
   EXPECT_TRUE(platform_->workspace().open(QUrl(actionUrl(u"normal-speed"_s))));
@@ -91,7 +91,7 @@ TEST_F(CompanionProcess, RegisteredItIsWhatTheDesktopOpensAddressesWith) {
 
   EXPECT_EQ(run({u"--unregister"_s}).exitCode, 0);
   EXPECT_FALSE(QFile::exists(entry));
-  EXPECT_FALSE(contents(associations).contains("vantrelo"));
+  EXPECT_FALSE(contentsOf(associations).contains("vantrelo"));
 }
 
 TEST_F(CompanionProcess, GivesAPlayerItsCommands) {

@@ -3,7 +3,8 @@
 #include "engines/FxPlugRegistry.h"
 #include "engines/LUTRegistry.h"
 #include "engines/MotionTemplateRegistry.h"
-#include "engines/ScriptedAccess.h"
+#include "support/RecordedDesktop.h"
+#include "support/ScriptedAccess.h"
 #include "support/TemporaryTree.h"
 #include "support/Wait.h"
 
@@ -33,7 +34,7 @@ class FolderRegistryTest : public testing::Test {
   TemporaryTree folder;
   QSettings settings{folder.text("settings"), QSettings::IniFormat};
   ScriptedAccess access;
-  RecordedLog log;
+  RecordedDesktop log;
   FolderBookmarkStore store{access, settings, log};
 };
 
@@ -87,18 +88,6 @@ TEST_F(FolderRegistryTest, GoesThroughItsStates) {
   ASSERT_TRUE(finish(next));
   EXPECT_EQ(next.rootURL(), fileUrl(dropped.path("\xFF")));
   EXPECT_EQ(next.items(), luts.items());
-
-  EXPECT_EQ(luts.useFolder(url(tree)), QString());
-  std::filesystem::remove_all(tree.root().toStdString());
-  luts.scan();
-  ASSERT_TRUE(finish(luts));
-  EXPECT_EQ(luts.health(), EngineHealth::Error);
-  EXPECT_THAT(luts.items(), testing::IsEmpty());
-  EXPECT_TRUE(luts.lastError()->contains(u"klasörü bulunamadı"));
-  QDir().mkpath(tree.text("."));
-  luts.scan();
-  ASSERT_TRUE(finish(luts));
-  EXPECT_EQ(luts.lastError(), std::nullopt);
 }
 
 TEST_F(FolderRegistryTest, AGrantIsRenewedWhenStaleAndKeptWhenItCannotBe) {

@@ -3,7 +3,6 @@
 #include "engines/LUTScan.h"
 #include "support/TemporaryTree.h"
 
-#include <atomic>
 #include <gmock/gmock.h>
 
 using namespace orvex;
@@ -12,8 +11,8 @@ namespace {
 
 class LUTScan : public testing::Test {
  protected:
-  [[nodiscard]] Inventory<LUTItem> scan(const QByteArray& root, const WorkControl& control = {}) {
-    return scanLUTs(root, control, {QLocale(QLocale::Turkish), cache.text("cache")});
+  [[nodiscard]] Inventory<LUTItem> scan(const QByteArray& root) {
+    return scanLUTs(root, {}, {QLocale(QLocale::Turkish), cache.text("cache")});
   }
   [[nodiscard]] QString ids(bool onlyRead = false) {
     QStringList ids;
@@ -79,17 +78,6 @@ TEST_F(LUTScan, ReadsOnlyWhatChanged) {
     tree.file("a.cube", QByteArray("LUT_3D_SIZE ") + size);
     EXPECT_EQ(dimension(), u"3D "_qs + QString::fromUtf8(size));
   }
-}
-
-TEST_F(LUTScan, ReportsItsProgressAndStops) {
-  for (int i = 0; i < 1000; ++i) tree.file(QByteArray::number(i) + ".cube");
-  std::atomic<qint64> last = 0;
-  const auto report = [&](Progress progress) { last = std::max(last.load(), progress.done); };
-  EXPECT_EQ(scan(tree.root(), {{}, report}).items.size(), 1000);
-  EXPECT_EQ(last, 1000);
-  std::stop_source stop;
-  const auto stopThere = [&](Progress) { stop.request_stop(); };
-  EXPECT_THROW(std::ignore = scan(tree.root(), {stop.get_token(), stopThere}), Stopped);
 }
 
 }  // namespace

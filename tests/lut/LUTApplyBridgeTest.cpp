@@ -1,9 +1,8 @@
 #include "base/FileUrl.h"
 #include "base/PropertyList.h"
 #include "lut/LUTApplyBridge.h"
-#include "platform/FolderAccess.h"
-#include "platform/SystemLog.h"
-#include "platform/Workspace.h"
+#include "support/RecordedDesktop.h"
+#include "support/ScriptedAccess.h"
 #include "support/TemporaryTree.h"
 #include "support/Wait.h"
 
@@ -32,7 +31,7 @@ QByteArray reply(const QByteArray& ok, const QByteArray& message) {
 const QByteArray kApplied = reply("<true/>", "<string>Uygulandı</string>");
 
 // The bridge between a folder access, a launcher and a clock that are the test's.
-class Bridge : public testing::Test, public Workspace, public FolderAccess, public SystemLog {
+class Bridge : public testing::Test, public RecordedDesktop {
  protected:
   Bridge() {
     qputenv("XDG_DATA_HOME", tree.path("data"));
@@ -43,7 +42,7 @@ class Bridge : public testing::Test, public Workspace, public FolderAccess, publ
 
   void make(const QByteArray& extension) {
     bridge = std::make_unique<LUTApplyBridge>(LUTApplyBridge::Environment{
-        *this, *this, *this, tree.text(extension),
+        *this, access, *this, tree.text(extension),
         [this](std::chrono::milliseconds time, std::function<void()> then) {
           slept.append(time);
           QTimer::singleShot(0, &context, std::move(then));
@@ -63,7 +62,7 @@ class Bridge : public testing::Test, public Workspace, public FolderAccess, publ
     EXPECT_EQ(bridge->activePath(), tree.text(source));
     EXPECT_FALSE(bridge->lastResult());
     EXPECT_TRUE(waitUntil([this] { return !bridge->activePath(); }));
-    EXPECT_EQ(started, stopped);
+    EXPECT_TRUE(access.used.isEmpty() && !access.stoppedUnused);
     if (!failure.isEmpty()) {
       EXPECT_FALSE(bridge->lastResult());
       return u"failed: "_s + failure;
@@ -91,8 +90,6 @@ class Bridge : public testing::Test, public Workspace, public FolderAccess, publ
   }
   void write(const QByteArray& path, const QByteArray& bytes) { tree.file(below(path), bytes); }
 
-  bool open(const QUrl&) override { return false; }
-  void reveal(const QUrl&, Revealed) override {}
   void launch(const QUrl& application, Launched launched) override {
     launches.append(application);
     QTimer::singleShot(0, &context, [this, launched = std::move(launched)] {
@@ -101,24 +98,13 @@ class Bridge : public testing::Test, public Workspace, public FolderAccess, publ
                                      : std::unexpected(launchError));
     });
   }
-  void line(const QString&) override {}
-  void chooseFolder(const QString&, const QString&,
-                    std::function<void(std::optional<QUrl>)>) override {}
-  std::expected<QByteArray, QString> makeGrant(const QUrl&) override { return {}; }
-  std::expected<Resolved, QString> resolveGrant(const QByteArray&) override { return Resolved{}; }
-  bool startAccess(const QUrl& folder) override {
-    started.append(folder);
-    return true;
-  }
-  void stopAccess(const QUrl& folder) override { stopped.append(folder); }
 
   TemporaryTree tree;
   QObject context;
   std::function<void()> helper = [this] { write(replyPath(), kApplied); };
   QString launchError;
   QList<QUrl> launches;
-  QList<QUrl> started;
-  QList<QUrl> stopped;
+  ScriptedAccess access;
   QList<std::chrono::milliseconds> slept;
   QString failure;
   std::unique_ptr<LUTApplyBridge> bridge;
@@ -152,7 +138,7 @@ TEST_F(Bridge, LeavesOneRequestAndTakesItsReply) {
   EXPECT_FALSE(QFile::exists(reply));
   EXPECT_THAT(requests().value(0).toStdString(), MatchesRegex("request-" + kUuid + "\\.plist"));
   EXPECT_EQ(launches, QList{fileUrl(tree.path("X.app"))});
-  EXPECT_EQ(started, QList{fileUrl(tree.path("Pack"))});
+  EXPECT_EQ(access.everUsed, QList{fileUrl(tree.path("Pack"))});
   EXPECT_EQ(slept, QList{200ms});
   EXPECT_THAT(tree.names(folder), UnorderedElementsAreArray(kept + requests()));
   EXPECT_TRUE(QFile::exists(tree.text("elsewhere/file")));
@@ -235,7 +221,7 @@ TEST_F(Bridge, MayGoAtAnyMoment) {
   };
   begin();
   bridge.reset();
-  EXPECT_EQ(started, stopped);
+  EXPECT_TRUE(access.used.isEmpty() && !access.stoppedUnused);
   helper = [this] { bridge.reset(); };
   begin();
   EXPECT_TRUE(waitUntil([this] { return !bridge; }));
@@ -244,7 +230,7 @@ TEST_F(Bridge, MayGoAtAnyMoment) {
   EXPECT_TRUE(waitUntil([this] { return slept.size() > 3; }));
   bridge.reset();
   QCoreApplication::processEvents();
-  EXPECT_EQ(started, stopped);
+  EXPECT_TRUE(access.used.isEmpty() && !access.stoppedUnused);
 
   // The end of one is a good moment to begin the next.
   helper = [this] { write(replyPath(), kApplied); };

@@ -95,7 +95,7 @@ TEST_F(Desktop, AHandlerGetsTheAddressAndTheEnvironmentAndIsNotWaitedFor) {
   ASSERT_TRUE(open(kUrl));
   EXPECT_LT(timer.elapsed(), 1000);
   EXPECT_TRUE(waitUntil([this] {
-    return contents(home(u"opened"_s)) ==
+    return contentsOf(home(u"opened"_s)) ==
            "1|vantrelo-finalcut://timeline-action?action=blade-speed|mpv:/tmp/a socket";
   }));
   EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a child is left to be waited for";
@@ -126,7 +126,7 @@ TEST_F(Desktop, UnregisteringLeavesOnlyWhatOthersRegistered) {
   ASSERT_TRUE(QFile::remove(program));
   EXPECT_TRUE(remove());
   EXPECT_TRUE(QDir(home(u"data/applications"_s)).entryList({u"com.vantrelo*"_s}).isEmpty());
-  const QByteArray associations = contents(home(u"config/mimeapps.list"_s));
+  const QByteArray associations = contentsOf(home(u"config/mimeapps.list"_s));
   EXPECT_FALSE(associations.contains("vantrelo")) << associations.data();
   EXPECT_TRUE(associations.contains("text/plain=o.desktop"));
   EXPECT_FALSE(open(kUrl));
@@ -161,7 +161,7 @@ TEST_F(Desktop, StartsEachTimeAnInstanceOfItsOwnThatIsNotWaitedFor) {
   testing::internal::CaptureStdout();
   EXPECT_EQ(launch(application), QString());
   EXPECT_EQ(launch(application), QString());
-  EXPECT_TRUE(waitUntil([this] { return contents(home(u"ran"_s)) == "0|mpv:/s\n0|mpv:/s\n"; }));
+  EXPECT_TRUE(waitUntil([this] { return contentsOf(home(u"ran"_s)) == "0|mpv:/s\n0|mpv:/s\n"; }));
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
   qunsetenv("ORVEX_HOST");
 }
@@ -204,7 +204,8 @@ TEST_F(Desktop, WithoutAFileManagerOnTheBusTheFolderIsOpened) {
   write(u"config/mimeapps.list"_s, "[Default Applications]\ninode/directory=files.desktop\n");
   // GIO's watcher of desktop entries lives on a thread of its own.
   ASSERT_TRUE(waitUntil([&] { return reveal(path).isEmpty(); }));
-  EXPECT_TRUE(waitUntil([&] { return contents(home(u"browsed"_s)) == home(u"data"_s).toUtf8(); }));
+  EXPECT_TRUE(
+      waitUntil([&] { return contentsOf(home(u"browsed"_s)) == home(u"data"_s).toUtf8(); }));
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-#include "platform/SystemLog.h"
 #include "runtime/QuickFolderChooser.h"
+#include "support/RecordedDesktop.h"
 #include "support/Wait.h"
 
 #include <QFileInfo>
@@ -14,10 +14,6 @@
 using namespace orvex;
 
 namespace {
-
-class NoLog final : public SystemLog {
-  void line(const QString& text) override { ADD_FAILURE() << qPrintable(text); }
-};
 
 QQuickItem* itemWithText(QQuickItem* root, const QString& text) {
   for (QQuickItem* child : root->childItems()) {
@@ -55,7 +51,7 @@ class FolderDialogs : public testing::Test {
 
   QQmlEngine engine_;
   QQuickWindow window_;
-  NoLog log_;
+  RecordedDesktop log_;
   std::unique_ptr<QuickFolderChooser> chooser_ =
       std::make_unique<QuickFolderChooser>(engine_, window_, log_);
   QStringList answers_;
@@ -74,6 +70,7 @@ TEST_F(FolderDialogs, AnswerTheAcceptedFolderAndNothingWhenCancelled) {
   ASSERT_TRUE(opened());
   chooser_.reset();
   EXPECT_FALSE(waitUntil([this] { return !answers_.isEmpty(); }, std::chrono::milliseconds(50)));
+  EXPECT_TRUE(log_.lines.isEmpty()) << log_.lines.value(0);
 }
 
 }  // namespace

@@ -8,7 +8,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-using Certificate = TestCertificate::Kind;
 using Kind = TransportError::Kind;
 using Peer = FaultServer::Peer;
 
@@ -75,10 +74,10 @@ TEST(HttpClient, Exchanges) {
 }
 
 TEST(HttpClient, RefusesCertificatesThatDoNotHold) {
-  const std::pair<Certificate, const char16_t*> rows[]{{Certificate::SelfSigned, u"güvenilmiyor"},
-                                                       {Certificate::Expired, u"dolmuş"},
-                                                       {Certificate::NotYetValid, u"henüz geçerli"},
-                                                       {Certificate::WrongHost, u"ait değil"}};
+  const std::pair<const char*, const char16_t*> rows[]{{"self-signed", u"güvenilmiyor"},
+                                                       {"expired", u"dolmuş"},
+                                                       {"not-yet-valid", u"henüz geçerli"},
+                                                       {"wrong-host", u"ait değil"}};
   for (const auto& [certificate, word] : rows) {
     FaultServer server(certificate);
     HttpClient client(server.options());
@@ -125,6 +124,10 @@ TEST(HttpClient, EndsWhatAServerDoesWrong) {
       {body, &Peer::close, Kind::Broken},
       {chunk, &Peer::close, Kind::Broken},
       {"", &Peer::close, Kind::Broken},
+      {ok + "Transfer-Encoding: chunked\r\n\r\nffffffffffffffff\r\nabc", &Peer::close,
+       Kind::Broken},
+      {ok + "Content-Length: 1\r\nContent-Length: 2\r\n\r\nx", &Peer::close, Kind::Broken},
+      {"", &Peer::close, Kind::TooLarge, QByteArray("HTTP/1.1 100 Continue\r\n\r\n").repeated(99)},
       {body, &Peer::reset, Kind::Broken},
       {"what?\r\n\r\nwhat?", &Peer::close, Kind::NotHttp},
       {"HTTP/1.1 abc OK\r\n\r\n", &Peer::close, Kind::NotHttp},
@@ -168,6 +171,9 @@ TEST(HttpClient, FollowsAFewRedirectsToHttpsOnly) {
     EXPECT_EQ(failureOf([&] { return load(client, server.url(path)); }), Kind::Refused) << path;
   }
   EXPECT_EQ(fetch(client, server.url("/1")).body, "there");
+  const FaultServer impostor("wrong-host");
+  server.redirect("/1", impostor.url("/").toEncoded());
+  EXPECT_EQ(failureOf([&] { return load(client, server.url("/1")); }), Kind::Certificate);
   for (const char* url : {"http://localhost/", "file:///etc/passwd", "https://", ""})
     EXPECT_THROW(load(client, QUrl(QString::fromLatin1(url))), TransportError) << url;
 }

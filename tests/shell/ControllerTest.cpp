@@ -1,8 +1,7 @@
 #include "engines/AudioUnitRegistry.h"
 #include "host/FinalCutHostAdapter.h"
 #include "platform/HostRuntime.h"
-#include "platform/SystemLog.h"
-#include "platform/Workspace.h"
+#include "platform/hosts/BuiltInHost.h"
 #include "shell/OrvexState.h"
 #include "shell/VantreloOrvexFinalCutExtensionViewController.h"
 #include "support/NoSystem.h"
@@ -20,33 +19,16 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// A host without a timeline: enough to see whether the panel connected.
-class BareHost final : public FCPXHost {
- public:
-  QString name() const override { return u"Bare"_s; }
-  QString versionString() const override { return u"1"_s; }
-  QString bundleIdentifier() const override { return u"bare"_s; }
-  FCPXTimeline* timeline() override { return nullptr; }
-};
-
 // Everything the controller is handed, recording what it does with it.
 class World final : public HostRuntime,
-                    public Workspace,
+                    public RecordedDesktop,
                     public DistributedNotifications,
-                    public SystemLog,
                     public PanelViewHost {
  public:
   std::shared_ptr<FCPXHost> hostSingleton() override {
     ++hostsAsked;
     return host;
   }
-
-  bool open(const QUrl& url) override {
-    opened.append(url.toString());
-    return false;
-  }
-  void launch(const QUrl&, Launched) override {}
-  void reveal(const QUrl&, Revealed) override {}
 
   class Subscription final : public Token {
    public:
@@ -62,20 +44,21 @@ class World final : public HostRuntime,
     return std::make_unique<Subscription>(*this);
   }
 
-  void line(const QString&) override {}
   class View final : public HostedView {};
   void createView(QSizeF, const ViewColor&) override {}
   void setPreferredContentSize(QSizeF) override {}
-  std::unique_ptr<HostedView> hostRootView(const RootViewObjects&) override {
+  std::unique_ptr<HostedView> hostRootView(const RootViewObjects& objects) override {
+    audio = &objects.audio;
     return std::make_unique<View>();
   }
   bool isInWindow() const override { return inWindow; }
   QString windowDescription() const override { return u"window"_s; }
   QSizeF viewSize() const override { return {1040, 780}; }
 
-  std::shared_ptr<FCPXHost> host = std::make_shared<BareHost>();
+  std::shared_ptr<FCPXHost> host = std::make_shared<BuiltInHost>();
+  // Of the controller that was made last.
+  AudioUnitRegistry* audio = nullptr;
   int hostsAsked = 0;
-  QStringList opened;
   QString subscribedTo;
   Handler handler;
   bool inWindow = true;
@@ -89,8 +72,7 @@ class Controller : public testing::Test {
             world, world, world, world, std::make_shared<NoAudio>(), folders.bookmarks(), world});
     controller->loadView();
     controller->viewDidLoad();
-    const AudioUnitRegistry& audio = controller->audioRegistry();
-    EXPECT_TRUE(waitUntil([&] { return !audio.isRefreshing(); }));
+    EXPECT_TRUE(waitUntil([&] { return !world.audio->isRefreshing(); }));
     return controller;
   }
 
@@ -133,19 +115,20 @@ TEST_F(Controller, MergesAFloodOfSizesAndTakesTheLast) {
 
 TEST_F(Controller, AsksForFocusThenConnectsAndListsAudioUnits) {
   const auto controller = make();
-  const QDateTime before = controller->audioRegistry().lastRefresh();
+  const QDateTime before = world.audio->lastRefresh();
   controller->viewDidAppear();
   ASSERT_TRUE(waitUntil([&] { return !world.opened.isEmpty(); }));
   EXPECT_EQ(world.hostsAsked, 0) << "focus is asked for before the host is connected";
   ASSERT_TRUE(waitUntil([&] { return world.hostsAsked > 0; }));
   EXPECT_EQ(world.opened, QStringList{u"vantrelo-finalcut://focus-panel"_s});
-  EXPECT_EQ(controller->orvexState().host().hostName, u"Bare");
-  EXPECT_TRUE(waitUntil([&] { return controller->audioRegistry().lastRefresh() > before; }));
+  EXPECT_TRUE(controller->orvexState().host().connected);
+  EXPECT_TRUE(waitUntil([&] { return world.audio->lastRefresh() > before; }));
 }
 
 TEST_F(Controller, ClosedOrDestroyedBeforeItConnectsItDoesNot) {
   const auto closed = make();
-  const QDateTime before = closed->audioRegistry().lastRefresh();
+  const AudioUnitRegistry& audio = *world.audio;
+  const QDateTime before = audio.lastRefresh();
   closed->viewDidAppear();
   world.inWindow = false;
   closed->viewWillDisappear();
@@ -153,7 +136,7 @@ TEST_F(Controller, ClosedOrDestroyedBeforeItConnectsItDoesNot) {
   destroyed->viewDidAppear();
   destroyed.reset();
   EXPECT_FALSE(waitUntil([&] { return world.hostsAsked > 0; }, 750ms));
-  EXPECT_EQ(closed->audioRegistry().lastRefresh(), before);
+  EXPECT_EQ(audio.lastRefresh(), before);
 }
 
 TEST_F(Controller, FollowsAHostThatGoesAndComesBackWhileItIsShown) {

@@ -1,7 +1,5 @@
 #include "support/FaultServer.h"
 
-#include <QFile>
-
 #include <arpa/inet.h>
 #include <csignal>
 #include <gtest/gtest.h>
@@ -11,17 +9,19 @@
 #include <unistd.h>
 
 namespace orvex {
-namespace {
-
 using namespace std::chrono_literals;
 
-// Up to the blank line and the body behind it; nothing when the client is gone.
-std::optional<FaultServer::Request> readRequest(SSL* connection) {
+static const QByteArray kCertificates = ORVEX_TEST_CERTIFICATES "/";
+
+std::optional<FaultServer::Request> FaultServer::Peer::receive() {
   QByteArray bytes;
   qsizetype end = -1;
   const auto more = [&] {
+    pollfd poll{SSL_get_fd(connection_), POLLIN, 0};
+    while (SSL_pending(connection_) == 0 && ::poll(&poll, 1, 5) == 0)
+      if (server_.isDying_) return false;
     char buffer[16384];
-    const int count = SSL_read(connection, buffer, sizeof buffer);
+    const int count = SSL_read(connection_, buffer, sizeof buffer);
     if (count > 0) bytes.append(buffer, count);
     return count > 0;
   };
@@ -29,7 +29,7 @@ std::optional<FaultServer::Request> readRequest(SSL* connection) {
     if (!more()) return std::nullopt;
   const QList<QByteArray> lines = bytes.first(end).split('\n');
   const QList<QByteArray> first = lines[0].trimmed().split(' ');
-  FaultServer::Request request{.method = first[0], .target = first.value(1)};
+  Request request{.method = first[0], .target = first.value(1)};
   for (const QByteArray& line : lines.mid(1)) {
     const qsizetype colon = line.indexOf(':');
     request.headers.insert(line.first(colon).toLower(), line.mid(colon + 1).trimmed());
@@ -40,8 +40,6 @@ std::optional<FaultServer::Request> readRequest(SSL* connection) {
   request.body = bytes.mid(end + 4, size);
   return request;
 }
-
-}  // namespace
 
 bool FaultServer::Peer::send(const QByteArray& bytes) {
   return bytes.isEmpty() ||
@@ -71,16 +69,13 @@ void FaultServer::Peer::reset() {
   close();
 }
 
-FaultServer::FaultServer(TestCertificate::Kind kind)
+FaultServer::FaultServer(const char* certificate)
     : context_(SSL_CTX_new(TLS_server_method()), &SSL_CTX_free) {
   // Whoever runs the tests may reach the rest of the world through a proxy.
   qputenv("no_proxy", "localhost");
-  const TestCertificate certificate = TestCertificate::make(kind);
-  SSL_CTX_use_certificate(context_.get(), certificate.certificate.get());
-  SSL_CTX_use_PrivateKey(context_.get(), certificate.key.get());
-  QFile file(caFile());
-  EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write(TestCertificate::authorityPem());
+  const QByteArray path = kCertificates + certificate + ".pem";
+  EXPECT_EQ(SSL_CTX_use_certificate_file(context_.get(), path.constData(), SSL_FILETYPE_PEM), 1);
+  EXPECT_EQ(SSL_CTX_use_PrivateKey_file(context_.get(), path.constData(), SSL_FILETYPE_PEM), 1);
   listen();
 }
 
@@ -117,30 +112,22 @@ void FaultServer::accept() {
       return;
     }
     ++connections_;
-    {
-      const std::scoped_lock lock(mutex_);
-      sockets_.insert(socket);
-    }
     threads_.emplace_back([this, socket] { serve(socket); });
   }
 }
 
 void FaultServer::serve(int socket) {
-  {
-    const std::unique_ptr<SSL, void (*)(SSL*)> connection(SSL_new(context_.get()), &SSL_free);
-    SSL_set_fd(connection.get(), socket);
-    if (SSL_accept(connection.get()) == 1) {
-      Peer peer(*this, connection.get());
-      while (peer.isOpen() && !isDying_) {
-        const auto request = readRequest(connection.get());
-        if (!request) break;
-        handlerOf (*request)(peer, *request);
-      }
-      SSL_shutdown(connection.get());
+  const std::unique_ptr<SSL, void (*)(SSL*)> connection(SSL_new(context_.get()), &SSL_free);
+  SSL_set_fd(connection.get(), socket);
+  Peer peer(*this, connection.get());
+  if (SSL_accept(connection.get()) == 1) {
+    while (peer.isOpen() && !isDying_) {
+      const auto request = peer.receive();
+      if (!request) break;
+      handlerOf (*request)(peer, *request);
     }
+    SSL_shutdown(connection.get());
   }
-  const std::scoped_lock lock(mutex_);
-  sockets_.erase(socket);
   ::close(socket);
 }
 
@@ -168,6 +155,10 @@ void FaultServer::say(const QByteArray& path, const QByteArray& bytes, Then then
   });
 }
 
+QString FaultServer::caFile() {
+  return QString::fromUtf8(kCertificates + "ca.pem");
+}
+
 QUrl FaultServer::url(const QByteArray& path) const {
   return QUrl(QStringLiteral("https://localhost:%1").arg(port_) + QString::fromUtf8(path));
 }
@@ -187,11 +178,6 @@ void FaultServer::die() {
   ::shutdown(listener_, SHUT_RDWR);
   acceptor_.join();
   ::close(listener_);
-  {
-    const std::scoped_lock lock(mutex_);
-    for (const int socket : sockets_) ::shutdown(socket, SHUT_RDWR);
-  }
-  for (std::thread& thread : threads_) thread.join();
   threads_.clear();
 }
 

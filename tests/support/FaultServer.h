@@ -1,17 +1,15 @@
 #pragma once
 
 #include "services/HttpClient.h"
-#include "support/TestCertificate.h"
 
 #include <QMap>
-#include <QTemporaryDir>
 
 #include <atomic>
 #include <functional>
 #include <memory>
 #include <mutex>
 #include <openssl/ssl.h>
-#include <set>
+#include <optional>
 #include <thread>
 #include <vector>
 
@@ -40,6 +38,8 @@ class FaultServer {
    public:
     Peer(const FaultServer& server, SSL* connection) : server_(server), connection_(connection) {}
 
+    /// The next request; nothing when the client or the server is gone.
+    std::optional<Request> receive();
     /// False when the client or the server is gone.
     bool send(const QByteArray& bytes);
     /// A whole answer; `headers` are lines. The connection stays.
@@ -72,7 +72,8 @@ class FaultServer {
   /// Of a peer: how a handler ends.
   using Then = void (Peer::*)();
 
-  explicit FaultServer(TestCertificate::Kind certificate = TestCertificate::Kind::Valid);
+  /// `certificate` is one of make-certificates.sh: "valid", or one that a client must refuse.
+  explicit FaultServer(const char* certificate = "valid");
   ~FaultServer() { die(); }
   FaultServer(const FaultServer&) = delete;
   FaultServer& operator=(const FaultServer&) = delete;
@@ -89,7 +90,7 @@ class FaultServer {
 
   [[nodiscard]] QUrl url(const QByteArray& path) const;
   /// A PEM file of the authority behind this server's certificate.
-  [[nodiscard]] QString caFile() const { return folder_.filePath(QStringLiteral("ca.pem")); }
+  [[nodiscard]] static QString caFile();
   /// For a client that trusts this server and gives up after `patience`.
   [[nodiscard]] HttpOptions options(
       std::chrono::milliseconds patience = std::chrono::seconds(20)) const;
@@ -110,7 +111,6 @@ class FaultServer {
   // Remembers the request, too.
   [[nodiscard]] Handler handlerOf(const Request& request);
 
-  const QTemporaryDir folder_;
   std::unique_ptr<SSL_CTX, void (*)(SSL_CTX*)> context_;
   quint16 port_ = 0;
   int listener_ = -1;
@@ -119,10 +119,9 @@ class FaultServer {
   mutable std::mutex mutex_;
   QMap<QByteArray, Handler> handlers_;
   QList<Request> requests_;
-  std::set<int> sockets_;
   std::thread acceptor_;
   // Touched by the accepting thread, and by others when that has ended.
-  std::vector<std::thread> threads_;
+  std::vector<std::jthread> threads_;
 };
 
 }  // namespace orvex

@@ -34,8 +34,8 @@ class MpvPlayer {
   QLocalSocket socket_;
 };
 
-/// A clip of ten seconds at `rate` ("24000/1001") in the container `format`, made once by the
-/// player's own encoder. "mpegts" stores how long the last frame is, "nut" does not.
+/// A clip of ten seconds at `rate` ("24000/1001") in the container `format`, one of
+/// those that CMakeLists.txt makes. "mpegts" stores how long the last frame is, "nut" does not.
 [[nodiscard]] QString testClip(const QString& rate,
                                const QString& format = QStringLiteral("mpegts"));
 

@@ -3,8 +3,7 @@
 #include "host/FinalCutHostAdapter.h"
 #include "platform/FCPXHost.h"
 #include "platform/HostRuntime.h"
-#include "platform/SystemLog.h"
-#include "platform/Workspace.h"
+#include "support/RecordedDesktop.h"
 #include "support/Wait.h"
 
 #include <QElapsedTimer>
@@ -28,7 +27,7 @@ class CountingObserver final : public FCPXTimelineObserver {
 };
 
 /// The panel's side of a host: adapter and state, connected whenever the host changes.
-class Panel final : public HostState, public Workspace, public SystemLog {
+class Panel final : public HostState, public RecordedDesktop {
  public:
   explicit Panel(HostRuntime& runtime)
       : state_(this, [](HostState*) {}), adapter(state_, runtime, *this, *this) {
@@ -50,13 +49,6 @@ class Panel final : public HostState, public Workspace, public SystemLog {
   void showHostNotice(const QString& message, Notice kind) override {
     notices.append(QLatin1String(kind == Notice::Error ? "error: " : "info: ") + message);
   }
-  [[nodiscard]] bool open(const QUrl& url) override {
-    opened.append(url.toString());
-    return opens;
-  }
-  void launch(const QUrl&, Launched) override {}
-  void reveal(const QUrl&, Revealed) override {}
-  void line(const QString& text) override { lines.append(text); }
 
  private:
   // Owns nothing: this is the state.
@@ -65,9 +57,6 @@ class Panel final : public HostState, public Workspace, public SystemLog {
  public:
   HostSnapshot snapshot;
   QStringList notices;
-  QStringList opened;
-  bool opens = true;
-  QStringList lines;
   FinalCutHostAdapter adapter;
 };
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "support/TemporaryTree.h"
+
 #include <QDir>
 #include <QFile>
 #include <QString>
-
-#include <gtest/gtest.h>
 
 namespace orvex {
 
@@ -22,11 +22,6 @@ class PrivateSession : public testing::Test {
   }
 
   [[nodiscard]] QString home(const QString& path) const { return home_ + u'/' + path; }
-
-  [[nodiscard]] static QByteArray contents(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-  }
 
   /// Writes an executable script and gives its path; the folders above it are made.
   [[nodiscard]] QString script(const QString& path, const QByteArray& body) const {

@@ -137,7 +137,7 @@ class Previews : public testing::Test {
   TemporaryTree tree;
   TemporaryTree cache;
   ScriptedHost host;
-  LUTPreviews previews{std::make_shared<PreviewStore>(cache.text("previews")), &host, 1};
+  LUTPreviews previews{std::make_shared<PreviewStore>(cache.text("previews")), &host, 1, 1};
   QStringList order;
 };
 

@@ -1,20 +1,15 @@
 #pragma once
 
-#include "base/NewFile.h"
+#include "support/TemporaryTree.h"
 
 #include <QCoreApplication>
 #include <QDropEvent>
-#include <QFile>
 #include <QImage>
 #include <QMimeData>
 #include <QObject>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QTemporaryDir>
 #include <QUrl>
-
-#include <filesystem>
-#include <sys/stat.h>
 
 namespace orvex {
 
@@ -24,28 +19,26 @@ class LibraryFiles : public QObject {
   Q_PROPERTY(QUrl root READ root CONSTANT)
 
  public:
-  [[nodiscard]] QUrl root() const { return QUrl::fromLocalFile(folder_.path()); }
+  [[nodiscard]] QUrl root() const { return QUrl::fromLocalFile(tree_.text({})); }
 
   Q_INVOKABLE QUrl file(const QString& below) const {
-    const QString path = made(below);
-    std::ignore = replaceFile(path.toUtf8(), "");
-    return QUrl::fromLocalFile(path);
+    // It may have been removed.
+    tree_.folder({});
+    tree_.file(below.toUtf8());
+    return QUrl::fromLocalFile(tree_.text(below.toUtf8()));
   }
   /// One of the corpus of odd LUT files.
   Q_INVOKABLE QUrl cube(const QString& below, const QString& odd) const {
-    const QString path = made(below);
-    QFile::copy(QStringLiteral(ODD_CUBES "/") + odd, path);
-    return QUrl::fromLocalFile(path);
+    tree_.file(below.toUtf8(), contentsOf(QStringLiteral(ODD_CUBES "/") + odd));
+    return QUrl::fromLocalFile(tree_.text(below.toUtf8()));
   }
   Q_INVOKABLE void picture(const QString& below, int width, int height) const {
     QImage picture(width, height, QImage::Format_Mono);
     picture.fill(1);
-    picture.save(made(below), "PNG");
+    picture.save(tree_.text(below.toUtf8()), "PNG");
   }
-  Q_INVOKABLE void fifo(const QString& below) const {
-    ::mkfifo(QFile::encodeName(made(below)).constData(), 0600);
-  }
-  Q_INVOKABLE void removeAll() const { std::filesystem::remove_all(folder_.path().toStdString()); }
+  Q_INVOKABLE void fifo(const QString& below) const { tree_.fifo(below.toUtf8()); }
+  Q_INVOKABLE void removeAll() const { std::filesystem::remove_all(tree_.root().toStdString()); }
   Q_INVOKABLE static void dropOn(QQuickItem* item, const QList<QUrl>& urls) {
     QMimeData data;
     data.setUrls(urls);
@@ -57,14 +50,7 @@ class LibraryFiles : public QObject {
   }
 
  private:
-  // The path of an entry, its folder made.
-  [[nodiscard]] QString made(const QString& below) const {
-    const QString path = folder_.filePath(below);
-    std::filesystem::create_directories(std::filesystem::path(path.toStdString()).parent_path());
-    return path;
-  }
-
-  QTemporaryDir folder_;
+  const TemporaryTree tree_;
 };
 
 }  // namespace orvex

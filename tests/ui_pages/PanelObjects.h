@@ -11,22 +11,19 @@
 #include "lut/ManagedLibrary.h"
 #include "platform/AudioComponents.h"
 #include "platform/HostRuntime.h"
-#include "platform/SystemLog.h"
-#include "platform/Workspace.h"
 #include "platform/hosts/BuiltInHost.h"
 #include "platform/hosts/HostChoice.h"
 #include "shell/OrvexDesktop.h"
 #include "shell/OrvexState.h"
 #include "support/NoSystem.h"
 #include "support/TestCloud.h"
+#include "support/TestPack.h"
 #include "ui/color/ColorServices.h"
 
 #include <QAbstractItemModelTester>
 #include <QDir>
 #include <QFile>
-#include <QJsonDocument>
 #include <QMetaProperty>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <QUrl>
 
@@ -35,28 +32,19 @@
 namespace orvex {
 
 /// The bundles of application and extension, and the folders that the user's data goes to.
-class AppTree final {
- public:
+struct AppTree : TemporaryTree {
   AppTree() {
-    qputenv("XDG_DATA_HOME", QFile::encodeName(folder_.filePath(QStringLiteral("data"))));
-    QDir().mkpath(extension());
-    std::ignore =
-        replaceFile(folder_.filePath(QStringLiteral("X.app/Contents/Info.plist")).toUtf8(),
-                    "<plist><dict><key>CFBundleIdentifier</key>"
-                    "<string>com.vantrelo.orvex.finalcut</string></dict></plist>");
+    qputenv("XDG_DATA_HOME", path("data"));
+    folder("X.app/Contents/PlugIns/E.appex");
+    file("X.app/Contents/Info.plist",
+         "<plist><dict><key>CFBundleIdentifier</key>"
+         "<string>com.vantrelo.orvex.finalcut</string></dict></plist>");
   }
-  [[nodiscard]] QString extension() const {
-    return folder_.filePath(QStringLiteral("X.app/Contents/PlugIns/E.appex"));
-  }
-  [[nodiscard]] QString cache() const { return folder_.filePath(QStringLiteral("cache")); }
-
- private:
-  QTemporaryDir folder_;
 };
 
 /// The objects of one panel beside a built-in host, put together as the controller does it, without
 /// a desktop behind them.
-class PanelObjects : public QObject, private Workspace, private SystemLog {
+class PanelObjects : public QObject, private RecordedDesktop {
   Q_OBJECT
   Q_PROPERTY(orvex::OrvexState* state READ state CONSTANT)
   Q_PROPERTY(orvex::MotionTemplateRegistry* motion READ motion CONSTANT)
@@ -69,7 +57,7 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
   Q_PROPERTY(orvex::BuiltInHost* host READ host CONSTANT)
   Q_PROPERTY(orvex::LibraryFiles* files READ files CONSTANT)
   /// The addresses that the desktop was asked to open.
-  Q_PROPERTY(QStringList opened MEMBER opened_)
+  Q_PROPERTY(QStringList opened MEMBER opened)
   /// The files that the file manager was asked to show, which it cannot.
   Q_PROPERTY(QList<QUrl> revealed MEMBER revealed_)
   /// Why the LUT helper cannot be started; empty when it can.
@@ -93,17 +81,12 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
 
   /// Puts a pack with these files into the store; the values name files of the corpus of odd LUTs.
   Q_INVOKABLE void installLUTs(const QString& name, const QVariantMap& files) const {
-    const QDir folder(cloud_.store() + u'/' + name + QStringLiteral("/1.0"));
-    folder.mkpath(QStringLiteral("."));
+    QMap<QString, QByteArray> contents;
     for (const auto& [file, odd] : files.asKeyValueRange())
-      QFile::copy(QStringLiteral(ODD_CUBES "/") + odd.toString(), folder.filePath(file));
-    const QJsonObject record{{QStringLiteral("id"), name},
-                             {QStringLiteral("name"), name},
-                             {QStringLiteral("version"), QStringLiteral("1.0")},
-                             {QStringLiteral("installedAt"), 0},
-                             {QStringLiteral("files"), QJsonArray::fromStringList(files.keys())}};
-    std::ignore = replaceFile(folder.filePath(QStringLiteral("installed.json")).toUtf8(),
-                              QJsonDocument(record).toJson());
+      contents[file] = contentsOf(QStringLiteral(ODD_CUBES "/") + odd.toString());
+    TestPack made(name, QStringLiteral("1.0"), contents);
+    made.pack.name = name;
+    made.installIn(PackStore(cloud_.store().toUtf8()));
   }
   /// Answers the request that the LUT bridge left, as the helper would. False while there is none.
   Q_INVOKABLE bool answerLUTRequest(bool ok, const QString& message) {
@@ -191,10 +174,6 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
     std::atomic<bool> installed = false;
   };
 
-  bool open(const QUrl& url) override {
-    opened_.append(url.toString());
-    return true;
-  }
   void launch(const QUrl&, Launched launched) override {
     QTimer::singleShot(0, this, [this, launched = std::move(launched)] {
       using Outcome = std::expected<void, QString>;
@@ -224,9 +203,10 @@ class PanelObjects : public QObject, private Workspace, private SystemLog {
   OrvexDesktop desktop_{*state_, *this};
   AppTree app_;
   ColorServices colorServices_{
-      {*this, folders_.bookmarks().access(), *this, app_.extension()}, nullptr, app_.cache()};
+      {*this, folders_.bookmarks().access(), *this, app_.text("X.app/Contents/PlugIns/E.appex")},
+      nullptr,
+      app_.text("cache")};
   QString launchError_;
-  QStringList opened_;
   QList<QUrl> revealed_;
   QStringList refreshes_;
 };

@@ -23,7 +23,7 @@ PanelCase {
     }
 
     function test_scrubbing() {
-        objects.host.setSpeedPercent(10000);
+        objects.host.speedPercent = 10000;
         openStrip(360);
         const scrubber = named(strip, "scrubber");
         const duration = objects.host.durationSeconds;
@@ -67,7 +67,7 @@ PanelCase {
         host.applyLUT("Işık");
         compare(shown("clipLUT").map(label => label.text), ["Işık"]);
         host.performTimelineAction("toggle-retime");
-        host.setSpeedPercent(50);
+        host.speedPercent = 50;
         compare(shown("speed")[0].text, "Hız %50");
         host.seek(host.durationSeconds / 2);
         host.performTimelineAction("blade-speed");

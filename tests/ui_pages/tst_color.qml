@@ -8,9 +8,9 @@ PanelCase {
 
     // The page with two LUTs of a pack and two local ones, of which one cannot be used.
     function openFilled() {
-        objects.installLUTs("Gece", { "A.CUBE": "plain.cube", "lutpack3.cube": "domain.cube", "readme.txt": "plain.cube" });
+        objects.installLUTs("Gece", { "A.CUBE": "plain.cube", "lutpack3.cube": "domain.cube", "readme.txt": "plain.cube", ".cube": "plain.cube" });
         objects.files.cube("broken.cube", "decimal-commas.cube");
-        objects.files.cube("Film.cube", "shaper.cube");
+        objects.files.cube("Film.cube", "crlf.cube");
         compare(objects.luts.useFolder(objects.files.root), "");
         tryCompare(objects.luts, "scanning", false);
         open(1040, 2000, "color");
@@ -47,12 +47,12 @@ PanelCase {
 
     function test_shows_both_catalogues_and_searches_them_together() {
         openFilled();
-        compare(cards().map(item => item.name + "|" + item.caption), ["A|Gece • v1.0", "LUT Pack 03|Gece • v1.0", "broken|3D 2", "Film|3D 2"]);
+        compare(cards().map(item => item.name + "|" + item.caption), ["A|Gece • v1.0", "LUT Pack 03|Gece • v1.0", "broken|3D 2", "Film|Negatif • 3D 2"]);
         compare(["cloudCount", "localCount"].map(name => named(panel, name).count), [2, 2]);
         compare(card("broken").error, "Satır 2: “1,0”: ondalık ayırıcı virgül değil nokta olmalı.");
         verify(!named(card("broken"), "apply").visible);
         const field = named(panel, "search");
-        const found = { "PACK 03": 1, "film": 1, "  ": 4, "xyz": 0 };
+        const found = { "PACK 03": 1, " gece\n": 2, "film": 1, "negat": 1, "  ": 4, "xyz": 0 };
         for (const text in found) {
             field.text = text;
             tryVerify(() => cards().length === found[text], 5000, text);

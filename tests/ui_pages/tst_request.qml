@@ -22,7 +22,7 @@ PanelCase {
     // Waits for the end of the sending and returns the toast.
     function outcome() {
         tryVerify(() => !objects.state.requestSending);
-        return objects.state.toast.message;
+        return [objects.state.toast.kind, objects.state.toast.message];
     }
 
     function test_what_can_be_sent() {
@@ -47,7 +47,7 @@ PanelCase {
             keyClick(key);
         verify(sendButton().activeFocus);
         keySequence("Ctrl+Return");
-        compare(outcome(), "Talep gönderildi • R-7");
+        compare(outcome(), [OrvexToast.Success, "Talep gönderildi • R-7"]);
         compare(written(), ["", ""]);
         compare(named(page(), "module").displayText, "Motion");
         const sent = JSON.parse(objects.lastRequest());
@@ -61,23 +61,26 @@ PanelCase {
     function test_nothing_written_is_lost() {
         objects.answerRequests(500, "");
         open(1040, 780, "request");
-        write("Başlık", "Ayrıntı");
+        write(" Başlık", "Ayrıntı\n");
         mouseClick(sendButton());
-        compare(outcome(), "İstek Merkezi • Talep gönderilemedi.");
-        compare(written(), ["Başlık", "Ayrıntı"]);
+        compare(outcome(), [OrvexToast.Error, "İstek Merkezi • Talep gönderilemedi."]);
+        compare(written(), [" Başlık", "Ayrıntı\n"]);
+        const sent = JSON.parse(objects.lastRequest());
+        compare([sent.title, sent.description], ["Başlık", "Ayrıntı"]);
 
-        for (const id of ["timeline", "request"])
+        // An empty page that is left does not take the place of the draft.
+        for (const id of ["timeline", "request", "timeline", "request"])
             objects.state.activePage = OrvexPages.byId(id);
         waitForRendering(panel);
         mouseClick(titled(page(), "Taslağı geri getir"));
-        compare(written(), ["Başlık", "Ayrıntı"]);
+        compare(written(), [" Başlık", "Ayrıntı\n"]);
         verify(!objects.state.request.hasDraft);
 
         // Left while it is being sent: it arrives all the same.
         objects.answerRequests(200, '{"ok": true}');
         mouseClick(sendButton());
         objects.state.activePage = OrvexPages.byId("timeline");
-        compare(outcome(), "Talep gönderildi • Vantrelo Request");
+        compare(outcome(), [OrvexToast.Success, "Talep gönderildi • Vantrelo Request"]);
         verify(!objects.state.request.hasDraft);
     }
 }

@@ -70,7 +70,7 @@ class BuiltInHost : public QObject, public FCPXHost, private FCPXTimeline {
   /// The pace of the clock.
   [[nodiscard]] int speedPercent() const noexcept { return speedPercent_; }
   /// `percent` is brought into 1 to 10,000.
-  Q_INVOKABLE void setSpeedPercent(int percent);
+  void setSpeedPercent(int percent);
   /// Seconds (double), ascending.
   [[nodiscard]] QVariantList speedPoints() const;
   /// `BuiltInClip`s, one after another over the whole sequence.

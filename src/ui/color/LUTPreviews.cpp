@@ -17,7 +17,6 @@ namespace {
 // The main thread comes to a worker's results between two frames at most, so a worker is given more
 // than one picture at a time; but no more than it makes in about one frame, as what it was given
 // cannot be overtaken by what has come into view since.
-constexpr qsizetype kBatch = 8;
 constexpr qint64 kBatchMilliseconds = 12;
 
 }  // namespace
@@ -26,8 +25,9 @@ int LUTPreviews::defaultWorkers() noexcept {
   return std::clamp(QThread::idealThreadCount() - 1, 1, 4);
 }
 
-LUTPreviews::LUTPreviews(std::shared_ptr<PreviewStore> store, HostPicture* host, int workers)
-    : store_(std::move(store)), host_(host) {
+LUTPreviews::LUTPreviews(std::shared_ptr<PreviewStore> store, HostPicture* host, int workers,
+                         qsizetype batch)
+    : store_(std::move(store)), host_(host), batch_(batch) {
   for (int i = 0; i < workers; ++i) workers_.push_back(std::make_unique<Worker>());
 }
 
@@ -89,9 +89,14 @@ void LUTPreviews::withdraw(Viewer* viewer) {
 }
 
 void LUTPreviews::dispatch() {
+  auto idle = std::ranges::count_if(
+      workers_, [](const auto& worker) { return !worker->background.isRunning(); });
   for (const auto& worker : workers_) {
     if (worker->background.isRunning()) continue;
-    while (!wants_.isEmpty() && worker->wants.size() < kBatch) {
+    // Shared out, so that no worker makes several while another has nothing to do.
+    const qsizetype share = std::min(batch_, (wants_.size() + idle - 1) / idle);
+    --idle;
+    while (!wants_.isEmpty() && worker->wants.size() < share) {
       const Want next = takeNext();
       // Another viewer may have wanted the same.
       if (const LUTPreviewResult* made = made_.object(next.file))

@@ -43,9 +43,9 @@ class LUTPreviews : public QObject {
   [[nodiscard]] static int defaultWorkers() noexcept;
 
   /// `store` may be shared with workers that are left behind; `host`, which may be null, outlives
-  /// this.
+  /// this. A worker is given `batch` pictures at a time at most.
   LUTPreviews(std::shared_ptr<PreviewStore> store, HostPicture* host,
-              int workers = defaultWorkers());
+              int workers = defaultWorkers(), qsizetype batch = 8);
   ~LUTPreviews() override;
 
   [[nodiscard]] const PreviewSource& source() const;
@@ -87,6 +87,7 @@ class LUTPreviews : public QObject {
 
   const std::shared_ptr<PreviewStore> store_;
   HostPicture* const host_;
+  const qsizetype batch_;
   mutable PreviewSource source_;
   bool fromHost_ = false;
   Background sourceWork_;

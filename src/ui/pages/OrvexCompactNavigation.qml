@@ -139,6 +139,7 @@ Rectangle {
         objectName: "backward"
         height: parent.height
         leading: true
+        hidden: strip.contentX
         edgePadding: navigation.horizontalPadding
         icon: "chevron.left"
         name: "Önceki sayfaya kaydır"
@@ -152,6 +153,7 @@ Rectangle {
         anchors.right: parent.right
         height: parent.height
         leading: false
+        hidden: strip.contentWidth - strip.width - strip.contentX
         edgePadding: navigation.horizontalPadding
         icon: "chevron.right"
         name: "Sonraki sayfaya kaydır"

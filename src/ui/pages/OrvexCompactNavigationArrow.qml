@@ -11,6 +11,8 @@ Item {
     // The width of the strip's outer padding, which is hidden too.
     required property real edgePadding
     required property bool leading
+    // How much of the strip has passed behind it.
+    required property real hidden
 
     signal clicked
 
@@ -31,6 +33,8 @@ Item {
         x: arrow.leading ? parent.width : -width
         width: 24
         height: parent.height
+        // At its end the strip is whole.
+        opacity: Math.max(0, Math.min(1, arrow.hidden / width))
 
         gradient: Gradient {
             orientation: Gradient.Horizontal

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/FolderAccess.h"
-#include "platform/SystemLog.h"
 
 #include <QStringList>
 
@@ -29,6 +28,7 @@ class ScriptedAccess final : public FolderAccess {
   }
   bool startAccess(const QUrl& folder) override {
     used.append(folder);
+    everUsed.append(folder);
     return true;
   }
   void stopAccess(const QUrl& folder) override {
@@ -41,14 +41,8 @@ class ScriptedAccess final : public FolderAccess {
   bool stale = false;
   /// What is being used now.
   QList<QUrl> used;
+  QList<QUrl> everUsed;
   bool stoppedUnused = false;
-};
-
-class RecordedLog final : public SystemLog {
- public:
-  void line(const QString& text) override { lines.append(text); }
-
-  QStringList lines;
 };
 
 }  // namespace orvex
