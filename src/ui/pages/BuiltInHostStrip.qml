@@ -10,10 +10,6 @@ FocusScope {
 
     required property BuiltInHost host
 
-    function fill(): void {
-        content.active = true;
-    }
-
     function togglePlaying(): void {
         strip.host.playing = !strip.host.playing;
     }
@@ -45,8 +41,15 @@ FocusScope {
         target: strip.Window.window
         enabled: !content.active
         function onFrameSwapped(): void {
-            Qt.callLater(strip.fill);
+            handedOver.start();
         }
+    }
+
+    Timer {
+        id: handedOver
+
+        interval: 0
+        onTriggered: content.active = true
     }
 
     Loader {

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Layouts
 import Orvex
 import Orvex.Color
 import Orvex.Library

@@ -1,7 +1,6 @@
 import QtQuick
 import Orvex
 import Orvex.Color
-import Orvex.Pages
 
 // Shows the active page over the backdrop. Every switch builds the page anew, so that what a page
 // keeps for itself starts over.
