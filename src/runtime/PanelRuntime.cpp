@@ -1,7 +1,6 @@
 #include "runtime/PanelRuntime.h"
 
 #include "base/Bundle.h"
-#include "base/Memory.h"
 #include "base/UserFolders.h"
 #include "engines/FolderBookmarkStore.h"
 #include "host/FinalCutHostAdapter.h"
@@ -97,7 +96,6 @@ void PanelRuntime::show() {
                           .release());
   }
   followSizes();
-  tidyMemory();
   connect(window_.get(), &PanelWindow::shown, controller_.get(),
           &VantreloOrvexFinalCutExtensionViewController::viewDidAppear);
   connect(window_.get(), &PanelWindow::hidden, controller_.get(),
@@ -129,20 +127,6 @@ void PanelRuntime::followSizes() {
   connect(area, &QQuickItem::heightChanged, &state, [area, &state] {
     if (std::abs(area->height() - state.panelHeight()) >= 1) state.setPanelHeight(area->height());
   });
-}
-
-// What a start, the scans behind it and a page that was left have freed lies in pieces between what
-// stays: an eighth of all memory after a start.
-void PanelRuntime::tidyMemory() {
-  using namespace std::chrono_literals;
-  tidying_.setSingleShot(true);
-  tidying_.setInterval(1500ms);
-  connect(&tidying_, &QTimer::timeout, this, [this] {
-    tidyingWork_.run([](const WorkControl&) { returnFreeMemory(); }, [](const auto&) {});
-  });
-  connect(&controller_->orvexState(), &OrvexState::activePageChanged, &tidying_,
-          qOverload<>(&QTimer::start));
-  tidying_.start();
 }
 
 void PanelRuntime::saveScreenshot(std::function<void(bool)> done) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/Background.h"
 #include "platform/PanelEndpoint.h"
 #include "runtime/PanelOptions.h"
 
@@ -48,7 +47,6 @@ class PanelRuntime final : public QObject, private PanelEndpoint {
   QString applyLUTOnBuiltInHost(const QString& name) override;
 
   void followSizes();
-  void tidyMemory();
   [[nodiscard]] BuiltInHost* builtInHost() const;
 
   PanelOptions options_;
@@ -60,9 +58,6 @@ class PanelRuntime final : public QObject, private PanelEndpoint {
   QQmlEngine engine_;
   std::unique_ptr<PanelWindow> window_;
   QTimer resizing_;
-  QTimer tidying_;
-  // It holds locks of the allocator, which the main thread would wait for.
-  Background tidyingWork_{Background::Priority::Equal};
   std::unique_ptr<QuickFolderChooser> folderChooser_;
   std::unique_ptr<HostPicture> hostPicture_;
   std::unique_ptr<ColorServices> colorServices_;
