@@ -5,6 +5,7 @@
 #include "Output.h"
 #include "base/Background.h"
 #include "base/SmallFile.h"
+#include "base/Text.h"
 #include "cloud/CatalogBuild.h"
 #include "cloud/CloudServer.h"
 #include "cloud/RequestStore.h"
@@ -28,7 +29,8 @@ namespace {
 constexpr auto kPrivate = "private";
 
 QByteArray absolutePath(const QString& path) {
-  return QFile::encodeName(QDir::cleanPath(QDir::current().absoluteFilePath(path)));
+  // Not cleaned: what ".." behind a link leads to is for the system to say.
+  return QFile::encodeName(QDir::current().absoluteFilePath(path));
 }
 
 void build(const CloudRequest& request, const Finish& finish) {

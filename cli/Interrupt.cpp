@@ -1,6 +1,7 @@
 #include "Interrupt.h"
 
 #include <csignal>
+#include <ctime>
 
 namespace orvex {
 namespace {
@@ -24,9 +25,10 @@ Interrupt::Interrupt() {
   thread_ = std::jthread([this, signals](const std::stop_token& end) {
     while (!end.stop_requested()) {
       if (sigtimedwait(&signals, nullptr, &kTick) < 0) continue;
-      source_.request_stop();
+      // The next one comes to this thread, which all others leave it to, and ends the program.
       pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
-      return;
+      source_.request_stop();
+      while (!end.stop_requested()) ::nanosleep(&kTick, nullptr);
     }
   });
 }

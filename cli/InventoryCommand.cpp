@@ -4,7 +4,6 @@
 
 #include <QFile>
 
-#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>

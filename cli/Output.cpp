@@ -1,7 +1,6 @@
 #include "Output.h"
 
 #include <QJsonDocument>
-#include <QLocale>
 
 #include <algorithm>
 #include <cstdio>
@@ -32,14 +31,6 @@ void printError(const QString& text) {
 
 void printJson(const QJsonDocument& document) {
   std::fputs(document.toJson(QJsonDocument::Indented).constData(), stdout);
-}
-
-QString bytesText(qint64 bytes) {
-  // As the panel writes them; the library would say "bytes" and "kB".
-  if (bytes < 1000) return QString::number(bytes) + QStringLiteral(" B");
-  return QLocale::c()
-      .formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat)
-      .replace(QStringLiteral("kB"), QStringLiteral("KB"));
 }
 
 void printTable(const QList<std::pair<QString, QString>>& rows) {

@@ -18,8 +18,6 @@ void printLine(const QString& text);
 void printError(const QString& text);
 /// Writes the document to standard output.
 void printJson(const QJsonDocument& document);
-/// A size as people read it, such as "12.3 MB".
-[[nodiscard]] QString bytesText(qint64 bytes);
 /// Writes rows of a label and a value, the values in one column and printable.
 void printTable(const QList<std::pair<QString, QString>>& rows);
 /// Writes rows of as many texts each, printable, in columns as wide as they need.

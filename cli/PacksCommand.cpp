@@ -6,6 +6,7 @@
 #include "Service.h"
 #include "TerminalProgress.h"
 #include "base/FileUrl.h"
+#include "base/Text.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -15,13 +16,6 @@
 
 namespace orvex {
 namespace {
-
-qint64 totalBytes(const QList<UniversalPackAsset>& assets) {
-  // Sizes are the catalog's and may be anything.
-  double total = 0;
-  for (const UniversalPackAsset& asset : assets) total += static_cast<double>(asset.bytes);
-  return static_cast<qint64>(std::clamp(total, 0., 1e18));
-}
 
 const UniversalInstalledPack* find(const QList<UniversalInstalledPack>& packs, const QString& id) {
   const auto found = std::ranges::find(packs, id, &UniversalInstalledPack::id);

@@ -1,6 +1,7 @@
 #include "TerminalProgress.h"
 
 #include "Output.h"
+#include "base/Text.h"
 
 #include <QElapsedTimer>
 #include <QString>

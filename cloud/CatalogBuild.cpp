@@ -6,6 +6,7 @@
 #include "base/Sha256.h"
 #include "base/SmallFile.h"
 #include "cloud/Transcript.h"
+#include "services/HttpsAddress.h"
 #include "services/Product.h"
 #include "services/ReleaseManifest.h"
 #include "services/UniversalPackCatalog.h"
@@ -98,15 +99,32 @@ class Builder {
       (folder.target.isEmpty() ? pack.sharedAssets : pack.variants[folder.target]) = assets;
     }
     pack.manifestSHA256 = hexDigest(manifestOf(pack));
-    if (const UniversalPack* before = previousOf(pack.id)) {
-      if (before->version == pack.version) {
-        refuseOtherContents(*before, pack);
-        pack.rollback = before->rollback;
-      } else {
-        pack.rollback = {before->version, before->manifestSHA256};
-      }
-    }
+    if (const auto published = publishedAs(pack)) refuseOtherContents(*published, pack);
+    if (const UniversalPack* before = previousOf(pack.id))
+      pack.rollback = before->version == pack.version
+                          ? before->rollback
+                          : UniversalPackRollback{before->version, before->manifestSHA256};
     return pack;
+  }
+
+  // The same version of the pack, from whichever earlier catalog.
+  [[nodiscard]] std::optional<UniversalPack> publishedAs(const UniversalPack& pack) const {
+    const QByteArray manifest = manifestPath(pack);
+    const auto json = readSmallFile(packs_.descriptor(), manifest, kMaximumDocument);
+    if (!json) return std::nullopt;
+    try {
+      return UniversalPackCatalog::decode(*json).packs.value(0);
+    } catch (const JsonError& error) {
+      throw CatalogSourceError(
+          QStringLiteral("%1: %2 Dosyayı yedekten geri koy ya da sürümü "
+                         "yükselt.")
+              .arg(QString::fromUtf8(packs_.path(manifest)), error.description()));
+    }
+  }
+
+  // Below the folder that the catalog lies in.
+  [[nodiscard]] static QByteArray manifestPath(const UniversalPack& pack) {
+    return "manifests/" + pack.id.toUtf8() + '/' + pack.version.toUtf8() + ".json";
   }
 
   [[nodiscard]] const UniversalPack* previousOf(const QString& id) const {
@@ -198,8 +216,7 @@ class Builder {
       throw CatalogSourceError(where + QStringLiteral("version boş. 1.2.0 gibi bir sürüm yaz."));
     for (const QString& address :
          {manifest.downloadURL, manifest.notesURL.value_or(manifest.downloadURL)}) {
-      const QUrl url(address, QUrl::StrictMode);
-      if (!url.isValid() || url.scheme() != u"https" || url.host().isEmpty())
+      if (!isHttpsAddress(QUrl(address, QUrl::StrictMode)))
         throw CatalogSourceError(where +
                                  QStringLiteral("\"%1\" tam bir https adresi değil.").arg(address));
     }

@@ -24,7 +24,7 @@ struct CatalogBuild {
 ///
 /// The same source over the same `public` gives the same bytes. Whoever reads the tree meanwhile
 /// sees the old catalog or the new one, and the files of both. Files that were published once stay
-/// as they are: other contents need another version. Throws `CatalogSourceError`, `JsonError`,
+/// as they are: other contents need another version. Throws `CatalogSourceError`,
 /// `FileError`.
 CatalogBuild buildCatalog(const Directory& vendor, const QUrl& catalogURL);
 

@@ -103,6 +103,7 @@ Authority makeAuthority(const Directory& folder) {
   addExtension(certificate, certificate, NID_key_usage, "critical,keyCertSign");
   addExtension(certificate, certificate, NID_subject_key_identifier, "hash");
   require(::X509_sign(&certificate, made.key.get(), ::EVP_sha256()) > 0);
+  folder.keepPrivate();
   replaceDurably(folder, kAuthorityKey, pem(*made.key));
   replaceDurably(folder, kAuthorityCertificate, pem(certificate));
   return made;

@@ -16,8 +16,8 @@ inline constexpr auto kAuthorityCertificate = "ca.pem";
 
 /// A new certificate for a server that is reached under `address` (an IP address) and as
 /// "localhost", signed with the authority kept in `folder` as ca.pem and ca.key. The authority is
-/// made when it is missing, cannot be used or is about to expire; its key is readable by the user
-/// alone. Throws `FileError`, `DescribedError`.
+/// made when it is missing, cannot be used or is about to expire; the folder becomes the user's
+/// alone for its key. Throws `FileError`, `DescribedError`.
 [[nodiscard]] ServerCertificate makeServerCertificate(const Directory& folder,
                                                       const QByteArray& address);
 

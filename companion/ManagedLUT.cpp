@@ -5,6 +5,7 @@
 #include "base/NewFile.h"
 #include "base/Sha256.h"
 #include "base/SmallFile.h"
+#include "lut/CloudLUTPreparation.h"
 
 #include <algorithm>
 #include <ctime>
@@ -15,7 +16,6 @@
 namespace orvex {
 namespace {
 
-constexpr qsizetype kMaximumSize = qsizetype{64} * 1024 * 1024;
 // A player reads its copy again as long as it runs, which is days at the most.
 constexpr std::time_t kKeptSeconds = std::time_t{30} * 24 * 60 * 60;
 
@@ -56,7 +56,7 @@ std::expected<ManagedLUT, QString> ManagedLUT::read(const Directory& library,
     return refused(QStringLiteral("dosya yönetilen LUT kitaplığında değil."));
   std::optional<QByteArray> bytes;
   try {
-    bytes = readSmallFile(library.folder(digest).file(name), kMaximumSize);
+    bytes = readSmallFile(library.folder(digest).file(name), CloudLUTPreparation::kMaximumBytes);
   } catch (const FileError& error) {
     return refused(error.description());
   }

@@ -6,7 +6,6 @@
 #include <QEvent>
 #include <QThread>
 
-#include <atomic>
 #include <chrono>
 #include <mutex>
 #include <semaphore>

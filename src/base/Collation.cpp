@@ -8,7 +8,6 @@
 #include <array>
 #include <atomic>
 #include <cstring>
-#include <numeric>
 #include <unicode/ucol.h>
 #include <vector>
 

@@ -2,6 +2,8 @@
 
 #include "base/FileError.h"
 
+#include <QUuid>
+
 #include <cerrno>
 #include <dirent.h>
 #include <fcntl.h>
@@ -41,8 +43,8 @@ Directory Directory::make(const QByteArray& path) {
     return open(path);
   } catch (const FileError& error) {
     const qsizetype slash = path.lastIndexOf('/');
-    if (error.code() != ENOENT || slash <= 0) throw;
-    const Directory parent = make(path.first(slash));
+    if (error.code() != ENOENT || slash < 0) throw;
+    const Directory parent = make(slash == 0 ? QByteArray("/") : path.first(slash));
     // Somebody else may have been faster.
     if (::mkdirat(parent.descriptor(), path.constData() + slash + 1, 0777) != 0 && errno != EEXIST)
       throw failure(QStringLiteral("oluşturulamadı"), path);
@@ -58,11 +60,13 @@ QList<QByteArray> Directory::names() const {
   if (!listing) throw failure(QStringLiteral("okunamadı"), path_);
   std::ignore = own.release();
   QList<QByteArray> names;
-  errno = 0;
-  while (const dirent* entry = ::readdir(listing.get()))
+  for (;;) {
+    errno = 0;
+    const dirent* const entry = ::readdir(listing.get());
+    if (entry == nullptr && errno != 0) throw failure(QStringLiteral("okunamadı"), path_);
+    if (entry == nullptr) return names;
     if (!isDots(entry->d_name)) names.append(entry->d_name);
-  if (errno != 0) throw failure(QStringLiteral("okunamadı"), path_);
-  return names;
+  }
 }
 
 bool Directory::has(const QByteArray& name) const {
@@ -135,7 +139,9 @@ void Directory::remove(const QByteArray& name) const {
     Directory folder;
     QList<QByteArray> names;
   };
-  // Not by recursion: how deep the tree is, is up to whoever made it.
+  // Not by recursion, and with a bound on the folders held open: how deep the tree is, is up to
+  // whoever made it. What lies deeper is moved up.
+  constexpr std::size_t kDeepest = 64;
   std::vector<Level> levels;
   QByteArray entry = name;
   while (true) {
@@ -143,9 +149,18 @@ void Directory::remove(const QByteArray& name) const {
     // A folder is refused; anything else is gone.
     if (::unlinkat(folder.descriptor(), entry.constData(), 0) != 0 && errno != ENOENT) {
       if (errno != EISDIR) throw failure(QStringLiteral("silinemedi"), folder.path(entry));
-      Directory below = folder.folder(entry);
-      QList<QByteArray> names = below.names();
-      levels.push_back({std::move(below), std::move(names)});
+      if (levels.size() == kDeepest) {
+        const QByteArray moved = QUuid::createUuid().toByteArray(QUuid::WithoutBraces);
+        Level& top = levels.front();
+        if (::renameat(folder.descriptor(), entry.constData(), top.folder.descriptor(),
+                       moved.constData()) != 0)
+          throw failure(QStringLiteral("silinemedi"), folder.path(entry));
+        top.names.append(moved);
+      } else {
+        Directory below = folder.folder(entry);
+        QList<QByteArray> names = below.names();
+        levels.push_back({std::move(below), std::move(names)});
+      }
     }
     while (!levels.empty() && levels.back().names.isEmpty()) {
       const QByteArray emptied = levels.back().folder.path();

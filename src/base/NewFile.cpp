@@ -60,7 +60,7 @@ void replaceDurably(const Directory& folder, const QByteArray& name, QByteArrayV
 bool replaceFile(const QByteArray& path, QByteArrayView bytes) {
   try {
     const qsizetype slash = path.lastIndexOf('/');
-    const Directory folder = Directory::make(path.first(slash));
+    const Directory folder = Directory::make(slash == 0 ? QByteArray("/") : path.first(slash));
     NewFile file(folder);
     file.write(bytes);
     file.moveTo(path.sliced(slash + 1));

@@ -3,7 +3,6 @@
 #include <QString>
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <unicode/uchar.h>
 #include <unicode/unorm2.h>

@@ -17,4 +17,13 @@ QString fixedText(double value, int decimals) {
   return QString::fromLatin1(buffer.data(), written.ptr - buffer.data());
 }
 
+QString bytesText(double bytes) {
+  if (!(bytes >= 1000)) return fixedText(std::max(bytes, 0.0), 0) + QStringLiteral(" B");
+  static constexpr std::array kUnits{u'K', u'M', u'G', u'T', u'P', u'E'};
+  std::size_t unit = 0;
+  // What would be rounded to a thousand is one of the next unit.
+  for (bytes /= 1000; bytes >= 999.95 && unit + 1 < kUnits.size(); ++unit) bytes /= 1000;
+  return fixedText(bytes, 1) + u' ' + kUnits.at(unit) + u'B';
+}
+
 }  // namespace orvex

@@ -9,4 +9,8 @@ namespace orvex {
 /// not-a-number reads "inf", "-inf" or "nan".
 [[nodiscard]] QString fixedText(double value, int decimals);
 
+/// A size as people read it, in steps of a thousand: "12.3 MB". Below zero and not-a-number count
+/// 0.
+[[nodiscard]] QString bytesText(double bytes);
+
 }  // namespace orvex

@@ -4,8 +4,6 @@
 
 #include <QHash>
 
-#include <ctime>
-
 struct stat;
 
 namespace orvex {

@@ -11,7 +11,6 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
 

@@ -20,7 +20,6 @@ namespace {
 using CloudLUTPreparation::PreparationError;
 using Kind = PreparationError::Kind;
 
-constexpr off_t kMaximumSize = off_t{64} * 1024 * 1024;
 // Read between two looks at the stop token.
 constexpr qsizetype kPiece = qsizetype{1} << 20;
 
@@ -79,7 +78,8 @@ QByteArray normalised(const QUrl& url) {
 }
 
 void requireUsable(const struct stat& status) {
-  require(S_ISREG(status.st_mode) && status.st_size >= 1 && status.st_size <= kMaximumSize,
+  require(S_ISREG(status.st_mode) && status.st_size >= 1 &&
+              status.st_size <= CloudLUTPreparation::kMaximumBytes,
           Kind::InvalidSource);
 }
 

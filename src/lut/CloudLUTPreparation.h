@@ -26,6 +26,9 @@ class PreparationError final : public DescribedError {
   Kind kind_;
 };
 
+/// The most bytes that a LUT may have.
+inline constexpr qsizetype kMaximumBytes = qsizetype{64} * 1024 * 1024;
+
 /// Whether `bytes` are the text of what says that it is a 3D LUT, which is all that `prepare` asks
 /// of a file's contents.
 [[nodiscard]] bool isThreeDimensional(QByteArrayView bytes);

@@ -2,14 +2,13 @@
 
 #include "base/SystemLibrary.h"
 #include "services/Curl.h"
-#include "services/TransportErrors.h"
+#include "services/TransportFailure.h"
 
 #include <QFile>
 
 #include <algorithm>
 #include <exception>
 #include <openssl/ssl.h>
-#include <optional>
 
 namespace orvex {
 namespace {
@@ -162,7 +161,7 @@ class HttpClient::Connection final {
     for (;;) {
       if (stop.stop_requested()) throw Stopped();
       int running = 0;
-      if (curl_.multi_perform(multi, &running) != CURLM_OK) return CURLE_OUT_OF_MEMORY;
+      if (curl_.multi_perform(multi, &running) != CURLM_OK) return CURLE_FAILED_INIT;
       int left = 0;
       if (const CURLMsg* const message = curl_.multi_info_read(multi, &left))
         return message->data.result;

@@ -1,14 +1,10 @@
 #include "services/PackNames.h"
 
-#include "services/Product.h"
-#include "services/UniversalPackCatalog.h"
 #include "services/UniversalPackClientError.h"
 
-#include <QUrl>
 #include <QUuid>
 
 #include <algorithm>
-#include <limits>
 
 namespace orvex {
 namespace {
@@ -31,13 +27,6 @@ bool isBareName(const QString& name) {
          name.toUtf8().size() <= kMaximumName;
 }
 
-// The scheme of a parsed address is in lower case whatever it was.
-bool isDownloadAddress(const std::optional<QString>& text) {
-  if (!text || !text->startsWith(u"https:")) return false;
-  const QUrl url(*text, QUrl::StrictMode);
-  return url.isValid() && !url.host().isEmpty();
-}
-
 }  // namespace
 
 bool isPackName(const QString& name) {
@@ -48,23 +37,6 @@ bool isPackName(const QString& name) {
 bool isAssetName(const QString& name) {
   return isBareName(name) &&
          name.compare(QLatin1StringView(kPackRecordName), Qt::CaseInsensitive) != 0;
-}
-
-PackPlan planOf(const UniversalPack& pack) {
-  if (!pack.targets.contains(kPackTarget) || !isPackName(pack.version))
-    throw UniversalPackClientError(Kind::InvalidCatalog);
-  PackPlan plan{.id = packFolderName(pack.id),
-                .version = pack.version.toUtf8(),
-                .assets = finalCutAssets(pack)};
-  for (const UniversalPackAsset& asset : std::as_const(plan.assets)) {
-    if (!isAssetName(asset.file)) throw UniversalPackClientError(Kind::InvalidAsset, asset.file);
-    if (!isDownloadAddress(asset.url)) throw UniversalPackClientError(Kind::MissingURL, asset.file);
-    // No file is as small, and no disk takes that much.
-    if (asset.bytes < 0 || asset.bytes > std::numeric_limits<std::int64_t>::max() - plan.bytes)
-      throw UniversalPackClientError(Kind::SizeMismatch, asset.file);
-    plan.bytes += asset.bytes;
-  }
-  return plan;
 }
 
 QByteArray packFolderName(const QString& id) {

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "services/UniversalPack.h"
-
 #include <QByteArray>
+#include <QString>
 
 #include <optional>
 
@@ -13,19 +12,6 @@ namespace orvex {
 /// Whether a file of a pack can.
 [[nodiscard]] bool isAssetName(const QString& name);
 
-/// Where a pack goes, and what belongs into it.
-struct PackPlan {
-  /// Names of folders, as the file system has them.
-  QByteArray id;
-  QByteArray version;
-  QList<UniversalPackAsset> assets;
-  /// Of all assets.
-  std::int64_t bytes = 0;
-};
-
-/// Everything that a catalog says about a pack and that could do harm, checked before anything is
-/// done about it. Throws `UniversalPackClientError`.
-[[nodiscard]] PackPlan planOf(const UniversalPack& pack);
 /// The name of the folder of a pack. Throws `UniversalPackClientError` where none can be called so.
 [[nodiscard]] QByteArray packFolderName(const QString& id);
 

@@ -2,6 +2,7 @@
 
 #include "base/FileError.h"
 #include "base/Sha256.h"
+#include "services/PackNames.h"
 #include "services/UniversalPackClientError.h"
 
 namespace orvex {

@@ -2,7 +2,7 @@
 
 #include "base/FolderLock.h"
 #include "base/NewFile.h"
-#include "services/PackNames.h"
+#include "services/PackPlan.h"
 
 #include <functional>
 #include <memory>

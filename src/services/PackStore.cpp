@@ -5,6 +5,7 @@
 #include "base/FileUrl.h"
 #include "base/Json.h"
 #include "base/SmallFile.h"
+#include "services/PackNames.h"
 #include "services/PackRoot.h"
 #include "services/UniversalInstalledRecord.h"
 #include "services/UniversalPackClientError.h"
@@ -77,19 +78,19 @@ QList<QByteArray> visibleNames(QList<QByteArray> names) {
 
 QList<UniversalInstalledPack> readPack(const Directory& root, const QByteArray& name) {
   QList<UniversalInstalledPack> versions;
-  try {
-    for (int attempt = 0; attempt < kAttempts; ++attempt) {
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    versions.clear();
+    try {
       const Directory pack = root.folder(name);
-      versions.clear();
       for (const QByteArray& version : visibleNames(pack.names()))
         if (auto found = readVersion(pack, version)) versions.append(*std::move(found));
       // A folder that has been replaced meanwhile may have been emptied under the reader.
       if (root.has(name, pack)) break;
+    } catch (const FileError&) {
+      // It may have stepped aside for a moment.
     }
-    return versions;
-  } catch (const FileError&) {
-    return {};
   }
+  return versions;
 }
 
 bool isAside(const QByteArray& name) {

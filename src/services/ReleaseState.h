@@ -1,5 +1,7 @@
 #pragma once
 
+#include "services/HttpsAddress.h"
+
 #include <QObject>
 #include <QString>
 #include <QUrl>
@@ -43,7 +45,7 @@ struct ReleaseState {
 
  private:
   [[nodiscard]] static QUrl webPage(const std::optional<QUrl>& url) {
-    return url && url->scheme() == u"https" && !url->host().isEmpty() ? *url : QUrl();
+    return url && isHttpsAddress(*url) ? *url : QUrl();
   }
   [[nodiscard]] bool hasDownload() const { return !downloadPage().isEmpty(); }
   [[nodiscard]] bool hasNotes() const { return !notesPage().isEmpty(); }

@@ -15,8 +15,6 @@ class SemanticVersion {
   /// empty pieces count for nothing.
   explicit SemanticVersion(QStringView text);
 
-  [[nodiscard]] const QList<std::int64_t>& components() const noexcept { return components_; }
-
   friend bool operator<(const SemanticVersion& a, const SemanticVersion& b);
   friend bool operator>(const SemanticVersion& a, const SemanticVersion& b) { return b < a; }
 

@@ -5,6 +5,9 @@
 
 #include <QJsonDocument>
 
+#include <algorithm>
+#include <limits>
+
 namespace orvex {
 namespace {
 
@@ -106,6 +109,14 @@ QList<UniversalPack> finalCutPacks(const UniversalPackCatalog& catalog,
 
 QList<UniversalPackAsset> finalCutAssets(const UniversalPack& pack) {
   return pack.sharedAssets + pack.variants.value(kPackTarget);
+}
+
+std::int64_t totalBytes(const QList<UniversalPackAsset>& assets) {
+  constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
+  std::int64_t sum = 0;
+  for (const UniversalPackAsset& asset : assets)
+    sum += std::clamp<std::int64_t>(asset.bytes, 0, kMost - sum);
+  return sum;
 }
 
 }  // namespace orvex

@@ -24,5 +24,8 @@ struct UniversalPackCatalog {
                                                  const Collation& collation = Collation());
 /// The files of the pack for this panel: the shared ones, then those of its variant.
 [[nodiscard]] QList<UniversalPackAsset> finalCutAssets(const UniversalPack& pack);
+/// Their sizes in all, bytes. Sizes come from the network: a negative one counts 0, and a sum
+/// beyond 64 bits is the greatest number of them.
+[[nodiscard]] std::int64_t totalBytes(const QList<UniversalPackAsset>& assets);
 
 }  // namespace orvex

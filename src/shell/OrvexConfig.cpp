@@ -1,6 +1,7 @@
 #include "shell/OrvexConfig.h"
 
 #include "base/Bundle.h"
+#include "services/HttpsAddress.h"
 #include "services/OrvexServices.h"
 
 namespace orvex {
@@ -28,8 +29,7 @@ QUrl endpoint(QLatin1String path) {
 std::expected<void, QString> OrvexConfig::useService(const QString& service) {
   if (service.isEmpty()) return {};
   const QUrl url(service, QUrl::StrictMode);
-  if (!url.isValid() || url.scheme() != u"https" || url.host().isEmpty() || url.hasQuery() ||
-      url.hasFragment() || !url.userInfo().isEmpty()) {
+  if (!isHttpsAddress(url) || url.hasQuery() || url.hasFragment() || !url.userInfo().isEmpty()) {
     return std::unexpected(
         QStringLiteral("ORVEX_SERVICE geçersiz: \"%1\". https://sunucu[:port][/yol] biçiminde bir "
                        "adres ver.")

@@ -1,6 +1,7 @@
 #include "shell/OrvexDesktop.h"
 
 #include "platform/Workspace.h"
+#include "services/HttpsAddress.h"
 #include "shell/OrvexState.h"
 
 #include <QPointer>
@@ -14,7 +15,7 @@ void OrvexDesktop::reveal(const QUrl& file) {
 }
 
 void OrvexDesktop::openPage(const QUrl& page) {
-  if (page.scheme() != u"https" || page.host().isEmpty()) return;
+  if (!isHttpsAddress(page)) return;
   if (!workspace_.open(page))
     state_.showToast(
         QStringLiteral("%1 tarayıcıda açılamadı. Adresi bir tarayıcıya yaz.").arg(page.toString()),

@@ -4,7 +4,6 @@
 #include "services/UniversalPackClient.h"
 #include "shell/OrvexToast.h"
 
-#include <QHash>
 #include <QObject>
 #include <QSet>
 

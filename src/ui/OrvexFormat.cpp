@@ -3,8 +3,6 @@
 #include "base/Text.h"
 #include "host/Timecode.h"
 
-#include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace orvex {
@@ -33,12 +31,7 @@ QString OrvexFormat::finiteRate(double fps) {
 }
 
 QString OrvexFormat::bytes(double count) {
-  if (!(count >= 1000)) return fixedText(std::max(count, 0.0), 0) + QStringLiteral(" B");
-  static constexpr std::array kUnits{u'K', u'M', u'G', u'T', u'P', u'E'};
-  std::size_t unit = 0;
-  // What would be rounded to a thousand is one of the next unit.
-  for (count /= 1000; count >= 999.95 && unit + 1 < kUnits.size(); ++unit) count /= 1000;
-  return fixedText(count, 1) + u' ' + kUnits.at(unit) + u'B';
+  return bytesText(count);
 }
 
 QString OrvexFormat::count(const EngineSummary& summary) {

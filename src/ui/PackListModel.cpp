@@ -1,25 +1,10 @@
 #include "ui/PackListModel.h"
 
+#include "services/UniversalPackCatalog.h"
+
 #include <QSet>
 
-#include <limits>
-
 namespace orvex {
-namespace {
-
-const QString kTarget = QStringLiteral("final-cut");
-
-// Sizes come from the network: a nonsensical one counts for nothing, and no sum overflows.
-qint64 addBytes(qint64 sum, const QList<UniversalPackAsset>& assets) {
-  for (const UniversalPackAsset& asset : assets) {
-    const qint64 bytes = std::max<qint64>(asset.bytes, 0);
-    sum = bytes > std::numeric_limits<qint64>::max() - sum ? std::numeric_limits<qint64>::max()
-                                                           : sum + bytes;
-  }
-  return sum;
-}
-
-}  // namespace
 
 void PackListModel::setState(OrvexState* state) {
   if (state_ == state) return;
@@ -49,9 +34,8 @@ void PackListModel::reload() {
     catalogCount_ = static_cast<int>(state_->packs().size());
     rows.reserve(catalogCount_);
     for (const UniversalPack& pack : state_->packs()) {
-      const QList<UniversalPackAsset> variant = pack.variants.value(kTarget);
-      rows.append({pack, true, pack.sharedAssets.size() + variant.size(),
-                   addBytes(addBytes(0, pack.sharedAssets), variant)});
+      const QList<UniversalPackAsset> assets = finalCutAssets(pack);
+      rows.append({pack, true, assets.size(), totalBytes(assets)});
       listed.insert(pack.id);
     }
     for (const UniversalInstalledPack& installed : state_->installedPacks()) {

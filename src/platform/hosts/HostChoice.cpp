@@ -27,7 +27,7 @@ std::expected<HostChoice, QString> mpvAt(const QString& path) {
   if (path.isEmpty() || path.contains(QChar::Null))
     return std::unexpected(QStringLiteral(
         "mpv: ardından oyuncunun soket yolu gelir (örneğin mpv:/run/user/1000/mpv.sock)."));
-  const QString absolute = QDir::cleanPath(QDir::current().absoluteFilePath(path));
+  const QString absolute = QDir::current().absoluteFilePath(path);
   if (const qsizetype size = QFile::encodeName(absolute).size();
       size > MpvConnection::kMaximumPathBytes)
     return std::unexpected(

@@ -2,8 +2,6 @@
 
 #include "platform/hosts/MpvTask.h"
 
-#include <QJsonObject>
-
 #include <chrono>
 
 namespace orvex {

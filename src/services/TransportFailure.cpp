@@ -1,4 +1,4 @@
-#include "services/TransportErrors.h"
+#include "services/TransportFailure.h"
 
 #include <cerrno>
 #include <openssl/x509_vfy.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "services/HttpClient.h"
+#include "services/TransportError.h"
 
 #include <curl/curl.h>
 
