@@ -38,6 +38,12 @@ FocusScope {
         return true;
     }
 
+    /// Leads the keyboard to the first card.
+    function enter() {
+        currentIndex = 0;
+        move(0);
+    }
+
     implicitHeight: count > 0 ? Math.ceil(count / columns) * pitch - spacing : 0
     implicitWidth: minimumWidth
     onCountChanged: currentIndex = Math.max(0, Math.min(currentIndex, count - 1))

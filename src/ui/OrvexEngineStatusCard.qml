@@ -145,6 +145,7 @@ Item {
                     Layout.fillWidth: true
                     Layout.topMargin: 10
                     done: card.done
+                    name: "Taranıyor"
                     total: card.total
                     visible: card.busy
                 }

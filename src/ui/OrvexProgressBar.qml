@@ -6,6 +6,8 @@ import Orvex
 Item {
     id: bar
 
+    /// What goes on, for who cannot see it.
+    required property string name
     property real done: 0
     property real total: 0
     property color color: OrvexTheme.cyan
@@ -14,7 +16,7 @@ Item {
     readonly property real part: known ? Math.max(0, Math.min(1, done / total)) : 0
     property real phase: 0.5
 
-    Accessible.name: known ? Math.floor(100 * part) + " %" : ""
+    Accessible.name: known ? name + ", " + Math.floor(100 * part) + " %" : name
     Accessible.role: Accessible.ProgressBar
     implicitHeight: 4
     implicitWidth: 80

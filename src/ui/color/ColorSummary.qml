@@ -76,8 +76,8 @@ OrvexPanel {
                 OrvexProgressBar {
                     id: bar
 
-                    Accessible.name: "LUT uygulanıyor"
                     anchors.fill: parent
+                    name: "LUT uygulanıyor"
                     visible: summary.applying
                 }
             }

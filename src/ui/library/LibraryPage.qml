@@ -68,20 +68,8 @@ OrvexScrollPage {
         page.settled = true
     // What is typed anywhere on the page is searched for.
     Keys.onPressed: event => {
-        if (event.text.trim().length === 0 || event.text < " " || event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier))
-            return;
-        field.forceActiveFocus(Qt.ShortcutFocusReason);
-        field.insert(field.cursorPosition, event.text);
-        event.accepted = true;
-    }
-
-    Shortcut {
-        sequence: "Ctrl+F"
-
-        onActivated: {
-            field.forceActiveFocus(Qt.ShortcutFocusReason);
-            field.selectAll();
-        }
+        if (field.take(event))
+            event.accepted = true;
     }
 
     Shortcut {
@@ -134,22 +122,14 @@ OrvexScrollPage {
 
         spacing: 10
 
-        OrvexTextField {
+        LibrarySearch {
             id: field
 
             Layout.fillWidth: true
             Layout.minimumWidth: 80
-            inputMethodHints: Qt.ImhNoPredictiveText
-            name: page.placeholder.replace("…", "")
-            objectName: "search"
             placeholderText: page.placeholder
 
-            Keys.onDownPressed: grid.move(0)
-            Keys.onEscapePressed: event => {
-                event.accepted = field.length > 0;
-                field.clear();
-            }
-            onAccepted: grid.move(0)
+            onSearched: grid.enter()
             onTextChanged: page.items.search = field.text
         }
 

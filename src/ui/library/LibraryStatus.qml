@@ -107,6 +107,7 @@ ColumnLayout {
         OrvexProgressBar {
             anchors.fill: parent
             done: status.scanDone
+            name: "Taranıyor"
             objectName: "progress"
             total: status.scanTotal
             visible: status.scanning

@@ -46,14 +46,8 @@ OrvexScrollPage {
 
     // What is typed anywhere on the page is searched for.
     Keys.onPressed: event => {
-        const writes = event.text.trim().length > 0 && event.text >= " ";
-        if (writes && !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier))) {
-            searchField.forceActiveFocus(Qt.ShortcutFocusReason);
-            searchField.insert(searchField.cursorPosition, event.text);
+        if (searchField.take(event))
             event.accepted = true;
-        } else {
-            event.accepted = page.scrollFor(event.key);
-        }
     }
     onFrameChanged: settled.restart()
     onScanningChanged: if (!page.scanning)
@@ -63,15 +57,6 @@ OrvexScrollPage {
         onAppeared: {
             page.state.refreshInstalledPacks();
             page.previews.refreshSource();
-        }
-    }
-
-    Shortcut {
-        sequences: ["Ctrl+F"]
-
-        onActivated: {
-            searchField.forceActiveFocus(Qt.ShortcutFocusReason);
-            searchField.selectAll();
         }
     }
 
@@ -175,28 +160,13 @@ OrvexScrollPage {
         title: "Color & LUT Library"
     }
 
-    OrvexTextField {
+    LibrarySearch {
         id: searchField
 
-        leftPadding: 34
-        name: "LUT ara"
-        objectName: "search"
         placeholderText: "LUT ara…"
 
-        Keys.onDownPressed: (cloud.count > 0 ? cloudCards : localCards).move(0)
-        Keys.onEscapePressed: event => {
-            event.accepted = searchField.length > 0;
-            searchField.clear();
-        }
+        onSearched: (cloud.count > 0 ? cloudCards : localCards).enter()
         onTextChanged: page.search = searchField.text
-
-        OrvexSymbol {
-            anchors.verticalCenter: parent.verticalCenter
-            color: OrvexTheme.muted
-            name: "magnifyingglass"
-            size: 16
-            x: 11
-        }
     }
 
     ColorSummary {

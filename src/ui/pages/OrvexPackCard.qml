@@ -182,6 +182,7 @@ FocusScope {
                     Layout.fillWidth: true
                     Layout.topMargin: 9
                     done: card.installing ? card.progressDone : 0
+                    name: card.installing ? "Kuruluyor" : "Kaldırılıyor"
                     opacity: card.busy ? 1 : 0
                     total: card.installing && !card.cancelling ? card.progressTotal : 0
                 }

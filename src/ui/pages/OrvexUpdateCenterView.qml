@@ -80,9 +80,9 @@ OrvexScrollPage {
         // Keeps its place, so that nothing below it moves.
         OrvexProgressBar {
             Accessible.ignored: !page.state.packsRefreshing
-            Accessible.name: "Katalog okunuyor"
             Layout.fillWidth: true
             implicitHeight: 2
+            name: "Katalog okunuyor"
             opacity: page.state.packsRefreshing ? 1 : 0
         }
     }
