@@ -1,5 +1,7 @@
 #include "ui/PackListModel.h"
 
+#include "services/UniversalPackCatalog.h"
+
 #include <QSet>
 
 #include <limits>
@@ -7,10 +9,9 @@
 namespace orvex {
 namespace {
 
-const QString kTarget = QStringLiteral("final-cut");
-
 // Sizes come from the network: a nonsensical one counts for nothing, and no sum overflows.
-qint64 addBytes(qint64 sum, const QList<UniversalPackAsset>& assets) {
+qint64 bytesOf(const QList<UniversalPackAsset>& assets) {
+  qint64 sum = 0;
   for (const UniversalPackAsset& asset : assets) {
     const qint64 bytes = std::max<qint64>(asset.bytes, 0);
     sum = bytes > std::numeric_limits<qint64>::max() - sum ? std::numeric_limits<qint64>::max()
@@ -49,9 +50,8 @@ void PackListModel::reload() {
     catalogCount_ = static_cast<int>(state_->packs().size());
     rows.reserve(catalogCount_);
     for (const UniversalPack& pack : state_->packs()) {
-      const QList<UniversalPackAsset> variant = pack.variants.value(kTarget);
-      rows.append({pack, true, pack.sharedAssets.size() + variant.size(),
-                   addBytes(addBytes(0, pack.sharedAssets), variant)});
+      const QList<UniversalPackAsset> assets = finalCutAssets(pack);
+      rows.append({pack, true, assets.size(), bytesOf(assets)});
       listed.insert(pack.id);
     }
     for (const UniversalInstalledPack& installed : state_->installedPacks()) {
