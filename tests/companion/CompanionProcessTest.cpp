@@ -3,19 +3,9 @@
 #include "platform/Workspace.h"
 #include "support/MpvPlayer.h"
 
-#include <QJsonObject>
-#include <QUrl>
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
-
-namespace {
-
 const QString kFocus = u"vantrelo-finalcut://focus-panel"_s;
 
-QString actionUrl(const QString& action) {
-  return u"vantrelo-finalcut://timeline-action?action="_s + action;
-}
+const QString kAction = u"vantrelo-finalcut://timeline-action?action="_s;
 
 using CompanionProcess = CompanionCase;
 
@@ -34,12 +24,12 @@ TEST_F(CompanionProcess, RefusesWrongUsageAndAddresses) {
     EXPECT_TRUE(result.errors.contains(error)) << result.errors;
   }
   qputenv("ORVEX_HOST", "vlc");
-  EXPECT_EQ(run({actionUrl(u"blade-speed"_s)}).exitCode, 2);
+  EXPECT_EQ(run({kAction + u"blade-speed"_s}).exitCode, 2);
   EXPECT_EQ(calls_, QStringList());
 }
 
 TEST_F(CompanionProcess, PerformsOnThePanelOrSaysWhyNot) {
-  const QString blade = actionUrl(u"blade-speed"_s);
+  const QString blade = kAction + u"blade-speed"_s;
   const struct {
     bool panelRuns;
     QString url;
@@ -85,7 +75,7 @@ TEST_F(CompanionProcess, RegisteredItIsWhatTheDesktopOpensAddressesWith) {
   EXPECT_EQ(contentsOf(entry) + contentsOf(associations), once);
   ASSERT_TRUE(platform_->exportPanel(*this));
   host_ = u"builtin"_s;
-  EXPECT_TRUE(platform_->workspace().open(QUrl(actionUrl(u"normal-speed"_s))));
+  EXPECT_TRUE(platform_->workspace().open(QUrl(kAction + u"normal-speed"_s)));
   EXPECT_TRUE(waitUntil([&] { return !calls_.isEmpty(); }));
   EXPECT_EQ(calls_, QStringList{u"normal-speed"_s});
 
@@ -98,7 +88,7 @@ TEST_F(CompanionProcess, GivesAPlayerItsCommands) {
   MpvPlayer player({u"--start=2"_s, testClip(u"25"_s)});
   ASSERT_TRUE(waitUntil([&] { return player.property(u"time-pos"_s).isDouble(); }));
   qputenv("ORVEX_HOST", "mpv:" + QFile::encodeName(player.socketPath()));
-  const ProgramResult blade = run({actionUrl(u"blade-speed"_s)});
+  const ProgramResult blade = run({kAction + u"blade-speed"_s});
   EXPECT_EQ(blade.exitCode, 0) << blade.errors;
   EXPECT_EQ(player.property(u"chapter-list"_s).toArray().size(), 1);
   player.command({u"set_property"_s, u"speed"_s, 2.5});
@@ -106,10 +96,8 @@ TEST_F(CompanionProcess, GivesAPlayerItsCommands) {
   qunsetenv("ORVEX_HOST");
   host_ = u"mpv:"_s + player.socketPath();
   ASSERT_TRUE(platform_->exportPanel(*this));
-  EXPECT_TRUE(run({actionUrl(u"toggle-retime"_s)}).output.contains(u"%250"));
-  EXPECT_EQ(run({actionUrl(u"normal-speed"_s)}).exitCode, 0);
+  EXPECT_TRUE(run({kAction + u"toggle-retime"_s}).output.contains(u"%250"));
+  EXPECT_EQ(run({kAction + u"normal-speed"_s}).exitCode, 0);
   EXPECT_EQ(player.property(u"speed"_s), 1);
   EXPECT_EQ(calls_, QStringList());
 }
-
-}  // namespace
