@@ -30,39 +30,32 @@ TEST_F(CompanionProcess, RefusesWrongUsageAndAddresses) {
 
 TEST_F(CompanionProcess, PerformsOnThePanelOrSaysWhyNot) {
   const QString blade = kAction + u"blade-speed"_s;
-  const struct {
-    bool panelRuns;
-    QString url;
-    QByteArray variable;
-    QString panelsHost;
-    bool isDone;
-    QString sentence;
-    bool isAsked = false;
-  } rows[] = {
-      {false, kFocus, "", u""_s, false, u"Önce paneli aç"_s},
-      {false, blade, "builtin", u""_s, false, u"Önce paneli aç"_s},
-      {false, blade, "none", u""_s, false, u"bir host yok"_s},
+  // Whether a panel runs, what is asked for, the variable, the panel's host; whether it is done,
+  // what is said, and whether the panel was asked.
+  const std::tuple<bool, QString, QByteArray, QString, bool, QString, bool> rows[] = {
+      {false, kFocus, "", u""_s, false, u"Önce paneli aç"_s, false},
+      {false, blade, "builtin", u""_s, false, u"Önce paneli aç"_s, false},
+      {false, blade, "none", u""_s, false, u"bir host yok"_s, false},
       {true, kFocus, "none", u"none"_s, true, u"öne getirildi"_s, true},
       {true, blade, "", u"builtin:24"_s, true, u"\"blade-speed\""_s, true},
       {true, blade, "builtin", u"none"_s, false, u"uygulanamadı"_s, true},
-      {true, blade, "", u"none"_s, false, u"bir host yok"_s},
-      {true, blade, "none", u"builtin"_s, false, u"bir host yok"_s},
-      {true, blade, "", u"vlc"_s, false, u"vlc"_s},
-      {true, blade, "mpv:/nonexistent/s", u"builtin"_s, false, u"/nonexistent/s"_s},
+      {true, blade, "", u"none"_s, false, u"bir host yok"_s, false},
+      {true, blade, "none", u"builtin"_s, false, u"bir host yok"_s, false},
+      {true, blade, "", u"vlc"_s, false, u"vlc"_s, false},
+      {true, blade, "mpv:/nonexistent/s", u"builtin"_s, false, u"/nonexistent/s"_s, false},
   };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(&row - rows);
-    qputenv("ORVEX_HOST", row.variable);
-    host_ = row.panelsHost;
-    hasBuiltInHost_ = row.isDone;
+  for (const auto& [panelRuns, url, variable, panelsHost, isDone, sentence, isAsked] : rows) {
+    SCOPED_TRACE(variable.toStdString() + ' ' + sentence.toStdString());
+    qputenv("ORVEX_HOST", variable);
+    host_ = panelsHost;
+    hasBuiltInHost_ = isDone;
     calls_.clear();
-    if (row.panelRuns) std::ignore = platform_->exportPanel(*this);
-    const ProgramResult result = run({row.url});
-    EXPECT_EQ(result.exitCode, row.isDone ? 0 : 1);
-    EXPECT_TRUE((row.isDone ? result.output : result.errors).contains(row.sentence))
-        << result.errors;
+    if (panelRuns) std::ignore = platform_->exportPanel(*this);
+    const ProgramResult result = run({url});
+    EXPECT_EQ(result.exitCode, isDone ? 0 : 1);
+    EXPECT_TRUE((isDone ? result.output : result.errors).contains(sentence)) << result.errors;
     EXPECT_TRUE(result.errors.contains(u"[Vantrelo Orvex] companion: ")) << "not in the log";
-    EXPECT_EQ(calls_.size(), row.isAsked ? 1 : 0);
+    EXPECT_EQ(calls_.size(), isAsked ? 1 : 0);
   }
 }
 

@@ -6,8 +6,7 @@
 namespace {
 
 // A player with a file, the runtime that found it and a panel connected to it.
-class Session {
- public:
+struct Session {
   explicit Session(const QStringList& arguments)
       : player(arguments), runtime(player.socketPath()), panel(runtime) {
     EXPECT_TRUE(panel.ready());

@@ -17,8 +17,7 @@ using Answer = std::function<QByteArray(const QJsonObject& request)>;
 
 // Listens at a path, sends `greeting` to whoever connects and answers requests. Without `answer` it
 // hangs up.
-class Peer {
- public:
+struct Peer {
   Peer(const QString& path, const Answer& answer, const QByteArray& greeting = {}) {
     QLocalServer::removeServer(path);
     EXPECT_TRUE(server_.listen(path));

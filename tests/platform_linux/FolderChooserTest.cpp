@@ -11,11 +11,10 @@
 namespace {
 
 // A dialog on the portal's side; it can be closed from the other.
-class Dialog final : public QObject {
+struct Dialog final : QObject {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Request")
 
- public:
   bool closed = false;
 
  public Q_SLOTS:
@@ -23,12 +22,11 @@ class Dialog final : public QObject {
 };
 
 // A portal on the session's bus that keeps to a script.
-class Portal final : public QObject {
+struct Portal final : QObject {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.FileChooser")
   Q_PROPERTY(uint version MEMBER version)
 
- public:
   Portal() {
     EXPECT_TRUE(bus.connection().registerObject(
         u"/org/freedesktop/portal/desktop"_qs, this,

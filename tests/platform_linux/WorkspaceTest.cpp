@@ -14,11 +14,10 @@
 
 namespace {
 
-class FileManager final : public QObject {
+struct FileManager final : QObject {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
 
- public:
   FileManager() {
     EXPECT_TRUE(bus.connection().registerObject(u"/org/freedesktop/FileManager1"_s, this,
                                                 QDBusConnection::ExportAllSlots));

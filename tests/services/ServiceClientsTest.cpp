@@ -50,6 +50,8 @@ TEST(ServiceClients, FetchReleasesAndCatalogs) {
   const QByteArray manifest =
       R"({"productId":"vantrelo-orvex-finalcut","version":"1.2","downloadURL":"https://x/y"})";
   const QByteArray catalog = R"({"schemaVersion":1,"revision":"r","packs":[]})";
+  const char16_t* const noRelease = u"release: Release manifest cevabı geçersiz.";
+  const char16_t* const noPacks = u"pack: Universal Pack sunucu cevabı geçersiz.";
   // The status, and for each service what is sent with it and what comes of that.
   const std::tuple<int, QByteArray, const char16_t*, QByteArray, const char16_t*> rows[]{
       {200, manifest, u"1.2", catalog, u"r"},
@@ -61,11 +63,7 @@ TEST(ServiceClients, FetchReleasesAndCatalogs) {
        u"pack: Universal Pack kataloğu geçersiz."},
       // What cannot be read is said before what it is for.
       {200, R"({"productId":"x","version":"1"})", u"json", R"({"schemaVersion":2})", u"json"},
-      {kGarbage,
-       {},
-       u"release: Release manifest cevabı geçersiz.",
-       {},
-       u"pack: Universal Pack sunucu cevabı geçersiz."},
+      {kGarbage, {}, noRelease, {}, noPacks},
       {kSilence, {}, u"transport", {}, u"transport"},
   };
   for (const auto& [status, manifestSent, release, catalogSent, packs] : rows) {

@@ -43,8 +43,7 @@ class TestCloud {
         {QStringLiteral("productId"), QStringLiteral("vantrelo-orvex-finalcut")},
         {QStringLiteral("version"), version},
         {QStringLiteral("downloadURL"), QStringLiteral("https://orvex.example/indir")}};
-    for (auto field = fields.begin(); field != fields.end(); ++field)
-      manifest.insert(field.key(), field.value());
+    for (const QString& key : fields.keys()) manifest.insert(key, fields[key]);
     server.answer(kManifest, 200, QJsonDocument(manifest).toJson());
   }
   /// A pack of one shared file, in place of the one with the same identifier from the next

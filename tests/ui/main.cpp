@@ -13,10 +13,9 @@ Q_IMPORT_QML_PLUGIN(OrvexPlugin)
 namespace {
 
 /// What the tests need and QML cannot reach.
-class Setup : public QObject {
+struct Setup : QObject {
   Q_OBJECT
 
- public:
   /// Symbols that the icon font has no drawing for.
   Q_INVOKABLE QStringList undrawnSymbols() const {
     const QFont font(QStringLiteral("Material Icons"));

@@ -14,11 +14,10 @@
 namespace orvex {
 
 /// A folder with files for the library pages, and the pointer that drops it.
-class LibraryFiles : public QObject {
+struct LibraryFiles : QObject {
   Q_OBJECT
   Q_PROPERTY(QUrl root READ root CONSTANT)
 
- public:
   [[nodiscard]] QUrl root() const { return QUrl::fromLocalFile(tree_.text({})); }
 
   Q_INVOKABLE QUrl file(const QString& below) const {

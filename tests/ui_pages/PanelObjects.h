@@ -58,19 +58,19 @@ class PanelObjects : public QQmlPropertyMap, public RecordedDesktop {
 
  public:
   PanelObjects() : QQmlPropertyMap(this, nullptr) {
-    const auto add = [this](const char* name, QObject* object) {
-      insert(QLatin1String(name), QVariant::fromValue(object));
-    };
-    add("state", state_.get());
-    add("motion", &motion_);
-    add("audio", &audio_);
-    add("luts", &luts_);
-    add("fxplug", &fxplug_);
-    add("hostAdapter", &adapter_);
-    add("desktop", &desktop_);
-    add("colorServices", &colorServices_);
-    add("host", dynamic_cast<BuiltInHost*>(runtime_->hostSingleton().get()));
-    add("files", &files_);
+    const QMap<QByteArray, QObject*> parts{
+        {"state", state_.get()},
+        {"motion", &motion_},
+        {"audio", &audio_},
+        {"luts", &luts_},
+        {"fxplug", &fxplug_},
+        {"hostAdapter", &adapter_},
+        {"desktop", &desktop_},
+        {"colorServices", &colorServices_},
+        {"files", &files_},
+        {"host", dynamic_cast<BuiltInHost*>(runtime_->hostSingleton().get())}};
+    for (const auto& [name, part] : parts.asKeyValueRange())
+      insert(QString::fromLatin1(name), QVariant::fromValue(part));
   }
 
   /// Puts a pack with these files into the store; the values name files of the corpus of odd LUTs.
