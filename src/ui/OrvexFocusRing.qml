@@ -2,9 +2,9 @@ import QtQuick
 import QtQuick.Templates as T
 import Orvex
 
-/// Shows where the keyboard is. `target` fills the item's parent.
+/// Shows where the keyboard is. `target` fills the item's parent; what is no control sets `visible`.
 Rectangle {
-    required property T.Control target
+    property T.Control target: null
     property real targetRadius: OrvexTheme.tileRadius
 
     anchors.fill: parent
@@ -13,5 +13,5 @@ Rectangle {
     border.width: 2
     color: "transparent"
     radius: targetRadius + 3
-    visible: target.visualFocus
+    visible: target?.visualFocus ?? false
 }

@@ -121,7 +121,7 @@ TEST(HttpClient, EndsWhatAServerDoesWrong) {
   HttpClient impatient(server.options(300ms));
   for (const auto& [said, then, kind, repeated] : rows) {
     SCOPED_TRACE((said + repeated).left(60).constData());
-    server.on("/wrong", [&](Peer& peer, const auto&) {
+    server.on("/wrong", [=](Peer& peer, const auto&) {
       peer.send(said);
       if (!repeated.isEmpty()) peer.repeat(repeated, repeated.size() > 1 ? 0ms : 50ms);
       (peer.*then)();
