@@ -11,10 +11,11 @@
 namespace {
 
 // A dialog on the portal's side; it can be closed from the other.
-struct Dialog final : QObject {
+class Dialog final : public QObject {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Request")
 
+ public:
   bool closed = false;
 
  public Q_SLOTS:
@@ -22,11 +23,12 @@ struct Dialog final : QObject {
 };
 
 // A portal on the session's bus that keeps to a script.
-struct Portal final : QObject {
+class Portal final : public QObject {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.FileChooser")
   Q_PROPERTY(uint version MEMBER version)
 
+ public:
   Portal() {
     EXPECT_TRUE(bus.connection().registerObject(
         u"/org/freedesktop/portal/desktop"_qs, this,

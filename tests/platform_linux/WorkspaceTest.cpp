@@ -14,10 +14,11 @@
 
 namespace {
 
-struct FileManager final : QObject {
+class FileManager final : public QObject {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
 
+ public:
   FileManager() {
     EXPECT_TRUE(bus.connection().registerObject(u"/org/freedesktop/FileManager1"_s, this,
                                                 QDBusConnection::ExportAllSlots));

@@ -13,9 +13,10 @@ Q_IMPORT_QML_PLUGIN(OrvexPlugin)
 namespace {
 
 /// What the tests need and QML cannot reach.
-struct Setup : QObject {
+class Setup : public QObject {
   Q_OBJECT
 
+ public:
   /// Symbols that the icon font has no drawing for.
   Q_INVOKABLE QStringList undrawnSymbols() const {
     const QFont font(QStringLiteral("Material Icons"));

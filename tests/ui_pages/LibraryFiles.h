@@ -14,10 +14,11 @@
 namespace orvex {
 
 /// A folder with files for the library pages, and the pointer that drops it.
-struct LibraryFiles : QObject {
+class LibraryFiles : public QObject {
   Q_OBJECT
   Q_PROPERTY(QUrl root READ root CONSTANT)
 
+ public:
   [[nodiscard]] QUrl root() const { return QUrl::fromLocalFile(tree_.text({})); }
 
   Q_INVOKABLE QUrl file(const QString& below) const {
