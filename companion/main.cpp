@@ -6,6 +6,7 @@
 #include "platform/Platform.h"
 #include "platform/SchemeHandler.h"
 #include "platform/SystemLog.h"
+#include "platform/TimelineActions.h"
 
 #include <QCoreApplication>
 #include <QTimer>
@@ -25,7 +26,7 @@ constexpr auto kUsage =
     "  ADRES         isteği yerine getirir:\n"
     "                  vantrelo-finalcut://focus-panel\n"
     "                  vantrelo-finalcut://timeline-action?action=KOMUT\n"
-    "                KOMUT: toggle-retime, blade-speed ya da normal-speed\n"
+    "                KOMUT: %s\n"
     "  --register    bu kullanıcının vantrelo-finalcut adreslerini bu programla açtırır\n"
     "  --unregister  o kaydı geri alır\n"
     "\n"
@@ -148,7 +149,7 @@ int main(int argc, char** argv) {
   const QStringList arguments = QCoreApplication::arguments().mid(1);
   const QString argument = arguments.value(0);
   if (argument == u"--help" || argument == u"-h") {
-    std::fputs(kUsage, stdout);
+    std::printf(kUsage, qUtf8Printable(timelineActionList()));
     return kDone;
   }
   if (argument == u"--version" || argument == u"-v") {
@@ -158,7 +159,7 @@ int main(int argc, char** argv) {
   const bool isRegistration = argument == u"--register" || argument == u"--unregister";
   if (arguments.size() > 1 || (!arguments.isEmpty() && argument.isEmpty()) ||
       (argument.startsWith(u'-') && !isRegistration)) {
-    std::fputs(kUsage, stderr);
+    std::fprintf(stderr, kUsage, qUtf8Printable(timelineActionList()));
     return kRefused;
   }
   const auto platform = makePlatform();

@@ -2,6 +2,7 @@
 
 #include "platform/HostRuntime.h"
 #include "platform/SystemLog.h"
+#include "platform/TimelineActions.h"
 #include "platform/Workspace.h"
 
 #include <QUrl>
@@ -47,20 +48,13 @@ void describe(const MediaTimeRange& range, HostSnapshot& snapshot) {
   snapshot.sequenceDurationSeconds = secondsOrZero(range.duration);
 }
 
-struct TimelineAction {
-  QStringView name;
-  QString sentMessage;
-};
-
-const TimelineAction* findAction(QStringView name) {
-  static const std::array<TimelineAction, 3> actions{{
-      {u"toggle-retime", QStringLiteral("Retime Editor komutu Final Cut'a gönderildi.")},
-      {u"blade-speed", QStringLiteral("Playhead konumuna Speed Point eklendi.")},
-      {u"normal-speed", QStringLiteral("Seçili klip Normal Speed %100 yapıldı.")},
-  }};
-  for (const TimelineAction& action : actions)
-    if (action.name == name) return &action;
-  return nullptr;
+// What is told of a command that was sent; null for what is none.
+QString sentMessage(QStringView action) {
+  if (action == kToggleRetime)
+    return QStringLiteral("Retime Editor komutu Final Cut'a gönderildi.");
+  if (action == kBladeSpeed) return QStringLiteral("Playhead konumuna Speed Point eklendi.");
+  if (action == kNormalSpeed) return QStringLiteral("Seçili klip Normal Speed %100 yapıldı.");
+  return {};
 }
 
 }  // namespace
@@ -178,8 +172,8 @@ void FinalCutHostAdapter::movePlayhead(double seconds) {
 }
 
 void FinalCutHostAdapter::performTimelineAction(const QString& action) {
-  const TimelineAction* known = findAction(action);
-  if (known == nullptr) {
+  const QString message = sentMessage(action);
+  if (message.isNull()) {
     notice(QStringLiteral("Geçersiz timeline komutu."), HostState::Notice::Error);
     return;
   }
@@ -188,7 +182,7 @@ void FinalCutHostAdapter::performTimelineAction(const QString& action) {
   query.addQueryItem(QStringLiteral("action"), action);
   url.setQuery(query);
   if (workspace_.open(url))
-    notice(known->sentMessage, HostState::Notice::Info);
+    notice(message, HostState::Notice::Info);
   else
     notice(QStringLiteral("Vantrelo yardımcı motoru açılamadı."), HostState::Notice::Error);
 }

@@ -42,7 +42,7 @@ class FinalCutHostAdapter final : public QObject, public FCPXTimelineObserver {
   Q_INVOKABLE void moveByFrames(qint64 count);
   /// Moves to `seconds`, clamped into the sequence.
   void movePlayhead(double seconds);
-  /// `action` is "toggle-retime", "blade-speed" or "normal-speed".
+  /// `action` is one of `kTimelineActions`.
   Q_INVOKABLE void performTimelineAction(const QString& action);
 
   // Any thread. A callback whose refresh is still waiting for the main thread adds nothing to it,

@@ -9,8 +9,10 @@
 namespace orvex {
 
 /// The names of the timeline commands, as the companion's address carries them and hosts take them.
-inline constexpr std::array<QStringView, 3> kTimelineActions{u"toggle-retime", u"blade-speed",
-                                                             u"normal-speed"};
+inline constexpr QStringView kToggleRetime = u"toggle-retime";
+inline constexpr QStringView kBladeSpeed = u"blade-speed";
+inline constexpr QStringView kNormalSpeed = u"normal-speed";
+inline constexpr std::array kTimelineActions{kToggleRetime, kBladeSpeed, kNormalSpeed};
 
 [[nodiscard]] inline bool isTimelineAction(QStringView name) {
   return std::ranges::find(kTimelineActions, name) != kTimelineActions.end();

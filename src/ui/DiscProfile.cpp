@@ -47,10 +47,11 @@ double blurredDisc(double r, double radius, double deviation) {
 }  // namespace
 
 DiscProfile::DiscProfile(double radius, double deviation)
-    : reach_(radius + 3 * deviation), stepsPerUnit_(static_cast<float>(kSteps / reach_)) {
-  const double last = blurredDisc(reach_, radius, deviation);
+    : stepsPerUnit_(static_cast<float>(kSteps / reach(radius, deviation))) {
+  const double end = reach(radius, deviation);
+  const double last = blurredDisc(end, radius, deviation);
   for (std::size_t i = 0; i < table_.size(); ++i) {
-    const double r = reach_ * static_cast<double>(i) / kSteps;
+    const double r = end * static_cast<double>(i) / kSteps;
     // What is left at the reach is taken off everywhere, so that the picture has no edge.
     table_[i] = static_cast<float>(std::max(0.0, blurredDisc(r, radius, deviation) - last));
   }

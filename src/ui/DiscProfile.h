@@ -12,8 +12,10 @@ class DiscProfile {
   /// `radius` of the disc and standard `deviation` of the blur, both above 0.
   DiscProfile(double radius, double deviation);
 
-  /// From here on the profile is 0.
-  [[nodiscard]] double reach() const noexcept { return reach_; }
+  /// The distance from which on the profile is 0.
+  [[nodiscard]] static double reach(double radius, double deviation) noexcept {
+    return radius + 3 * deviation;
+  }
   [[nodiscard]] float at(float distance) const noexcept {
     const float place = distance * stepsPerUnit_;
     if (!(place < static_cast<float>(kSteps))) return 0;
@@ -25,7 +27,6 @@ class DiscProfile {
  private:
   static constexpr int kSteps = 256;
 
-  double reach_;
   float stepsPerUnit_;
   // Even steps from the centre to the reach, and one more so that the last step has an end.
   std::array<float, kSteps + 2> table_;

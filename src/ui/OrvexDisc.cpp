@@ -7,12 +7,11 @@
 #include <QQuickWindow>
 
 #include <cmath>
-#include <vector>
 
 namespace orvex {
 
 int OrvexDisc::Recipe::side() const {
-  return static_cast<int>(std::ceil(2 * (radius + 3 * deviation) * scale));
+  return static_cast<int>(std::ceil(2 * DiscProfile::reach(radius, deviation) * scale));
 }
 
 QImage OrvexDisc::Recipe::render(const std::stop_token& stop) const {
@@ -66,7 +65,7 @@ void OrvexDisc::itemChange(ItemChange change, const ItemChangeData& value) {
 
 void OrvexDisc::restyle() {
   if (!isComponentComplete()) return;
-  const double side = diameter_ + 6 * blurRadius_;
+  const double side = 2 * DiscProfile::reach(diameter_ / 2, blurRadius_);
   setImplicitSize(side, side);
   const bool wasReady = isReady();
   wanted_ = {diameter_ / 2,

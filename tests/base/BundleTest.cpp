@@ -1,8 +1,5 @@
 #include "base/Bundle.h"
 #include "base/FileDescriptor.h"
-#include "support/TemporaryTree.h"
-
-using namespace orvex;
 
 namespace {
 

@@ -1,10 +1,6 @@
 #include "base/Collation.h"
 #include "base/SearchIndex.h"
 
-#include <gmock/gmock.h>
-
-using namespace orvex;
-
 namespace {
 
 const QLocale kTurkish(QLocale::Turkish);
@@ -67,10 +63,10 @@ TEST(SearchIndex, NamesEachItemOnceInOrder) {
   index.add({u"banana", u"fruit"});
   index.add({u"", u""});
   index.add({u"ana", u"banana"});
-  EXPECT_THAT(index.find(u"ana"), testing::ElementsAre(0, 2));
-  EXPECT_THAT(index.find(u" \t\n"), testing::ElementsAre(0, 1, 2));
+  EXPECT_THAT(index.find(u"ana"), ElementsAre(0, 2));
+  EXPECT_THAT(index.find(u" \t\n"), ElementsAre(0, 1, 2));
   // No text runs on into the next one.
-  EXPECT_THAT(index.find(u"anafruit"), testing::IsEmpty());
+  EXPECT_THAT(index.find(u"anafruit"), IsEmpty());
 }
 
 }  // namespace

@@ -1,10 +1,4 @@
 #include "base/FileTree.h"
-#include "support/TemporaryTree.h"
-
-#include <gmock/gmock.h>
-#include <vector>
-
-using namespace orvex;
 
 namespace {
 
@@ -56,14 +50,7 @@ TEST(FileTree, MeetsWhatIsThereAndFollowsNoLink) {
 
 TEST(FileTree, StopsWhereTheTreeIsTooDeep) {
   const TemporaryTree tree;
-  int folder = ::open(tree.root().constData(), O_RDONLY | O_DIRECTORY);
-  for (int i = 0; i < 600; ++i) {
-    ASSERT_EQ(::mkdirat(folder, "dd", 0755), 0);
-    const int below = ::openat(folder, "dd", O_RDONLY | O_DIRECTORY);
-    ::close(folder);
-    folder = below;
-  }
-  ::close(folder);
+  tree.folder(QByteArray("dd/").repeated(600));
   const Walked walked = walk(tree.root());
   EXPECT_TRUE(walked.result.complete);
   EXPECT_EQ(walked.result.skippedFolders, 1);

@@ -1,15 +1,5 @@
 #include "base/MediaTime.h"
 
-#include <gtest/gtest.h>
-#include <limits>
-
-using namespace orvex;
-
-namespace {
-
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
-
 TEST(MediaTime, FromSeconds) {
   const std::tuple<double, std::int32_t, MediaTime> cases[] = {
       {1.5, 600, {900, 600}},
@@ -29,5 +19,3 @@ TEST(MediaTime, FromSeconds) {
   for (const auto& [seconds, timescale, expected] : cases)
     EXPECT_EQ(MediaTime::fromSeconds(seconds, timescale), expected) << seconds << ' ' << timescale;
 }
-
-}  // namespace

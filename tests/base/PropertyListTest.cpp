@@ -3,10 +3,6 @@
 
 #include <QStringEncoder>
 
-#include <gtest/gtest.h>
-
-using namespace orvex;
-
 namespace {
 
 QByteArray xml(const QByteArray& body) {
@@ -35,6 +31,15 @@ QByteArray text(const char* letter) {
   return QByteArray("\x51") + letter;
 }
 
+// Arrays in arrays, each with so many references to the next one, around a boolean.
+QByteArray nested(int levels, int references) {
+  QList<QByteArray> objects;
+  for (int i = 1; i <= levels; ++i)
+    objects.append(static_cast<char>(0xA0 + references) +
+                   QByteArray(references, static_cast<char>(i)));
+  return binary(objects << "\x09");
+}
+
 const QByteArray kTrue("\x09");
 const QByteArray kDate = QByteArray("\x33") + "12345678";
 
@@ -58,19 +63,7 @@ TEST(PropertyList, KeepsTypesApartInBothForms) {
 }
 
 TEST(PropertyList, RefusesWhatItsParserWouldNotSurvive) {
-  QList<QByteArray> chain;
-  QList<QByteArray> doubling;
-  for (int i = 0; i < PropertyList::kMaximumDepth; ++i) {
-    chain.append("\xA1" + QByteArray(1, static_cast<char>(i + 1)));
-    doubling.append("\xA2" + QByteArray(2, static_cast<char>(i + 1)));
-  }
-  QList<QByteArray> shallow = chain.mid(1);
-  for (QByteArray& object : shallow) object[1] = static_cast<char>(object[1] - 1);
-  shallow.append(kTrue);
-  EXPECT_TRUE(PropertyList::parse(binary(shallow)));
-  chain.append(kTrue);
-  const QList<QByteArray> sharing = doubling.first(40) << kTrue;
-
+  EXPECT_TRUE(PropertyList::parse(nested(PropertyList::kMaximumDepth - 1, 1)));
   const QByteArray levels = QByteArray("<array>").repeated(PropertyList::kMaximumDepth);
   const QByteArray rows[]{
       "",
@@ -84,8 +77,8 @@ TEST(PropertyList, RefusesWhatItsParserWouldNotSurvive) {
           QByteArray("</array>").repeated(PropertyList::kMaximumDepth) +
           " <string>~}</string></array></plist>",
       binary({"\xA1\x01", kDate}),
-      binary(chain),
-      binary(sharing),
+      nested(PropertyList::kMaximumDepth, 1),
+      nested(40, 2),
       // Binary ones: holding itself, a reference too far, a length too large, a number for a key,
       // keys with a zero, a set, a wide integer, widths of zero.
       binary({QByteArray("\xA1\x00", 2)}),

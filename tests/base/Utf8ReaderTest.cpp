@@ -1,10 +1,5 @@
 #include "base/FileDescriptor.h"
 #include "base/Utf8Reader.h"
-#include "support/TemporaryTree.h"
-
-#include <optional>
-
-using namespace orvex;
 
 namespace {
 

@@ -7,8 +7,7 @@ namespace orvex {
 
 /// The program as a user runs it who has nothing yet and no host, where nobody owns the companion's
 /// scheme.
-class CommandLine : public testing::Test {
- protected:
+struct CommandLine : testing::Test {
   CommandLine() {
     for (const char* name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME"})
       qputenv(name, tree.root());

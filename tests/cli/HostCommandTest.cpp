@@ -1,15 +1,6 @@
 #include "CommandLine.h"
 #include "support/MpvPlayer.h"
 
-#include <QJsonObject>
-
-#include <unistd.h>
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
-
-namespace {
-
 TEST_F(CommandLine, MovesARealPlayer) {
   MpvPlayer player({testClip(u"24000/1001"_s)});
   qputenv("ORVEX_HOST", "mpv:" + player.socketPath().toUtf8());
@@ -54,12 +45,7 @@ TEST_F(CommandLine, WaitsForAPlayerThatIsOnItsWay) {
 }
 
 TEST_F(CommandLine, SaysWhatAHostDoesNotDo) {
-  const struct {
-    const char* host;
-    QString line;
-    int exitCode;
-    QString error;
-  } rows[] = {
+  const std::tuple<const char*, QString, int, QString> rows[] = {
       {"none", u"host"_s, 1, u"Final Cut Pro host proxy bulunamadı.\n"_s},
       {"mpv:/nonexistent/s", u"host end"_s, 1, u"Final Cut Pro host proxy bulunamadı.\n"_s},
       {"vlc", u"host"_s, 2, u"ORVEX_HOST: "_s},
@@ -67,13 +53,8 @@ TEST_F(CommandLine, SaysWhatAHostDoesNotDo) {
        u"toggle-retime, blade-speed, normal-speed."_s},
       {"builtin", u"host action blade-speed"_s, 1, u"Vantrelo yardımcı motoru açılamadı.\n"_s},
   };
-  for (const auto& row : rows) {
-    qputenv("ORVEX_HOST", row.host);
-    const ProgramResult result = run(row.line);
-    EXPECT_EQ(result.exitCode, row.exitCode) << row.host;
-    EXPECT_TRUE(result.errors.contains(row.error)) << result.errors;
-    EXPECT_EQ(result.output, QString());
+  for (const auto& [host, line, exitCode, error] : rows) {
+    qputenv("ORVEX_HOST", host);
+    expectFailure(line, exitCode, error);
   }
 }
-
-}  // namespace

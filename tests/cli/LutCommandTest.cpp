@@ -1,10 +1,5 @@
 #include "CommandLine.h"
 
-using namespace orvex;
-using namespace Qt::StringLiterals;
-
-namespace {
-
 TEST_F(CommandLine, PreparesLutsIntoTheLibraryAskedFor) {
   tree.file("Pack/a.cube", "LUT_3D_SIZE 2\n0 0 0\n");
   const QString root = u" --root "_s + tree.text("Pack");
@@ -16,10 +11,7 @@ TEST_F(CommandLine, PreparesLutsIntoTheLibraryAskedFor) {
   EXPECT_TRUE(other.startsWith(tree.text("L/"))) << other;
   EXPECT_TRUE(QFile::exists(other.trimmed()));
 
-  const ProgramResult refused = run(u"lut prepare "_s + tree.text("Pack") + root);
-  EXPECT_EQ(refused.exitCode, 1);
-  EXPECT_TRUE(refused.errors.contains(u"paket klasörü dışında"));
-  EXPECT_EQ(refused.output, u"");
+  expectFailure(u"lut prepare "_s + tree.text("Pack") + root, 1, u"paket klasörü dışında");
   // Through the helper that the program lies in.
   const ProgramResult answered = run(u"lut apply --json "_s + tree.text("Pack/a.cube") + root);
   EXPECT_EQ(answered.exitCode, 1);
@@ -27,5 +19,3 @@ TEST_F(CommandLine, PreparesLutsIntoTheLibraryAskedFor) {
   EXPECT_EQ(answered.json()[u"succeeded"], false);
   EXPECT_TRUE(answered.json()[u"message"].toString().contains(u"2. satır")) << answered.output;
 }
-
-}  // namespace

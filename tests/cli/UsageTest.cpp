@@ -1,10 +1,5 @@
 #include "CommandLine.h"
 
-using namespace orvex;
-using namespace Qt::StringLiterals;
-
-namespace {
-
 // Before anything is done or sent.
 TEST_F(CommandLine, RefusesWrongUsage) {
   qputenv("ORVEX_SERVICE", "http://localhost");
@@ -32,16 +27,8 @@ TEST_F(CommandLine, RefusesWrongUsage) {
         u"cloud serve d --port 65536"_s, u"cloud serve d --rate"_s, u"cloud serve d --cert x"_s}},
       {u"http://localhost", {u"packs"_s}},
   };
-  for (const auto& [reason, lines] : rows) {
-    for (const QString& line : lines) {
-      const ProgramResult result = run(line);
-      EXPECT_EQ(result.exitCode, 2) << line;
-      EXPECT_TRUE(result.errors.contains(QStringView(reason))) << result.errors;
-      EXPECT_EQ(result.output, QString());
-    }
-  }
+  for (const auto& [reason, lines] : rows)
+    for (const QString& line : lines) expectFailure(line, 2, reason);
   EXPECT_EQ(run(u"--help"_s).exitCode, 0);
   EXPECT_TRUE(run(u"--version"_s).output.startsWith(u"orvex 0."));
 }
-
-}  // namespace

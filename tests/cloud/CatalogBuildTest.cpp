@@ -1,10 +1,6 @@
 #include "base/Sha256.h"
 #include "cloud/CatalogBuild.h"
 #include "services/UniversalPackCatalog.h"
-#include "support/TemporaryTree.h"
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -31,8 +27,7 @@ QString digestOf(const QByteArray& bytes) {
   return QString::fromLatin1(Sha256::of(bytes).toHex());
 }
 
-class CatalogBuildTest : public testing::Test {
- protected:
+struct CatalogBuildTest : testing::Test {
   CatalogBuildTest() {
     pack(tree, "1.0.0");
     tree.file("packs/.hidden/x");
@@ -119,11 +114,7 @@ TEST_F(CatalogBuildTest, RefusesWhatNoPanelWouldTakeAndPublishesNothing) {
   const auto release = [](const QByteArray& product, const QByteArray& url) {
     return R"({"productId":")" + product + R"(","version":"2","downloadURL":")" + url + R"("})";
   };
-  const struct {
-    QByteArray file;
-    QByteArray contents;
-    QString fragment;
-  } rows[]{
+  const std::tuple<QByteArray, QByteArray, QString> rows[]{
       {"packs/gece/shared/b.cube", "other", u"sürümü yükselt"_s},
       {"packs/gece/shared/B.cube", "bb", u"iki kez"_s},
       {"packs/gece/variants/öteki/a %20#?.cube", "", u"iki kez"_s},
@@ -138,17 +129,16 @@ TEST_F(CatalogBuildTest, RefusesWhatNoPanelWouldTakeAndPublishesNothing) {
       {"release.json", release("x", "https://x/y"), u"productId"_s},
       {"release.json", release("vantrelo-orvex-finalcut", "http://x/y"), u"tam bir https"_s},
   };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.file.constData());
+  for (const auto& [file, contents, fragment] : rows) {
+    SCOPED_TRACE(file.constData());
     const TemporaryTree copy;
-    std::filesystem::copy(tree.root().toStdString(), copy.root().toStdString(),
-                          std::filesystem::copy_options::recursive);
-    copy.file(row.file, row.contents);
+    copy.copyFrom(tree);
+    copy.file(file, contents);
     try {
       build(copy);
       ADD_FAILURE();
     } catch (const DescribedError& error) {
-      EXPECT_TRUE(error.description().contains(row.fragment)) << error.description();
+      EXPECT_TRUE(error.description().contains(fragment)) << error.description();
     }
     EXPECT_EQ(published(copy).size(), published(tree).size());
     EXPECT_EQ(copy.contents(kManifest), tree.contents(kManifest));

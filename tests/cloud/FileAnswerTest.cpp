@@ -1,11 +1,5 @@
 #include "cloud/FileAnswer.h"
 
-#include <gtest/gtest.h>
-
-using namespace orvex;
-
-namespace {
-
 TEST(FileAnswer, DecidesByWhatTheClientHasAndWants) {
   const QByteArray tag = "\"1-2\"";
   constexpr qint64 kModified = 784111777;
@@ -14,10 +8,7 @@ TEST(FileAnswer, DecidesByWhatTheClientHasAndWants) {
   const FileAnswer whole{200, 0, 100};
   const FileAnswer unchanged{304, 0, 0};
   const FileAnswer outside{416, 0, 0};
-  const struct {
-    FileConditions conditions;
-    FileAnswer expected;
-  } rows[]{
+  const std::pair<FileConditions, FileAnswer> rows[]{
       {{}, whole},
       {{.ifNoneMatch = tag}, unchanged},
       {{.ifNoneMatch = "\"x\", W/\"1-2\""}, unchanged},
@@ -43,8 +34,6 @@ TEST(FileAnswer, DecidesByWhatTheClientHasAndWants) {
       {{.ifRange = "Mon, 07 Nov 1994 08:49:37 GMT", .range = "bytes=1-2"}, whole},
   };
   for (const auto& row : rows)
-    EXPECT_EQ(answerFor(row.conditions, tag, kModified, 100), row.expected) << &row - rows;
+    EXPECT_EQ(answerFor(row.first, tag, kModified, 100), row.second) << &row - rows;
   EXPECT_EQ(answerFor({.range = "bytes=0-"}, tag, kModified, 0), outside);
 }
-
-}  // namespace

@@ -9,8 +9,7 @@ namespace orvex {
 
 /// The companion as a process, on a real bus beside a panel that is the test's, once it is
 /// exported.
-class CompanionCase : public PrivateSession, protected PanelEndpoint {
- protected:
+struct CompanionCase : PrivateSession, protected PanelEndpoint {
   CompanionCase() { qunsetenv("ORVEX_HOST"); }
 
   bool focusPanel() override {

@@ -3,19 +3,9 @@
 #include "platform/Workspace.h"
 #include "support/MpvPlayer.h"
 
-#include <QJsonObject>
-#include <QUrl>
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
-
-namespace {
-
 const QString kFocus = u"vantrelo-finalcut://focus-panel"_s;
 
-QString actionUrl(const QString& action) {
-  return u"vantrelo-finalcut://timeline-action?action="_s + action;
-}
+const QString kAction = u"vantrelo-finalcut://timeline-action?action="_s;
 
 using CompanionProcess = CompanionCase;
 
@@ -34,45 +24,38 @@ TEST_F(CompanionProcess, RefusesWrongUsageAndAddresses) {
     EXPECT_TRUE(result.errors.contains(error)) << result.errors;
   }
   qputenv("ORVEX_HOST", "vlc");
-  EXPECT_EQ(run({actionUrl(u"blade-speed"_s)}).exitCode, 2);
+  EXPECT_EQ(run({kAction + u"blade-speed"_s}).exitCode, 2);
   EXPECT_EQ(calls_, QStringList());
 }
 
 TEST_F(CompanionProcess, PerformsOnThePanelOrSaysWhyNot) {
-  const QString blade = actionUrl(u"blade-speed"_s);
-  const struct {
-    bool panelRuns;
-    QString url;
-    QByteArray variable;
-    QString panelsHost;
-    bool isDone;
-    QString sentence;
-    bool isAsked = false;
-  } rows[] = {
-      {false, kFocus, "", u""_s, false, u"Önce paneli aç"_s},
-      {false, blade, "builtin", u""_s, false, u"Önce paneli aç"_s},
-      {false, blade, "none", u""_s, false, u"bir host yok"_s},
+  const QString blade = kAction + u"blade-speed"_s;
+  // Whether a panel runs, what is asked for, the variable, the panel's host; whether it is done,
+  // what is said, and whether the panel was asked.
+  const std::tuple<bool, QString, QByteArray, QString, bool, QString, bool> rows[] = {
+      {false, kFocus, "", u""_s, false, u"Önce paneli aç"_s, false},
+      {false, blade, "builtin", u""_s, false, u"Önce paneli aç"_s, false},
+      {false, blade, "none", u""_s, false, u"bir host yok"_s, false},
       {true, kFocus, "none", u"none"_s, true, u"öne getirildi"_s, true},
       {true, blade, "", u"builtin:24"_s, true, u"\"blade-speed\""_s, true},
       {true, blade, "builtin", u"none"_s, false, u"uygulanamadı"_s, true},
-      {true, blade, "", u"none"_s, false, u"bir host yok"_s},
-      {true, blade, "none", u"builtin"_s, false, u"bir host yok"_s},
-      {true, blade, "", u"vlc"_s, false, u"vlc"_s},
-      {true, blade, "mpv:/nonexistent/s", u"builtin"_s, false, u"/nonexistent/s"_s},
+      {true, blade, "", u"none"_s, false, u"bir host yok"_s, false},
+      {true, blade, "none", u"builtin"_s, false, u"bir host yok"_s, false},
+      {true, blade, "", u"vlc"_s, false, u"vlc"_s, false},
+      {true, blade, "mpv:/nonexistent/s", u"builtin"_s, false, u"/nonexistent/s"_s, false},
   };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(&row - rows);
-    qputenv("ORVEX_HOST", row.variable);
-    host_ = row.panelsHost;
-    hasBuiltInHost_ = row.isDone;
+  for (const auto& [panelRuns, url, variable, panelsHost, isDone, sentence, isAsked] : rows) {
+    SCOPED_TRACE(variable.toStdString() + ' ' + sentence.toStdString());
+    qputenv("ORVEX_HOST", variable);
+    host_ = panelsHost;
+    hasBuiltInHost_ = isDone;
     calls_.clear();
-    if (row.panelRuns) std::ignore = platform_->exportPanel(*this);
-    const ProgramResult result = run({row.url});
-    EXPECT_EQ(result.exitCode, row.isDone ? 0 : 1);
-    EXPECT_TRUE((row.isDone ? result.output : result.errors).contains(row.sentence))
-        << result.errors;
+    if (panelRuns) std::ignore = platform_->exportPanel(*this);
+    const ProgramResult result = run({url});
+    EXPECT_EQ(result.exitCode, isDone ? 0 : 1);
+    EXPECT_TRUE((isDone ? result.output : result.errors).contains(sentence)) << result.errors;
     EXPECT_TRUE(result.errors.contains(u"[Vantrelo Orvex] companion: ")) << "not in the log";
-    EXPECT_EQ(calls_.size(), row.isAsked ? 1 : 0);
+    EXPECT_EQ(calls_.size(), isAsked ? 1 : 0);
   }
 }
 
@@ -85,7 +68,7 @@ TEST_F(CompanionProcess, RegisteredItIsWhatTheDesktopOpensAddressesWith) {
   EXPECT_EQ(contentsOf(entry) + contentsOf(associations), once);
   ASSERT_TRUE(platform_->exportPanel(*this));
   host_ = u"builtin"_s;
-  EXPECT_TRUE(platform_->workspace().open(QUrl(actionUrl(u"normal-speed"_s))));
+  EXPECT_TRUE(platform_->workspace().open(QUrl(kAction + u"normal-speed"_s)));
   EXPECT_TRUE(waitUntil([&] { return !calls_.isEmpty(); }));
   EXPECT_EQ(calls_, QStringList{u"normal-speed"_s});
 
@@ -98,7 +81,7 @@ TEST_F(CompanionProcess, GivesAPlayerItsCommands) {
   MpvPlayer player({u"--start=2"_s, testClip(u"25"_s)});
   ASSERT_TRUE(waitUntil([&] { return player.property(u"time-pos"_s).isDouble(); }));
   qputenv("ORVEX_HOST", "mpv:" + QFile::encodeName(player.socketPath()));
-  const ProgramResult blade = run({actionUrl(u"blade-speed"_s)});
+  const ProgramResult blade = run({kAction + u"blade-speed"_s});
   EXPECT_EQ(blade.exitCode, 0) << blade.errors;
   EXPECT_EQ(player.property(u"chapter-list"_s).toArray().size(), 1);
   player.command({u"set_property"_s, u"speed"_s, 2.5});
@@ -106,10 +89,8 @@ TEST_F(CompanionProcess, GivesAPlayerItsCommands) {
   qunsetenv("ORVEX_HOST");
   host_ = u"mpv:"_s + player.socketPath();
   ASSERT_TRUE(platform_->exportPanel(*this));
-  EXPECT_TRUE(run({actionUrl(u"toggle-retime"_s)}).output.contains(u"%250"));
-  EXPECT_EQ(run({actionUrl(u"normal-speed"_s)}).exitCode, 0);
+  EXPECT_TRUE(run({kAction + u"toggle-retime"_s}).output.contains(u"%250"));
+  EXPECT_EQ(run({kAction + u"normal-speed"_s}).exitCode, 0);
   EXPECT_EQ(player.property(u"speed"_s), 1);
   EXPECT_EQ(calls_, QStringList());
 }
-
-}  // namespace

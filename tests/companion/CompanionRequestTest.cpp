@@ -1,13 +1,6 @@
 #include "companion/CompanionRequest.h"
 
-#include <QList>
-
-#include <gtest/gtest.h>
-
-using namespace orvex;
 using Verb = CompanionRequest::Verb;
-
-namespace {
 
 const QByteArray kTimeline("vantrelo-finalcut://timeline-action");
 const QByteArray kAction = kTimeline + "?action=blade-speed";
@@ -30,37 +23,32 @@ TEST(Request, EachHasOneSpelling) {
 }
 
 TEST(Request, EverythingElseIsRefusedWithAReason) {
-  const QByteArray scheme = "vantrelo-finalcut:";
   const qsizetype room = CompanionRequest::kMaximumBytes - kFocus.size();
   const std::pair<QByteArray, const char16_t*> rows[] = {
       {"", u"başlamalı"},
-      {scheme + "focus-panel", u"başlamalı"},
-      {scheme + "//quit", u"\"quit\" bilinmiyor"},
-      {scheme + "//?action=blade-speed", u"bilinmiyor"},
+      {"vantrelo-finalcut:focus-panel", u"başlamalı"},
+      {"vantrelo-finalcut://quit", u"\"quit\" bilinmiyor"},
       {kFocus + QByteArray(room, 'x'), u"bilinmiyor"},
+      {kFocus + QByteArray(room + 1, 'x'), u"en çok 256 bayt"},
       {kFocus + "?", u"sorgu almaz"},
-      {kTimeline + "/?action=blade-speed", u"yol"},
-      {kAction + "#x", u"parça"},
-      {kTimeline + ":1?action=blade-speed", u"port"},
-      {scheme + "//me@focus-panel", u"kullanıcı"},
-      {scheme + "//\\focus-panel", u"ters bölü"},
-      {kTimeline, u"?action="},
-      {kTimeline + "??action=blade-speed", u"?action="},
-      {kTimeline + "?action=", u"\"\" diye"},
-      {kTimeline + "?action=blade", u"diye bir komut yok"},
-      {kAction + "&action=blade-speed", u"tek sorgu"},
-      {kAction + ";x=1", u"tek sorgu"},
       {kFocus + "%00", u"yüzde"},
       {kFocus + "\n", u"denetim"},
       {kFocus + "\xff", u"ASCII"},
-      {kFocus + QByteArray(room + 1, 'x'), u"en çok 256 bayt"},
+      {"vantrelo-finalcut://me@focus-panel", u"kullanıcı"},
+      {"vantrelo-finalcut://\\focus-panel", u"ters bölü"},
+      {kTimeline, u"?action="},
+      {kTimeline + "?action=", u"\"\" diye"},
+      {kTimeline + "?action=blade", u"diye bir komut yok"},
+      {kTimeline + "/?action=blade-speed", u"yol"},
+      {kTimeline + ":1?action=blade-speed", u"port"},
+      {kTimeline + "??action=blade-speed", u"?action="},
+      {kAction + "#x", u"parça"},
+      {kAction + "&action=blade-speed", u"tek sorgu"},
+      {kAction + ";x=1", u"tek sorgu"},
   };
   for (const auto& [url, reason] : rows) {
     const auto request = CompanionRequest::parse(url);
     ASSERT_FALSE(request) << url.constData();
-    EXPECT_TRUE(request.error().contains(QStringView(reason)))
-        << url.constData() << " → " << request.error();
+    EXPECT_TRUE(request.error().contains(reason)) << url.constData() << " → " << request.error();
   }
 }
-
-}  // namespace

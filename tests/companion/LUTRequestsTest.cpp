@@ -1,25 +1,19 @@
 // The companion as the helper of the LUT bridge, on a real bus and beside a real player.
 #include "CompanionCase.h"
 #include "base/FileUrl.h"
+#include "base/NewFile.h"
 #include "base/PropertyList.h"
 #include "base/Sha256.h"
 #include "lut/CloudLUTPreparation.h"
 #include "lut/LUTApplyBridge.h"
 #include "support/MpvPlayer.h"
-#include "support/TemporaryTree.h"
 
 #include <QImage>
 #include <QUuid>
 
-#include <sys/stat.h>
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
-
 namespace {
 
-class LUTService : public CompanionCase {
- protected:
+struct LUTService : CompanionCase {
   LUTService() {
     host_ = u"builtin:25"_s;
     clip_ = u"Röportaj 1"_s;
@@ -40,13 +34,10 @@ class LUTService : public CompanionCase {
         QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper()));
   }
   [[nodiscard]] QString requestPath(const QString& name) const {
-    QDir().mkpath(library(u"Bridge Requests"_s));
     return library(u"Bridge Requests/request-%1.plist"_s.arg(name));
   }
   void leave(const QString& name, const QByteArray& bytes) const {
-    QFile file(requestPath(name));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
+    ASSERT_TRUE(replaceFile(requestPath(name).toUtf8(), bytes));
   }
   void leave(const QString& name, const QString& path, const QString& reply) const {
     leave(name, PropertyList::binary({{u"path"_s, path}, {u"reply"_s, reply}}).value());
@@ -145,8 +136,7 @@ TEST_F(LUTService, TakesEachRequestOnceHoweverManyServe) {
   QProcess companions[3];
   for (QProcess& companion : companions) companion.start(QStringLiteral(ORVEX_COMPANION), {});
   const auto hasEnded = [](QProcess& process) { return process.state() == QProcess::NotRunning; };
-  EXPECT_TRUE(waitUntil([&] { return std::ranges::all_of(companions, hasEnded); },
-                        std::chrono::seconds(30)));
+  EXPECT_TRUE(waitUntil([&] { return std::ranges::all_of(companions, hasEnded); }, 30s));
   EXPECT_EQ(calls_.size(), replies.size());
   for (const QString& reply : replies) EXPECT_TRUE(replyAt(reply).startsWith(u"ok")) << reply;
 }
@@ -173,7 +163,7 @@ TEST_F(LUTService, ThePlayersPictureChangesAsTheLUTSays) {
 
   tree_.file("Pack/look.cube", contentsOf(QStringLiteral(ODD_CUBES "/domain.cube")));
   bridge.apply(fileUrl(tree_.path("Pack/look.cube")), fileUrl(tree_.path("Pack")));
-  ASSERT_TRUE(waitUntil([&] { return !bridge.activePath(); }, std::chrono::seconds(35)));
+  ASSERT_TRUE(waitUntil([&] { return !bridge.activePath(); }, 35s));
   EXPECT_TRUE(bridge.lastSucceeded());
   ASSERT_TRUE(bridge.lastResult()) << failure;
   EXPECT_TRUE(bridge.lastResult()->startsWith(u"look LUT'u ")) << *bridge.lastResult();

@@ -1,19 +1,7 @@
 #include "engines/AudioUnitRegistry.h"
-#include "platform/AudioComponents.h"
-#include "support/Wait.h"
-
-#include <gtest/gtest.h>
-
-using namespace orvex;
+#include "support/NoSystem.h"
 
 namespace {
-
-// A system's registry with what a test puts into it while nobody asks.
-class Components final : public AudioComponents {
- public:
-  QList<AudioComponent> effects(const std::stop_token&) override { return listed; }
-  QList<AudioComponent> listed;
-};
 
 // Effects written as "maker name,maker name".
 QList<AudioComponent> effects(const char* text) {
@@ -38,7 +26,7 @@ TEST(AudioUnitList, IsOrderedByManufacturerThenByName) {
       {QLocale::Turkish, "İz A,ız B,iz C,Iz D", "ız B,Iz D,İz A,iz C"},
   };
   for (const auto& [language, listed, ordered] : rows) {
-    Components components;
+    ListedAudio components;
     components.listed = effects(listed);
     EXPECT_EQ(written(listAudioUnits(components, {}, Collation(QLocale(language)))),
               QString::fromUtf8(ordered));
@@ -46,7 +34,7 @@ TEST(AudioUnitList, IsOrderedByManufacturerThenByName) {
 }
 
 TEST(AudioUnits, AreListedAtOnceAndWithEveryRefresh) {
-  const auto components = std::make_shared<Components>();
+  const auto components = std::make_shared<ListedAudio>();
   AudioUnitRegistry registry(components);
   const auto settled = [&] { return waitUntil([&] { return !registry.isRefreshing(); }); };
   ASSERT_TRUE(settled());

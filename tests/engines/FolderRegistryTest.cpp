@@ -1,28 +1,14 @@
 #include "base/FileUrl.h"
-#include "engines/FolderBookmarkStore.h"
 #include "engines/FxPlugRegistry.h"
 #include "engines/LUTRegistry.h"
 #include "engines/MotionTemplateRegistry.h"
-#include "support/RecordedDesktop.h"
-#include "support/ScriptedAccess.h"
-#include "support/TemporaryTree.h"
-#include "support/Wait.h"
-
-#include <QSettings>
-
-#include <gmock/gmock.h>
-
-using namespace orvex;
+#include "support/NoSystem.h"
 
 namespace {
 
-class FolderRegistryTest : public testing::Test {
- protected:
+struct FolderRegistryTest : testing::Test, protected NoFolders {
   FolderRegistryTest() { qputenv("XDG_CACHE_HOME", folder.path("cache")); }
 
-  [[nodiscard]] static QUrl url(const TemporaryTree& tree) {
-    return QUrl::fromLocalFile(QString::fromUtf8(tree.root()));
-  }
   void grant(const QUrl& root, const QString& engine = u"lutFolder"_qs) {
     settings.setValue(u"vantrelo.orvex.finalcut."_qs + engine + u"Bookmark"_qs,
                       QByteArray("grant:" + root.toEncoded()));
@@ -30,29 +16,23 @@ class FolderRegistryTest : public testing::Test {
   [[nodiscard]] static bool finish(const FolderRegistry& registry) {
     return waitUntil([&] { return !registry.isScanning(); });
   }
-
-  TemporaryTree folder;
-  QSettings settings{folder.text("settings"), QSettings::IniFormat};
-  ScriptedAccess access;
-  RecordedDesktop log;
-  FolderBookmarkStore store{access, settings, log};
 };
 
 TEST_F(FolderRegistryTest, ScansTheGrantedFolderAtOnce) {
   const TemporaryTree tree;
   for (const char* file : {"b.cube", "A/A.moti", "A/B.moti", "A/C.motr"}) tree.file(file);
   for (const QString& engine : {u"lutFolder"_qs, u"motionTemplates"_qs, u"fxplugFolder"_qs})
-    grant(url(tree), engine);
+    grant(fileUrl(tree.root()), engine);
   LUTRegistry luts(store);
   const MotionTemplateRegistry motion(store);
   const FxPlugRegistry fxplug(store);
-  EXPECT_EQ(access.used, QList<QUrl>(3, url(tree)));
+  EXPECT_EQ(access.used, QList<QUrl>(3, fileUrl(tree.root())));
   ASSERT_TRUE(finish(luts) && finish(motion) && finish(fxplug));
   EXPECT_EQ(luts.summary().detail, QString::fromUtf8(tree.root()));
   EXPECT_EQ(luts.scanDone(), 1);
   EXPECT_EQ(motion.count(MotionTemplateKind::Title), 2);
   EXPECT_EQ(fxplug.items().value(0).name, u"A");
-  EXPECT_THAT(access.used, testing::IsEmpty());
+  EXPECT_THAT(access.used, IsEmpty());
   EXPECT_FALSE(access.stoppedUnused);
 }
 
@@ -68,10 +48,10 @@ TEST_F(FolderRegistryTest, GoesThroughItsStates) {
   luts.chooseFolder();
   // What cannot be granted lasts as long as the panel.
   access.canGrant = false;
-  access.answer(url(tree));
+  access.answer(fileUrl(tree.root()));
   EXPECT_TRUE(log.lines.value(0).contains(u"bookmark write error no grant"));
   access.canGrant = true;
-  EXPECT_EQ(luts.rootURL(), url(tree));
+  EXPECT_EQ(luts.rootURL(), fileUrl(tree.root()));
   ASSERT_TRUE(finish(luts));
   EXPECT_EQ(luts.health(), EngineHealth::Empty);
   // What is dropped is as good as what was chosen: the next panel finds it again.
@@ -79,7 +59,7 @@ TEST_F(FolderRegistryTest, GoesThroughItsStates) {
   dropped.file("\xFF/x.cube");
   for (const QUrl& no : {fileUrl(dropped.path("\xFF/x.cube")), QUrl(u"https://example.com/"_qs)}) {
     EXPECT_TRUE(luts.useFolder(no).contains(u"bir klasör değil"));
-    EXPECT_EQ(luts.rootURL(), url(tree));
+    EXPECT_EQ(luts.rootURL(), fileUrl(tree.root()));
   }
   EXPECT_EQ(luts.useFolder(fileUrl(dropped.path("\xFF/"))), QString());
   ASSERT_TRUE(finish(luts));
@@ -119,11 +99,11 @@ TEST_F(FolderRegistryTest, TheNewestScanWinsAndAnAbandonedOneEnds) {
   for (int i = 0; i < 3000; ++i) many.file(QByteArray::number(i) + ".cube");
   const TemporaryTree one;
   one.file("one.cube");
-  grant(url(many));
+  grant(fileUrl(many.root()));
   auto abandoned = std::make_unique<LUTRegistry>(store);
   abandoned->chooseFolder();
   abandoned.reset();
-  access.answer(url(many));
+  access.answer(fileUrl(many.root()));
 
   LUTRegistry luts(store);
   QList<qsizetype> published;
@@ -132,14 +112,14 @@ TEST_F(FolderRegistryTest, TheNewestScanWinsAndAnAbandonedOneEnds) {
   });
   for (int i = 0; i < 5; ++i) luts.scan();
   luts.chooseFolder();
-  access.answer(url(one));
+  access.answer(fileUrl(one.root()));
   ASSERT_TRUE(finish(luts));
   // Long enough for what was superseded to speak up.
   const LUTRegistry other(store);
   ASSERT_TRUE(finish(other));
-  EXPECT_THAT(published, testing::ElementsAre(1));
+  EXPECT_THAT(published, ElementsAre(1));
   EXPECT_EQ(luts.items().value(0).name, u"one");
-  EXPECT_THAT(access.used, testing::IsEmpty());
+  EXPECT_THAT(access.used, IsEmpty());
 }
 
 }  // namespace

@@ -1,9 +1,4 @@
 #include "engines/FxPlugScan.h"
-#include "support/TemporaryTree.h"
-
-#include <gmock/gmock.h>
-
-using namespace orvex;
 
 namespace {
 
@@ -38,9 +33,9 @@ TEST(FxPlugScan, TakesIdentityNameAndVersionFromTheBundle) {
     bundle(tree, "My Glow.fxplug", info);
     const QString path = tree.text("My Glow.fxplug");
     const QString id = identifier ? QString::fromUtf16(identifier) : path;
-    EXPECT_THAT(scan(tree).items, testing::ElementsAre(FxPlugItem{id, QString::fromUtf16(name), id,
-                                                                  QString::fromUtf16(version),
-                                                                  QUrl::fromLocalFile(path)}))
+    EXPECT_THAT(scan(tree).items,
+                ElementsAre(FxPlugItem{id, QString::fromUtf16(name), id,
+                                       QString::fromUtf16(version), QUrl::fromLocalFile(path)}))
         << info.constData();
   }
 }

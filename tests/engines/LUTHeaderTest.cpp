@@ -1,12 +1,7 @@
 #include "engines/LUTHeader.h"
 #include "engines/LUTHeaderCache.h"
-#include "support/TemporaryTree.h"
 
 #include <ctime>
-
-using namespace orvex;
-
-namespace {
 
 TEST(LUTHeader, TakesTheTitleAndTheSizeFromTheFirstLines) {
   const QByteArray lines79 = QByteArray("x\n").repeated(79);
@@ -63,5 +58,3 @@ TEST(LUTHeaderCache, TrustsTheSameStateOnlyAndNoDamagedFile) {
   file.close();
   EXPECT_EQ(LUTHeaderCache(path).find(kOld), std::nullopt);
 }
-
-}  // namespace

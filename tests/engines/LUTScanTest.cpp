@@ -1,16 +1,10 @@
 #include "base/FileUrl.h"
 #include "engines/LUTHeaderCache.h"
 #include "engines/LUTScan.h"
-#include "support/TemporaryTree.h"
-
-#include <gmock/gmock.h>
-
-using namespace orvex;
 
 namespace {
 
-class LUTScan : public testing::Test {
- protected:
+struct LUTScan : testing::Test {
   [[nodiscard]] Inventory<LUTItem> scan(const QByteArray& root) {
     return scanLUTs(root, {}, {QLocale(QLocale::Turkish), cache.text("cache")});
   }

@@ -1,9 +1,4 @@
 #include "engines/MotionTemplateScan.h"
-#include "support/TemporaryTree.h"
-
-#include <gmock/gmock.h>
-
-using namespace orvex;
 
 namespace {
 

@@ -128,33 +128,33 @@ void speed_curve(const QByteArray& bytes) {
   }
 }
 
-const std::map<QString, void (*)(const QByteArray&)> kChecks{
-    {QStringLiteral("bookmark"), bookmark},
-    {QStringLiteral("bridge_reply"), bridge_reply},
-    {QStringLiteral("companion_request"), companion_request},
-    {QStringLiteral("cube_lattice"), cube_lattice},
-    {QStringLiteral("installed_record"), installed_record},
-    {QStringLiteral("lut_header"), lut_header},
-    {QStringLiteral("mpv_message"), mpv_message},
-    {QStringLiteral("pack_catalog"), pack_catalog},
-    {QStringLiteral("property_list"), property_list},
-    {QStringLiteral("release_manifest"), release_manifest},
-    {QStringLiteral("speed_curve"), speed_curve},
-    {QStringLiteral("strings_file"), strings_file}};
+const std::map<std::string, void (*)(const QByteArray&)> kChecks{
+    {"bookmark", bookmark},
+    {"bridge_reply", bridge_reply},
+    {"companion_request", companion_request},
+    {"cube_lattice", cube_lattice},
+    {"installed_record", installed_record},
+    {"lut_header", lut_header},
+    {"mpv_message", mpv_message},
+    {"pack_catalog", pack_catalog},
+    {"property_list", property_list},
+    {"release_manifest", release_manifest},
+    {"speed_curve", speed_curve},
+    {"strings_file", strings_file}};
 
 }  // namespace
 }  // namespace orvex
 
 #ifdef ORVEX_FUZZED
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  static const auto check = orvex::kChecks.at(QStringLiteral(ORVEX_FUZZED));
+  static const auto check = orvex::kChecks.at(ORVEX_FUZZED);
   check(QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
   return 0;
 }
 #else
 int main() {
   for (const auto& [name, check] : orvex::kChecks) {
-    const QDir corpus(QStringLiteral(ORVEX_CORPORA) + name);
+    const QDir corpus(QString::fromStdString(ORVEX_CORPORA + name));
     if (corpus.isEmpty()) return 1;
     for (const QString& input : corpus.entryList(QDir::Files)) {
       std::puts(qPrintable(corpus.filePath(input)));

@@ -1,24 +1,13 @@
 #include "support/Panel.h"
 
-#include <gmock/gmock.h>
-#include <limits>
-#include <thread>
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
-using testing::ElementsAre;
-
 namespace {
-
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 MediaTime ms(std::int64_t milliseconds) {
   return {milliseconds, 1000};
 }
 
 // A host whose every answer the test decides.
-class ScriptedHost final : public FCPXHost, public FCPXTimeline {
- public:
+struct ScriptedHost final : FCPXHost, FCPXTimeline {
   QString name() const override { return u"Final Cut Pro"_s; }
   QString versionString() const override { return u"10.7"_s; }
   QString bundleIdentifier() const override { return u"com.apple.FinalCut"_s; }
@@ -48,8 +37,7 @@ class ScriptedHost final : public FCPXHost, public FCPXTimeline {
   mutable int reads = 0;
 };
 
-class Adapter : public testing::Test, protected HostRuntime {
- protected:
+struct Adapter : testing::Test, protected HostRuntime {
   Adapter() { host = std::make_shared<ScriptedHost>(); }
   std::shared_ptr<FCPXHost> hostSingleton() override { return host; }
 
@@ -132,10 +120,10 @@ TEST_F(Adapter, ObservesOneHostOnce) {
   EXPECT_EQ(host->observers.size(), 1);
   const auto first = std::exchange(host, std::make_shared<ScriptedHost>());
   adapter.connect();
-  EXPECT_THAT(first->observers, testing::IsEmpty());
+  EXPECT_THAT(first->observers, IsEmpty());
   EXPECT_EQ(host->observers.size(), 1);
   adapter.disconnect();
-  EXPECT_THAT(host->observers, testing::IsEmpty());
+  EXPECT_THAT(host->observers, IsEmpty());
 }
 
 TEST_F(Adapter, MovesAreClamped) {

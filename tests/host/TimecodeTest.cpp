@@ -1,10 +1,5 @@
 #include "host/Timecode.h"
 
-#include <gtest/gtest.h>
-#include <limits>
-
-using namespace orvex;
-
 TEST(Timecode, Texts) {
   const std::pair<double, QStringView> cases[] = {
       {3725.5, u"01:02:05.500"},
@@ -14,8 +9,8 @@ TEST(Timecode, Texts) {
       {3599.9999, u"00:59:59.999"},
       // Hours do not wrap.
       {360000, u"100:00:00.000"},
-      {std::numeric_limits<double>::infinity(), u"—"},
-      {std::numeric_limits<double>::quiet_NaN(), u"—"},
+      {kInfinity, u"—"},
+      {kNan, u"—"},
   };
   for (const auto& [seconds, text] : cases)
     EXPECT_EQ(orvexTimecodeLike(seconds), text.toString()) << seconds;

@@ -2,15 +2,11 @@
 #include "base/FileUrl.h"
 #include "base/Sha256.h"
 #include "lut/CloudLUTPreparation.h"
-#include "support/TemporaryTree.h"
 
 #include <QThread>
 
 #include <atomic>
-#include <thread>
 
-using namespace orvex;
-using namespace Qt::StringLiterals;
 using CloudLUTPreparation::PreparationError;
 using Kind = PreparationError::Kind;
 
@@ -19,8 +15,7 @@ namespace {
 constexpr qint64 kMaximum = 67'108'864;
 const QByteArray kLUT = "LUT_3D_SIZE 2\n0 0 0\n";
 
-class Preparation : public testing::Test {
- protected:
+struct Preparation : testing::Test {
   // Where the copy is below the library, or what was thrown.
   QByteArray prepare(const QByteArray& source, const QByteArray& root = "Pack") {
     try {
@@ -98,22 +93,19 @@ TEST_F(Preparation, FindsTheSizeLineAmongAllNewlinesAndSpaces) {
   QStringList spaces = u" |\t|\u00A0|\u1680|\u202F|\u205F|\u3000"_s.split(u'|');
   for (char16_t space = 0x2000; space <= 0x200A; ++space) spaces.append(QString(space));
   // With each of the characters where the tilde stands: what is accepted, and what is not.
-  const struct {
-    QStringList characters;
-    QByteArrayList good;
-    QByteArrayList bad;
-  } rows[]{{u"\n|\r|\r\n|\v|\f|\u0085|\u2028|\u2029"_s.split(u'|'),
-            {"TITLE x~LUT_3D_SIZE 2~"},
-            {"LUT_3D_SIZE ~2", "LUT_3D_SIZE~ 2"}},
-           {spaces,
-            {"TITLE x\n~ ~LUT_3D_SIZE 2", "~LUT_3D_SIZE x", "LUT_3D_SIZE ~2"},
-            {"LUT_3D_SIZE ~", "LUT_3D_SIZE ~\n2", "#~LUT_3D_SIZE 2"}},
-           // Not spaces, not newlines, not UTF-8; the mark is no part of the text.
-           {{u"~"_s},
-            {"\uFEFFLUT_3D_SIZE 33", kLUT + QByteArray(1, '\0'),
-             "LUT_3D_SIZE \nLUT_3D_SIZE LUT_3D_SIZE 2"},
-            {"LUT_3D_SIZE\t33", "lut_3d_size 33", "LUT_1D_SIZE 33", "\u200BLUT_3D_SIZE 33",
-             "\x1CLUT_3D_SIZE 33", kLUT + "# \xE9t\xE9"}}};
+  const std::tuple<QStringList, QByteArrayList, QByteArrayList> rows[]{
+      {u"\n|\r|\r\n|\v|\f|\u0085|\u2028|\u2029"_s.split(u'|'),
+       {"TITLE x~LUT_3D_SIZE 2~"},
+       {"LUT_3D_SIZE ~2", "LUT_3D_SIZE~ 2"}},
+      {spaces,
+       {"TITLE x\n~ ~LUT_3D_SIZE 2", "~LUT_3D_SIZE x", "LUT_3D_SIZE ~2"},
+       {"LUT_3D_SIZE ~", "LUT_3D_SIZE ~\n2", "#~LUT_3D_SIZE 2"}},
+      // Not spaces, not newlines, not UTF-8; the mark is no part of the text.
+      {{u"~"_s},
+       {"\uFEFFLUT_3D_SIZE 33", kLUT + QByteArray(1, '\0'),
+        "LUT_3D_SIZE \nLUT_3D_SIZE LUT_3D_SIZE 2"},
+       {"LUT_3D_SIZE\t33", "lut_3d_size 33", "LUT_1D_SIZE 33", "\u200BLUT_3D_SIZE 33",
+        "\x1CLUT_3D_SIZE 33", kLUT + "# \xE9t\xE9"}}};
   for (const auto& [characters, good, bad] : rows)
     for (const QString& character : characters)
       for (const QByteArray& form : good + bad) {

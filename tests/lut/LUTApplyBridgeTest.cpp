@@ -3,16 +3,7 @@
 #include "lut/LUTApplyBridge.h"
 #include "support/RecordedDesktop.h"
 #include "support/ScriptedAccess.h"
-#include "support/TemporaryTree.h"
-#include "support/Wait.h"
 
-#include <QTimer>
-
-#include <gmock/gmock.h>
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 using testing::MatchesRegex;
 using testing::UnorderedElementsAreArray;
 
@@ -23,6 +14,8 @@ const std::string kUuid = "[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}";
 const QByteArray kInfo =
     "<plist><dict><key>CFBundleIdentifier</key><string>com.vantrelo.orvex.finalcut</string>"
     "</dict></plist>";
+const QByteArray kLibrary = "data/Vantrelo Orvex/FinalCut/Managed LUTs/";
+const QByteArray kRequests = kLibrary + "Bridge Requests/";
 
 QByteArray reply(const QByteArray& ok, const QByteArray& message) {
   return "<plist><dict><key>more</key><array/><key>ok</key>" + ok + "<key>message</key>" + message +
@@ -31,13 +24,13 @@ QByteArray reply(const QByteArray& ok, const QByteArray& message) {
 const QByteArray kApplied = reply("<true/>", "<string>Uygulandı</string>");
 
 // The bridge between a folder access, a launcher and a clock that are the test's.
-class Bridge : public testing::Test, public RecordedDesktop {
- protected:
+struct Bridge : testing::Test, RecordedDesktop {
   Bridge() {
     qputenv("XDG_DATA_HOME", tree.path("data"));
     tree.file("Pack/a.cube", kLUT);
     tree.file("X.app/Contents/Info.plist", kInfo);
     make("X.app/Contents/PlugIns/E.appex");
+    helper = [this] { tree.file(replyPath(), kApplied); };
   }
 
   void make(const QByteArray& extension) {
@@ -53,57 +46,41 @@ class Bridge : public testing::Test, public RecordedDesktop {
                        EXPECT_FALSE(bridge->activePath());
                      });
   }
-
+  void begin(const QByteArray& source = "Pack/a.cube") const {
+    bridge->apply(fileUrl(tree.path(source)), fileUrl(tree.path("Pack")));
+  }
   // Applies to the end; what came of it, as one text.
   QString apply(const QByteArray& source = "Pack/a.cube") {
     failure.clear();
     slept.clear();
-    bridge->apply(fileUrl(tree.path(source)), fileUrl(tree.path("Pack")));
+    begin(source);
     EXPECT_EQ(bridge->activePath(), tree.text(source));
     EXPECT_FALSE(bridge->lastResult());
     EXPECT_TRUE(waitUntil([this] { return !bridge->activePath(); }));
     EXPECT_TRUE(access.used.isEmpty() && !access.stoppedUnused);
-    if (!failure.isEmpty()) {
-      EXPECT_FALSE(bridge->lastResult());
-      return u"failed: "_s + failure;
-    }
+    EXPECT_NE(bridge->lastResult().has_value(), !failure.isEmpty());
+    if (!failure.isEmpty()) return u"failed: "_s + failure;
     return (bridge->lastSucceeded() ? u"ok: "_s : u"not: "_s) + bridge->lastResult().value();
   }
 
   // The requests that lie there.
   [[nodiscard]] QStringList requests() const {
-    return QDir(library(u"Bridge Requests"_s)).entryList({u"request-*.plist"_s}, QDir::Files);
-  }
-  [[nodiscard]] QString library(const QString& below) const {
-    return tree.text("data/Vantrelo Orvex/FinalCut/Managed LUTs/") + below;
+    return QDir(tree.text(kRequests)).entryList({u"request-*.plist"_s}, QDir::Files);
   }
   // The one request, as its helper reads it.
   [[nodiscard]] QVariantMap request() const {
     EXPECT_EQ(requests().size(), 1);
-    const QByteArray bytes = contentsOf(library(u"Bridge Requests/"_s + requests().value(0)));
+    const QByteArray bytes = tree.contents(kRequests + requests().value(0).toUtf8());
     EXPECT_TRUE(bytes.startsWith("bplist00"));
     return PropertyList::parse(bytes).value_or(QVariant()).toMap();
   }
-  [[nodiscard]] QByteArray replyPath() const { return request()[u"reply"_s].toString().toUtf8(); }
-  [[nodiscard]] QByteArray below(const QByteArray& path) const {
-    return path.sliced(tree.root().size() + 1);
-  }
-  void write(const QByteArray& path, const QByteArray& bytes) { tree.file(below(path), bytes); }
-
-  void launch(const QUrl& application, Launched launched) override {
-    launches.append(application);
-    QTimer::singleShot(0, &context, [this, launched = std::move(launched)] {
-      if (helper) helper();
-      launched(launchError.isEmpty() ? std::expected<void, QString>()
-                                     : std::unexpected(launchError));
-    });
+  // Below the tree.
+  [[nodiscard]] QByteArray replyPath() const {
+    return request()[u"reply"_s].toString().toUtf8().sliced(tree.path({}).size());
   }
 
   TemporaryTree tree;
   QObject context;
-  std::function<void()> helper = [this] { write(replyPath(), kApplied); };
-  QString launchError;
-  QList<QUrl> launches;
   ScriptedAccess access;
   QList<std::chrono::milliseconds> slept;
   QString failure;
@@ -111,26 +88,25 @@ class Bridge : public testing::Test, public RecordedDesktop {
 };
 
 TEST_F(Bridge, LeavesOneRequestAndTakesItsReply) {
-  const QByteArray folder = "data/Vantrelo Orvex/FinalCut/Managed LUTs/Bridge Requests/";
-  tree.file(folder + "request-old.PLIST");
-  tree.file(folder + "request-folder.plist/inside");
+  tree.file(kRequests + "request-old.PLIST");
+  tree.file(kRequests + "request-folder.plist/inside");
   tree.file("elsewhere/file");
-  tree.link(folder + "request-link.plist", tree.path("elsewhere"));
+  tree.link(kRequests + "request-link.plist", tree.path("elsewhere"));
   const QStringList kept{u".request-hidden.plist"_s, u"other-request-x.plist"_s,
                          u"request-x.plist.txt"_s};
-  for (const QString& name : kept) tree.file(folder + name.toUtf8());
+  for (const QString& name : kept) tree.file(kRequests + name.toUtf8());
   QVariantMap fields;
   helper = [&] {
     fields = request();
-    write(replyPath(), kApplied);
+    tree.file(replyPath(), kApplied);
     // A second one is dropped without a word.
-    bridge->apply(fileUrl(tree.path("Pack/b.cube")), fileUrl(tree.path("Pack")));
+    begin("Pack/b.cube");
     EXPECT_EQ(bridge->activePath(), tree.text("Pack/a.cube"));
   };
   EXPECT_EQ(apply(), u"ok: Uygulandı");
 
   EXPECT_EQ(fields.keys(), (QStringList{u"path"_s, u"reply"_s}));
-  const std::string root = library({}).toStdString();
+  const std::string root = tree.path(kLibrary).toStdString();
   const QString reply = fields[u"reply"_s].toString();
   EXPECT_THAT(fields[u"path"_s].toString().toStdString(),
               MatchesRegex(root + "[0-9a-f]{64}/a\\.cube"));
@@ -140,9 +116,9 @@ TEST_F(Bridge, LeavesOneRequestAndTakesItsReply) {
   EXPECT_EQ(launches, QList{fileUrl(tree.path("X.app"))});
   EXPECT_EQ(access.everUsed, QList{fileUrl(tree.path("Pack"))});
   EXPECT_EQ(slept, QList{200ms});
-  EXPECT_THAT(tree.names(folder), UnorderedElementsAreArray(kept + requests()));
-  EXPECT_TRUE(QFile::exists(tree.text("elsewhere/file")));
-  EXPECT_EQ(std::filesystem::status(tree.path(folder).toStdString()).permissions(),
+  EXPECT_THAT(tree.names(kRequests), UnorderedElementsAreArray(kept + requests()));
+  EXPECT_EQ(tree.names("elsewhere").size(), 1);
+  EXPECT_EQ(std::filesystem::status(tree.path(kRequests).toStdString()).permissions(),
             std::filesystem::perms(0700));
 }
 
@@ -162,32 +138,32 @@ TEST_F(Bridge, TakesRepliesByTheirExactTypes) {
       {unreadable, reply("<true/>", "<string>" + QByteArray(300'000, 'x') + "</string>")},
   };
   for (const auto& [outcome, bytes] : rows) {
-    helper = [&] { write(replyPath(), bytes); };
+    helper = [&] { tree.file(replyPath(), bytes); };
     const QString result = apply();
     EXPECT_TRUE(result.startsWith(outcome)) << result << " of " << bytes.left(200).constData();
-    EXPECT_FALSE(QFile::exists(QString::fromUtf8(replyPath())));
+    EXPECT_FALSE(QFile::exists(tree.text(replyPath())));
   }
   // What is no file is not waited for, and nothing behind it is touched.
   tree.file("outside", kApplied);
-  const std::function<void(const QByteArray&)> plants[]{
-      [&](const QByteArray& path) { tree.link(path, tree.path("outside")); },
-      [&](const QByteArray& path) { tree.fifo(path); },
-      [&](const QByteArray& path) { tree.folder(path + "/sub"); },
+  const std::function<void()> plants[]{
+      [&] { tree.link(replyPath(), tree.path("outside")); },
+      [&] { tree.fifo(replyPath()); },
+      [&] { tree.folder(replyPath() + "/sub"); },
   };
   for (const auto& plant : plants) {
-    helper = [&] { plant(below(replyPath())); };
+    helper = plant;
     EXPECT_TRUE(apply().startsWith(u"failed: "));
-    EXPECT_FALSE(QFileInfo(QString::fromUtf8(replyPath())).isSymLink());
+    EXPECT_FALSE(QFileInfo(tree.text(replyPath())).isSymLink());
   }
   EXPECT_EQ(tree.contents("outside"), kApplied);
 }
 
 TEST_F(Bridge, GivesUpAfterThirtySecondsAndStaysUsable) {
-  helper = nullptr;
+  const auto answers = std::exchange(helper, nullptr);
   EXPECT_EQ(apply(),
             u"not: LUT yardımcı motoru cevap vermedi. Bridge request işlendi mi kontrol et.");
   EXPECT_EQ(slept, QList<std::chrono::milliseconds>(150, 200ms));
-  helper = [this] { write(replyPath(), kApplied); };
+  helper = answers;
   EXPECT_EQ(apply(), u"ok: Uygulandı");
 }
 
@@ -209,36 +185,34 @@ TEST_F(Bridge, TellsWhyItFailedAndKeepsTheLastFlag) {
     EXPECT_EQ(requests().size(), 1);
   }
   EXPECT_EQ(launches.size(), 0);
-  QDir(library(u"Bridge Requests"_s)).removeRecursively();
-  write(library(u"Bridge Requests"_s).toUtf8(), "in the way");
+  QDir(tree.text(kRequests)).removeRecursively();
+  tree.file(kRequests.chopped(1), "in the way");
   EXPECT_TRUE(apply().contains(u"Bridge Requests"));
 }
 
 TEST_F(Bridge, MayGoAtAnyMoment) {
-  const auto begin = [this] {
+  const auto answers = helper;
+  const auto beginAnew = [this](const std::function<void()>& newHelper) {
+    helper = newHelper;
     make("X.app/Contents/PlugIns/E.appex");
-    bridge->apply(fileUrl(tree.path("Pack/a.cube")), fileUrl(tree.path("Pack")));
+    begin();
   };
-  begin();
+  beginAnew(answers);
   bridge.reset();
   EXPECT_TRUE(access.used.isEmpty() && !access.stoppedUnused);
-  helper = [this] { bridge.reset(); };
-  begin();
+  beginAnew([this] { bridge.reset(); });
   EXPECT_TRUE(waitUntil([this] { return !bridge; }));
-  helper = nullptr;
-  begin();
+  beginAnew(nullptr);
   EXPECT_TRUE(waitUntil([this] { return slept.size() > 3; }));
   bridge.reset();
   QCoreApplication::processEvents();
   EXPECT_TRUE(access.used.isEmpty() && !access.stoppedUnused);
 
   // The end of one is a good moment to begin the next.
-  helper = [this] { write(replyPath(), kApplied); };
-  begin();
+  beginAnew(answers);
   int ends = 0;
   QObject::connect(bridge.get(), &LUTApplyBridge::activePathChanged, &context, [&] {
-    if (!bridge->activePath() && ++ends == 1)
-      bridge->apply(fileUrl(tree.path("Pack/a.cube")), fileUrl(tree.path("Pack")));
+    if (!bridge->activePath() && ++ends == 1) begin();
   });
   EXPECT_TRUE(waitUntil([&] { return ends == 2; }));
   EXPECT_EQ(bridge->lastResult(), u"Uygulandı");

@@ -2,13 +2,6 @@
 #include "platform/hosts/HostChoice.h"
 #include "support/Panel.h"
 
-#include <cmath>
-#include <gtest/gtest.h>
-#include <limits>
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class EveryRate : public testing::TestWithParam<std::string> {};
@@ -40,9 +33,8 @@ INSTANTIATE_TEST_SUITE_P(BuiltInHost, EveryRate,
 TEST(BuiltInHost, TakesOnlyWhatMakesSense) {
   BuiltInHost host(u"no rate"_s);
   EXPECT_EQ(host.frameRate(), u"25"_s);
-  using Double = std::numeric_limits<double>;
   const std::pair<double, double> places[] = {
-      {Double::quiet_NaN(), 0}, {Double::infinity(), host.durationSeconds()}, {-1e300, 0}};
+      {kNan, 0}, {kInfinity, host.durationSeconds()}, {-1e300, 0}};
   for (const auto& [to, place] : places) {
     host.seek(to);
     EXPECT_EQ(host.playheadSeconds(), place);

@@ -1,14 +1,5 @@
 #include "platform/hosts/HostChoice.h"
 
-#include <QDir>
-
-#include <gtest/gtest.h>
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
-
-namespace {
-
 TEST(HostChoice, ReadsAndWritesTheSame) {
   qputenv("XDG_RUNTIME_DIR", "/run/me");
   const std::pair<QString, QString> rows[]{
@@ -43,5 +34,3 @@ TEST(HostChoice, RefusesWithAReason) {
   }
   EXPECT_TRUE(HostChoice::parse(u"mpv:/"_s + QString(106, u'x')));
 }
-
-}  // namespace

@@ -3,20 +3,10 @@
 #include "support/MpvPlayer.h"
 #include "support/Panel.h"
 
-#include <QDir>
-#include <QFile>
-
-#include <cmath>
-#include <gtest/gtest.h>
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
-
 namespace {
 
 // A player with a file, the runtime that found it and a panel connected to it.
-class Session {
- public:
+struct Session {
   explicit Session(const QStringList& arguments)
       : player(arguments), runtime(player.socketPath()), panel(runtime) {
     EXPECT_TRUE(panel.ready());
@@ -27,7 +17,7 @@ class Session {
   // Whether the player comes to stand on a frame.
   [[nodiscard]] testing::AssertionResult lands(const FrameRate& rate, std::int64_t frame) {
     const double wanted = rate.timeOfFrame(frame).seconds();
-    if (waitUntil([&] { return std::abs(position() - wanted) < 0.001; }, std::chrono::seconds(5)))
+    if (waitUntil([&] { return std::abs(position() - wanted) < 0.001; }, 5s))
       return testing::AssertionSuccess();
     return testing::AssertionFailure() << "frame " << frame << ", at " << position();
   }
@@ -38,19 +28,21 @@ class Session {
 };
 
 struct Clip {
-  const char* rate;
-  FrameRate exact;
+  QString file;
+  FrameRate rate;
   std::int64_t frames;
 
-  friend void PrintTo(const Clip& clip, std::ostream* stream) { *stream << clip.rate; }
+  friend void PrintTo(const Clip& clip, std::ostream* stream) {
+    *stream << QFileInfo(clip.file).fileName();
+  }
 };
 
 class RealPlayer : public testing::TestWithParam<Clip> {};
 
 TEST_P(RealPlayer, StepsLandOnEveryFrame) {
-  const auto& [text, rate, frames] = GetParam();
+  const auto& [file, rate, frames] = GetParam();
   // Nor does the end close the file, whatever the player was told.
-  Session session({u"--keep-open=no"_s, testClip(QString::fromLatin1(text))});
+  Session session({u"--keep-open=no"_s, file});
   const HostSnapshot& snapshot = session.panel.snapshot;
   EXPECT_EQ(snapshot.frameDurationSeconds, rate.frameDuration().seconds());
   EXPECT_EQ(snapshot.sequenceDurationSeconds, rate.timeOfFrame(frames).seconds());
@@ -69,23 +61,22 @@ TEST_P(RealPlayer, StepsLandOnEveryFrame) {
   EXPECT_TRUE(session.lands(rate, 0));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    MpvHost, RealPlayer,
-    testing::Values(Clip{"24000/1001", {24000, 1001}, 240}, Clip{"25", {25, 1}, 250},
-                    Clip{"30000/1001", {30000, 1001}, 300}, Clip{"60000/1001", {60000, 1001}, 600}),
-    [](const auto& clip) { return "Rate" + std::to_string(clip.param.frames); });
+INSTANTIATE_TEST_SUITE_P(MpvHost, RealPlayer,
+                         testing::Values(Clip{testClip(u"24000/1001"_s), {24000, 1001}, 240},
+                                         Clip{testClip(u"25"_s), {25, 1}, 250},
+                                         Clip{testClip(u"30000/1001"_s), {30000, 1001}, 300},
+                                         Clip{testClip(u"60000/1001"_s), {60000, 1001}, 600}));
 
 // Frames shorter than the player's tolerance, in a container that does not store the length of the
 // last one.
 TEST(MpvHost, LandsOnShortFrames) {
-  const FrameRate rate{240, 1};
   Session session({testClip(u"240"_s, u"nut"_s)});
   for (std::int64_t k = 1; k < 100; ++k) {
     session.panel.adapter.moveByFrames(1);
-    ASSERT_TRUE(session.lands(rate, k));
+    ASSERT_TRUE(session.lands({240, 1}, k));
   }
   session.panel.adapter.moveToEnd();
-  EXPECT_TRUE(session.lands(rate, 2399));
+  EXPECT_TRUE(session.lands({240, 1}, 2399));
 }
 
 TEST(MpvHost, AFloodOfStepsAddsUp) {

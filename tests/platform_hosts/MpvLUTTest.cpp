@@ -1,21 +1,13 @@
 // A LUT over the picture of a real player.
 #include "platform/hosts/MpvLUT.h"
 #include "support/MpvPlayer.h"
-#include "support/TemporaryTree.h"
-#include "support/Wait.h"
-
-#include <QJsonObject>
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr auto kIdentity =
     "LUT_3D_SIZE 2\n0 0 0\n1 0 0\n0 1 0\n1 1 0\n0 0 1\n1 0 1\n0 1 1\n1 1 1\n";
 
-class PlayersLUT : public testing::Test {
- protected:
+struct PlayersLUT : testing::Test {
   // What `apply` says: "ok: " or "not: " and the sentence.
   static QString apply(const QString& socket, const QString& path) {
     MpvLUT lut(socket);

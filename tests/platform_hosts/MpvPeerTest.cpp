@@ -6,18 +6,10 @@
 #include "support/MpvPlayer.h"
 #include "support/Panel.h"
 
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QPointer>
-#include <QTemporaryDir>
 #include <QTimer>
-
-#include <gtest/gtest.h>
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -25,8 +17,7 @@ using Answer = std::function<QByteArray(const QJsonObject& request)>;
 
 // Listens at a path, sends `greeting` to whoever connects and answers requests. Without `answer` it
 // hangs up.
-class Peer {
- public:
+struct Peer {
   Peer(const QString& path, const Answer& answer, const QByteArray& greeting = {}) {
     QLocalServer::removeServer(path);
     EXPECT_TRUE(server_.listen(path));
@@ -92,7 +83,7 @@ TEST(MpvHostRuntime, WaitsForARealPlayerBehindGarbage) {
   auto peer = std::make_unique<Peer>(player.socketPath(), noAnswer, "220 welcome\r\n");
   MpvHostRuntime runtime(player.socketPath());
   ASSERT_TRUE(waitUntil([&] { return peer->connections >= 2; }));
-  std::ignore = waitUntil([] { return false; }, std::chrono::milliseconds(200));
+  std::ignore = waitUntil([] { return false; }, 200ms);
   EXPECT_LE(peer->connections, 10) << "it does not go on trying for ever";
   EXPECT_EQ(runtime.hostSingleton(), nullptr);
   peer.reset();

@@ -2,13 +2,6 @@
 #include "platform/hosts/TimelineObservers.h"
 #include "support/Panel.h"
 
-#include <gmock/gmock.h>
-#include <limits>
-
-using namespace orvex;
-
-namespace {
-
 TEST(FrameRate, FromContainer) {
   const std::pair<double, std::optional<FrameRate>> rows[]{
       {23.976025, FrameRate{24000, 1001}},
@@ -19,7 +12,7 @@ TEST(FrameRate, FromContainer) {
       {12.5, FrameRate{12500, 1000}},
       {0, std::nullopt},
       {90000, std::nullopt},
-      {std::numeric_limits<double>::quiet_NaN(), std::nullopt},
+      {kNan, std::nullopt},
   };
   for (const auto& [container, rate] : rows)
     EXPECT_TRUE(FrameRate::fromContainer(container) == rate) << container;
@@ -45,5 +38,3 @@ TEST(TimelineObservers, TellTheStrongestFirst) {
   ASSERT_TRUE(waitUntil([&] { return observer.ranges == 1; }));
   EXPECT_EQ(observer.playheads, 1);
 }
-
-}  // namespace

@@ -4,12 +4,9 @@
 
 #include <future>
 
-using namespace orvex;
-
 namespace {
 
-class Lv2Effects : public testing::Test {
- protected:
+struct Lv2Effects : testing::Test {
   [[nodiscard]] QList<AudioComponent> effects() { return components_.effects({}); }
   [[nodiscard]] QStringList names() {
     QStringList names;
@@ -162,7 +159,6 @@ TEST_F(Lv2Effects, AStopEndsAListThatHangsAndAMissingProgramIsLogged) {
   std::stop_source stop;
   auto listed =
       std::async(std::launch::async, [&] { return components_.effects(stop.get_token()); });
-  using namespace std::chrono_literals;
   EXPECT_EQ(listed.wait_for(300ms), std::future_status::timeout);
   stop.request_stop();
   EXPECT_EQ(listed.wait_for(5s), std::future_status::ready);

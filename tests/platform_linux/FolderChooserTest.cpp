@@ -4,12 +4,9 @@
 #include "platform/Platform.h"
 #include "platform/linux/SessionBus.h"
 #include "support/PrivateSession.h"
-#include "support/Wait.h"
 
 #include <QDBusMessage>
 #include <QDBusObjectPath>
-
-using namespace orvex;
 
 namespace {
 
@@ -66,8 +63,7 @@ class Portal final : public QObject {
   }
 };
 
-class Toolkit final : public FolderChooser {
- public:
+struct Toolkit final : FolderChooser {
   void choose(const QString& title, const QString& prompt, Chosen chosen) override {
     asked.append(title + u'|' + prompt);
     chosen(fileUrl("/from/the/toolkit"));
@@ -75,8 +71,7 @@ class Toolkit final : public FolderChooser {
   QStringList asked;
 };
 
-class FolderChoosing : public PrivateSession {
- protected:
+struct FolderChoosing : PrivateSession {
   FolderChoosing() { platform_->setFolderChooser(&toolkit_); }
   void choose() {
     platform_->folderAccess().chooseFolder(
@@ -97,7 +92,7 @@ class FolderChoosing : public PrivateSession {
   }
   // Long enough for anything under way on the bus to arrive.
   static void settle() {
-    std::ignore = waitUntil([] { return false; }, std::chrono::milliseconds(100));
+    std::ignore = waitUntil([] { return false; }, 100ms);
   }
 
   std::unique_ptr<Platform> platform_ = makePlatform();

@@ -3,21 +3,14 @@
 #include "platform/Platform.h"
 #include "platform/linux/FolderGrant.h"
 #include "support/PrivateSession.h"
-#include "support/TemporaryTree.h"
 
 #include <QCryptographicHash>
 #include <QDataStream>
 #include <QThread>
 
-#include <sys/stat.h>
-#include <unistd.h>
-
-using namespace orvex;
-
 namespace {
 
-class FolderGrants : public PrivateSession {
- protected:
+struct FolderGrants : PrivateSession {
   void rename(const char* from, const char* to) const {
     ASSERT_EQ(::rename(tree_.path(from).constData(), tree_.path(to).constData()), 0);
   }

@@ -6,8 +6,7 @@ namespace orvex {
 
 /// A folder of LV2 bundles that a test writes, as LV2_PATH while it lives; behind it the standard's
 /// own bundles, which describe the plug-in classes.
-class Lv2Bundles : public TemporaryTree {
- public:
+struct Lv2Bundles : TemporaryTree {
   Lv2Bundles() { qputenv("LV2_PATH", root() + ":/usr/lib/lv2"); }
   ~Lv2Bundles() { qunsetenv("LV2_PATH"); }
 

@@ -2,14 +2,10 @@
 #include "platform/Platform.h"
 #include "platform/linux/SessionBus.h"
 #include "support/PrivateSession.h"
-#include "support/Wait.h"
 
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <QProcess>
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -17,8 +13,7 @@ const QString kName = u"com.vantrelo.orvex.finalcut.panel-size"_s;
 const QString kWidth = u"width"_s;
 const QString kHeight = u"height"_s;
 
-class Notifications : public PrivateSession {
- protected:
+struct Notifications : PrivateSession {
   void post(const QVariantList& arguments) {
     QDBusMessage message =
         QDBusMessage::createSignal(u"/com/vantrelo/orvex/finalcut"_s,

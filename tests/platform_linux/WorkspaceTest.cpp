@@ -6,17 +6,11 @@
 #include "platform/Workspace.h"
 #include "platform/linux/SessionBus.h"
 #include "support/PrivateSession.h"
-#include "support/Wait.h"
 
 #include <QDBusConnection>
-#include <QElapsedTimer>
 #include <QProcess>
-#include <QUrl>
 
 #include <sys/wait.h>
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -38,18 +32,18 @@ class FileManager final : public QObject {
   void ShowItems(const QStringList& uris, const QString&) { shown += uris; }
 };
 
-class Desktop : public PrivateSession {
- protected:
+struct Desktop : PrivateSession {
   using Outcome = std::expected<void, QString>;
 
-  [[nodiscard]] bool open(const char16_t* url) {
-    return platform_->workspace().open(QUrl(QString::fromUtf16(url)));
+  [[nodiscard]] bool open() {
+    return platform_->workspace().open(
+        QUrl(u"vantrelo-finalcut://timeline-action?action=blade-speed"_s));
   }
   [[nodiscard]] Outcome add(const QString& program) {
     const auto added = platform_->schemeHandler().add(u"vantrelo-finalcut"_s, program);
     // GIO learns of changed desktop entries from a watcher on a thread of its own. Programs that
     // register and programs that open are different ones; here both are this process.
-    std::ignore = waitUntil([] { return false; }, std::chrono::milliseconds(500));
+    std::ignore = waitUntil([] { return false; }, 500ms);
     return added;
   }
   // What `ask` answers, later: the error, or empty.
@@ -79,8 +73,6 @@ class Desktop : public PrivateSession {
   const std::unique_ptr<Platform> platform_ = makePlatform();
 };
 
-constexpr auto kUrl = u"vantrelo-finalcut://timeline-action?action=blade-speed";
-
 TEST_F(Desktop, AHandlerGetsTheAddressAndTheEnvironmentAndIsNotWaitedFor) {
   // Every character that means something in a desktop entry or to a shell.
   const QString program =
@@ -92,7 +84,7 @@ TEST_F(Desktop, AHandlerGetsTheAddressAndTheEnvironmentAndIsNotWaitedFor) {
 
   QElapsedTimer timer;
   timer.start();
-  ASSERT_TRUE(open(kUrl));
+  ASSERT_TRUE(open());
   EXPECT_LT(timer.elapsed(), 1000);
   EXPECT_TRUE(waitUntil([this] {
     return contentsOf(home(u"opened"_s)) ==
@@ -105,7 +97,7 @@ TEST_F(Desktop, WhatCannotBeAHandlerIsSaidWithItsPath) {
   const QString program = script(u"program"_s, "");
   ASSERT_TRUE(add(program));
   ASSERT_TRUE(QFile::remove(program));
-  EXPECT_FALSE(open(kUrl)) << "it is gone";
+  EXPECT_FALSE(open()) << "it is gone";
   for (const QString& refused : {program, script(u"100%u/program"_s, "")}) {
     const auto added = add(refused);
     EXPECT_TRUE(!added && added.error().contains(refused));
@@ -117,11 +109,11 @@ TEST_F(Desktop, UnregisteringLeavesOnlyWhatOthersRegistered) {
   const auto remove = [this] {
     return platform_->schemeHandler().remove(u"vantrelo-finalcut"_s).has_value();
   };
-  EXPECT_FALSE(open(kUrl));
+  EXPECT_FALSE(open());
   EXPECT_TRUE(remove()) << "nothing to take back";
   const QString program = script(u"program"_s, "");
   ASSERT_TRUE(add(program));
-  EXPECT_TRUE(open(kUrl));
+  EXPECT_TRUE(open());
   // The program may have been deleted before its registration is.
   ASSERT_TRUE(QFile::remove(program));
   EXPECT_TRUE(remove());
@@ -129,7 +121,7 @@ TEST_F(Desktop, UnregisteringLeavesOnlyWhatOthersRegistered) {
   const QByteArray associations = contentsOf(home(u"config/mimeapps.list"_s));
   EXPECT_FALSE(associations.contains("vantrelo")) << associations.data();
   EXPECT_TRUE(associations.contains("text/plain=o.desktop"));
-  EXPECT_FALSE(open(kUrl));
+  EXPECT_FALSE(open());
 }
 
 // Death tests have a process of their own.
@@ -143,10 +135,10 @@ TEST_F(DesktopDeathTest, ABusThatEndsRightAfterALaunchDoesNotEndTheProcess) {
         bus.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
         if (!bus.waitForReadyRead() || !add(u"/bin/true"_s)) std::_Exit(2);
         qputenv("DBUS_SESSION_BUS_ADDRESS", bus.readLine().trimmed());
-        const bool opened = open(kUrl);
+        const bool opened = open();
         bus.kill();
         bus.waitForFinished();
-        std::ignore = waitUntil([] { return false; }, std::chrono::milliseconds(200));
+        std::ignore = waitUntil([] { return false; }, 200ms);
         std::_Exit(opened ? 0 : 3);
       },
       testing::ExitedWithCode(0), "");

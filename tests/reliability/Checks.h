@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/DescribedError.h"
+
 #include <cstdio>
 #include <functional>
 #include <string>
@@ -47,6 +49,16 @@ class Tally {
   int tried_ = 0;
   int failed_ = 0;
 };
+
+/// Whether `change` was made; false where it was refused.
+[[nodiscard]] inline bool isDone(const std::function<void()>& change) {
+  try {
+    change();
+    return true;
+  } catch (const DescribedError&) {
+    return false;
+  }
+}
 
 /// About `most` of the numbers below `size`, evenly spread; all where that is 0.
 [[nodiscard]] inline std::vector<std::size_t> sample(std::size_t size, std::size_t most) {

@@ -1,7 +1,6 @@
 #include "Checks.h"
 #include "Scenario.h"
 #include "Traced.h"
-#include "base/DescribedError.h"
 #include "support/TemporaryTree.h"
 
 #include <cerrno>
@@ -36,33 +35,15 @@ const std::multimap<long, Fault> kErrors = [] {
   return errors;
 }();
 
-// A folder in the state before a change, as often as it is needed.
-class Before {
- public:
-  explicit Before(const Scenario& scenario) { scenario.prepare(tree_.root()); }
-  void copyTo(const TemporaryTree& tree) const {
-    std::filesystem::copy(tree_.root().toStdString(), tree.root().toStdString(),
-                          std::filesystem::copy_options::recursive);
-  }
-
- private:
-  TemporaryTree tree_;
-};
-
 // 0 done, 1 refused. What else is thrown ends the process.
 int tryChange(const Scenario& scenario, const QByteArray& folder) {
-  try {
-    scenario.change(folder);
-    return 0;
-  } catch (const DescribedError&) {
-    return 1;
-  }
+  return isDone([&] { scenario.change(folder); }) ? 0 : 1;
 }
 
 // Interferes once and says what was found wrong afterwards, if anything was.
-std::string faultOf(const Scenario& scenario, const Before& before, const Fault& fault) {
+std::string faultOf(const Scenario& scenario, const TemporaryTree& before, const Fault& fault) {
   const TemporaryTree tree;
-  before.copyTo(tree);
+  tree.copyFrom(before);
   const QByteArray folder = tree.root();
   const Trace trace = runTraced([&] { return tryChange(scenario, folder); }, fault);
 
@@ -86,9 +67,9 @@ std::string faultOf(const Scenario& scenario, const Before& before, const Fault&
   return tryChange(scenario, folder) == 0 ? "" : "cannot be done any more";
 }
 
-std::vector<long> callsOf(const Scenario& scenario, const Before& before) {
+std::vector<long> callsOf(const Scenario& scenario, const TemporaryTree& before) {
   const TemporaryTree tree;
-  before.copyTo(tree);
+  tree.copyFrom(before);
   Trace trace = runTraced([&] { return tryChange(scenario, tree.root()); },
                           {.withoutExchange = scenario.withoutExchange});
   if (trace.exitCode != 0 || scenario.state(tree.root()) != scenario.after) return {};
@@ -103,7 +84,8 @@ bool check(const char* what, std::size_t most,
            const std::function<std::vector<Fault>(long call)>& faultsAt) {
   bool isWell = true;
   for (const Scenario& scenario : scenarios()) {
-    const Before before(scenario);
+    const TemporaryTree before;
+    scenario.prepare(before.root());
     // What libraries do once is done here, not in every process.
     const TemporaryTree warm;
     std::ignore = tryChange(scenario, warm.root());

@@ -46,26 +46,26 @@ Scenario packScenario(const char* name, std::ptrdiff_t syncs, const std::string&
   const auto state = [before](const std::string& version) {
     return before.empty() ? version : withOther(version);
   };
-  return {.name = name,
-          .prepare =
-              [=](const QByteArray& folder) {
-                if (before.empty()) return;
-                change(root(folder), before);
-                installOther(folder);
-              },
-          .change = [=](const QByteArray& folder) { change(root(folder), after); },
-          .syncs = syncs,
-          .state = [=](const QByteArray& folder) { return stateOf(root(folder)); },
-          .before = state(before),
-          .after = state(after),
-          // The next install finds its way and clears up.
-          .aftermath = [=](const QByteArray& folder, const std::string& found) -> std::string {
-            installOther(folder);
-            if (hasLeftovers(root(folder))) return "leftovers stay";
-            const std::string now = stateOf(root(folder));
-            return now == withOther(found) ? "" : "shows '" + now + "' after another install";
-          },
-          .withoutExchange = withoutExchange};
+  Scenario scenario{.name = name,
+                    .syncs = syncs,
+                    .before = state(before),
+                    .after = state(after),
+                    .withoutExchange = withoutExchange};
+  scenario.prepare = [=](const QByteArray& folder) {
+    if (before.empty()) return;
+    change(root(folder), before);
+    installOther(folder);
+  };
+  scenario.change = [=](const QByteArray& folder) { change(root(folder), after); };
+  scenario.state = [=](const QByteArray& folder) { return stateOf(root(folder)); };
+  // The next install finds its way and clears up.
+  scenario.aftermath = [=](const QByteArray& folder, const std::string& found) -> std::string {
+    installOther(folder);
+    if (hasLeftovers(root(folder))) return "leftovers stay";
+    const std::string now = stateOf(root(folder));
+    return now == withOther(found) ? "" : "shows '" + now + "' after another install";
+  };
+  return scenario;
 }
 
 Scenario lutScenario(const char* name, std::ptrdiff_t syncs, const std::string& before) {
@@ -76,26 +76,22 @@ Scenario lutScenario(const char* name, std::ptrdiff_t syncs, const std::string& 
     const auto bytes = contentsOf(copyIn(folder));
     return !bytes ? "" : *bytes == kLut ? "whole" : *bytes == "damaged" ? "damaged" : "neither";
   };
-  return {.name = name,
-          .prepare =
-              [=](const QByteArray& folder) {
-                std::ignore = replaceFile(folder + "/pack/film.cube", kLut);
-                if (!before.empty()) std::ignore = replaceFile(copyIn(folder), before.c_str());
-              },
-          .change =
-              [](const QByteArray& folder) {
-                std::ignore = CloudLUTPreparation::prepare(fileUrl(folder + "/pack/film.cube"),
-                                                           fileUrl(folder + "/pack"),
-                                                           fileUrl(folder + "/library"));
-              },
-          .syncs = syncs,
-          .state = state,
-          .before = before,
-          .after = "whole",
-          .aftermath = [=](const QByteArray& folder, const std::string& found) -> std::string {
-            return state(folder) == found ? "" : "changes by itself";
-          },
-          .maybeDone = true};
+  Scenario scenario{
+      .name = name, .syncs = syncs, .before = before, .after = "whole", .maybeDone = true};
+  scenario.prepare = [=](const QByteArray& folder) {
+    std::ignore = replaceFile(folder + "/pack/film.cube", kLut);
+    if (!before.empty()) std::ignore = replaceFile(copyIn(folder), before.c_str());
+  };
+  scenario.change = [](const QByteArray& folder) {
+    std::ignore =
+        CloudLUTPreparation::prepare(fileUrl(folder + "/pack/film.cube"), fileUrl(folder + "/pack"),
+                                     fileUrl(folder + "/library"));
+  };
+  scenario.state = state;
+  scenario.aftermath = [=](const QByteArray& folder, const std::string& found) -> std::string {
+    return state(folder) == found ? "" : "changes by itself";
+  };
+  return scenario;
 }
 
 }  // namespace

@@ -2,19 +2,13 @@
 #include "runtime/PanelOptions.h"
 #include "support/Program.h"
 
-#include <QElapsedTimer>
 #include <QImage>
-#include <QTemporaryDir>
 
 #include <csignal>
 
-using namespace orvex;
-using namespace Qt::StringLiterals;
-
 namespace {
 
-class PanelProcess : public testing::Test {
- protected:
+struct PanelProcess : testing::Test {
   // Without a display.
   PanelProcess() {
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -63,7 +57,7 @@ TEST_F(PanelProcess, TheCompanionReachesTheHostOfARunningPanel) {
   const QString blade = u"timeline-action?action=blade-speed"_s;
   // One that is still starting answers too late.
   for (const QString& request : {blade, u"focus-panel"_s})
-    EXPECT_TRUE(waitUntil([&] { return companion(request) == 0; }, std::chrono::seconds(20)));
+    EXPECT_TRUE(waitUntil([&] { return companion(request) == 0; }, 20s));
   // One that hangs is given up, well before anybody gives up the companion.
   ::kill(static_cast<pid_t>(panel.processId()), SIGSTOP);
   QElapsedTimer time;

@@ -1,10 +1,6 @@
 #include "support/FaultServer.h"
-#include "support/TemporaryTree.h"
 
 #include <future>
-
-using namespace orvex;
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -23,15 +19,16 @@ int load(HttpClient& client, const QUrl& url, const std::stop_token& stop = {}) 
       url, [](auto) {}, stop);
 }
 
-// The kind of failure, or nothing; every failure says whom it is about and ends in time.
+// The kind of failure, or nothing; every failure says whom it is about, or `word`, and ends in
+// time.
 template <typename Work>
-std::optional<Kind> failureOf(Work work) {
+std::optional<Kind> failureOf(Work work, QStringView word = u"localhost") {
   const auto start = std::chrono::steady_clock::now();
   std::optional<Kind> kind;
   try {
     std::ignore = work();
   } catch (const TransportError& error) {
-    EXPECT_TRUE(error.description().contains(u"localhost")) << error.description();
+    EXPECT_TRUE(error.description().contains(word)) << error.description();
     kind = error.kind();
   }
   EXPECT_LT(std::chrono::steady_clock::now() - start, 15s);
@@ -47,29 +44,27 @@ TEST(HttpClient, Exchanges) {
   server.redirect("/moved", "/text");
   server.say("/chunked",
              "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2\r\nab\r\n1\r\nc\r\n0\r\n\r\n");
-  const struct {
-    QByteArray path;
-    int status;
-    QByteArray body;
-  } rows[]{
-      {"/text", 200, "text"},         {"/none", 204, {}},
-      {"/refused", 500, "why"},       {"/moved", 200, "text"},
-      {"/chunked", 200, "abc"},       {"/zipped", 200, "\x1f\x8b not unpacked"},
+  const std::tuple<QByteArray, int, QByteArray> rows[]{
+      {"/text", 200, "text"},
+      {"/none", 204, {}},
+      {"/moved", 200, "text"},
+      {"/chunked", 200, "abc"},
+      {"/zipped", 200, "\x1f\x8b not unpacked"},
+      // Of a download that is refused the body is not waited for: the connection ends.
+      {"/refused", 500, "why"},
       {"/else", 404, "nothing here"},
   };
   HttpClient client(server.options());
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.path.constData());
-    const HttpResponse response = fetch(client, server.url(row.path));
-    EXPECT_EQ(response.status, row.status);
-    EXPECT_EQ(response.body, row.body);
-  }
-  EXPECT_EQ(server.connections(), 1);
-  for (const auto& row : rows) {
-    QByteArray body;
-    EXPECT_EQ(client.download(server.url(row.path), [&](auto bytes) { body.append(bytes); }, {}),
-              row.status);
-    EXPECT_EQ(body, isSuccess(row.status) ? row.body : QByteArray()) << row.path.constData();
+  for (const auto& [path, status, body] : rows) {
+    SCOPED_TRACE(path.constData());
+    const HttpResponse response = fetch(client, server.url(path));
+    EXPECT_EQ(response.status, status);
+    EXPECT_EQ(response.body, body);
+    EXPECT_TRUE(server.connections() == 1 || !isSuccess(status));
+    QByteArray loaded;
+    EXPECT_EQ(client.download(server.url(path), [&](auto bytes) { loaded.append(bytes); }, {}),
+              status);
+    EXPECT_EQ(loaded, isSuccess(status) ? body : QByteArray());
   }
 }
 
@@ -81,13 +76,7 @@ TEST(HttpClient, RefusesCertificatesThatDoNotHold) {
   for (const auto& [certificate, word] : rows) {
     FaultServer server(certificate);
     HttpClient client(server.options());
-    try {
-      std::ignore = fetch(client, server.url("/"));
-      ADD_FAILURE() << "accepted";
-    } catch (const TransportError& error) {
-      EXPECT_EQ(error.kind(), Kind::Certificate);
-      EXPECT_TRUE(error.description().contains(word)) << error.description();
-    }
+    EXPECT_EQ(failureOf([&] { return fetch(client, server.url("/")); }, word), Kind::Certificate);
     EXPECT_TRUE(server.requests().isEmpty());
   }
   FaultServer server;
@@ -107,44 +96,40 @@ TEST(HttpClient, EndsWhatAServerDoesWrong) {
   const QByteArray ok = "HTTP/1.1 200 OK\r\n";
   const QByteArray body = ok + "Content-Length: 9\r\n\r\nabc";
   const QByteArray chunk = ok + "Transfer-Encoding: chunked\r\n\r\n9\r\nabc";
+  const QByteArray vast = ok + "Transfer-Encoding: chunked\r\n\r\nffffffffffffffff\r\nabc";
   const QByteArray lots(10'000, 'x');
-  const struct {
-    QByteArray said;
-    FaultServer::Then then;
-    Kind kind;
-    // For ever, a single letter slowly.
-    QByteArray repeated{};
-  } rows[]{
-      {"", &Peer::stall, Kind::TimedOut},
-      {body, &Peer::stall, Kind::TimedOut},
+  // What it says, then does, and what that is called; in the end what it says for ever, a single
+  // letter slowly.
+  const std::tuple<QByteArray, FaultServer::Then, Kind, QByteArray> rows[]{
+      {"", &Peer::stall, Kind::TimedOut, {}},
+      {body, &Peer::stall, Kind::TimedOut, {}},
       {ok + "\r\n", &Peer::close, Kind::TimedOut, "a"},
       {ok + "X: ", &Peer::close, Kind::TimedOut, "a"},
       {ok, &Peer::close, Kind::TooLarge, "X: " + QByteArray(1000, 'x') + "\r\n"},
       {ok + "X: ", &Peer::close, Kind::TooLarge, lots},
-      {body, &Peer::close, Kind::Broken},
-      {chunk, &Peer::close, Kind::Broken},
-      {"", &Peer::close, Kind::Broken},
-      {ok + "Transfer-Encoding: chunked\r\n\r\nffffffffffffffff\r\nabc", &Peer::close,
-       Kind::Broken},
-      {ok + "Content-Length: 1\r\nContent-Length: 2\r\n\r\nx", &Peer::close, Kind::Broken},
+      {body, &Peer::close, Kind::Broken, {}},
+      {chunk, &Peer::close, Kind::Broken, {}},
+      {"", &Peer::close, Kind::Broken, {}},
+      {vast, &Peer::close, Kind::Broken, {}},
+      {ok + "Content-Length: 1\r\nContent-Length: 2\r\n\r\nx", &Peer::close, Kind::Broken, {}},
       {"", &Peer::close, Kind::TooLarge, QByteArray("HTTP/1.1 100 Continue\r\n\r\n").repeated(99)},
-      {body, &Peer::reset, Kind::Broken},
-      {"what?\r\n\r\nwhat?", &Peer::close, Kind::NotHttp},
-      {"HTTP/1.1 abc OK\r\n\r\n", &Peer::close, Kind::NotHttp},
+      {body, &Peer::reset, Kind::Broken, {}},
+      {"what?\r\n\r\nwhat?", &Peer::close, Kind::NotHttp, {}},
+      {"HTTP/1.1 abc OK\r\n\r\n", &Peer::close, Kind::NotHttp, {}},
   };
   HttpClient patient(server.options());
   HttpClient impatient(server.options(300ms));
-  for (const auto& row : rows) {
-    SCOPED_TRACE(&row - rows);
-    server.on("/wrong", [row](Peer& peer, const auto&) {
-      peer.send(row.said);
-      if (!row.repeated.isEmpty()) peer.repeat(row.repeated, row.repeated.size() > 1 ? 0ms : 50ms);
-      (peer.*row.then)();
+  for (const auto& [said, then, kind, repeated] : rows) {
+    SCOPED_TRACE((said + repeated).left(60).constData());
+    server.on("/wrong", [=](Peer& peer, const auto&) {
+      peer.send(said);
+      if (!repeated.isEmpty()) peer.repeat(repeated, repeated.size() > 1 ? 0ms : 50ms);
+      (peer.*then)();
     });
     server.redirect("/moved", "/wrong");
-    HttpClient& client = row.kind == Kind::TimedOut ? impatient : patient;
-    EXPECT_EQ(failureOf([&] { return fetch(client, server.url("/moved")); }), row.kind);
-    EXPECT_EQ(failureOf([&] { return load(client, server.url("/wrong")); }), row.kind);
+    HttpClient& client = kind == Kind::TimedOut ? impatient : patient;
+    EXPECT_EQ(failureOf([&] { return fetch(client, server.url("/moved")); }), kind);
+    EXPECT_EQ(failureOf([&] { return load(client, server.url("/wrong")); }), kind);
   }
   // Of a download the sink decides.
   server.answer("/more", 200, QByteArray(kLimit + 1, 'x'));

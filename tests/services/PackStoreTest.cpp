@@ -2,15 +2,7 @@
 #include "base/FileUrl.h"
 #include "services/UniversalInstalledRecord.h"
 #include "services/UniversalPackClientError.h"
-#include "support/TemporaryTree.h"
 #include "support/TestPack.h"
-
-#include <gmock/gmock.h>
-#include <limits>
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
-using testing::ElementsAre;
 
 namespace {
 
@@ -84,12 +76,7 @@ TEST(PackStore, RefusesWhatCannotBeFetchedBeforeItFetchesAnything) {
   }
   const TemporaryTree tree;
   asset.bytes = std::int64_t{1} << 60;
-  try {
-    test.installIn(PackStore(tree.path("packs")));
-    FAIL() << "installed";
-  } catch (const FileError& error) {
-    EXPECT_EQ(error.code(), ENOSPC);
-  }
+  EXPECT_THROW(test.installIn(PackStore(tree.path("packs"))), FileError) << "there is no space";
   EXPECT_TRUE(tree.names("packs").isEmpty());
   test.pack.targets = {u"Final-Cut"_s};
   expectRefused(test.pack, Kind::InvalidCatalog);
@@ -169,23 +156,16 @@ TEST(PackStore, SweepsWhatIsLeftBehindAndNothingElse) {
 }
 
 TEST(PackStore, FollowsNoLinkAndWaitsForNothingThatIsPlanted) {
-  using Plant = void (*)(const TemporaryTree&);
-  const Plant plants[]{
-      [](const TemporaryTree& tree) { tree.link("packs/film", "../outside/film"); },
-      [](const TemporaryTree& tree) { tree.link("packs/film/1", "../../outside/film/1"); },
-      [](const TemporaryTree& tree) {
-        tree.link("packs/film/1/installed.json", "../../../outside/film/1/installed.json");
-      },
-      [](const TemporaryTree& tree) {
-        tree.folder("packs/film/1");
-        tree.fifo("packs/film/1/installed.json");
-      },
-      [](const TemporaryTree& tree) { tree.folder("packs/film/1/installed.json"); },
-      [](const TemporaryTree& tree) {
-        tree.file("packs/film/1/installed.json", QByteArray(100'000, '['));
-      },
+  const QByteArray record = "packs/film/1/installed.json";
+  const std::function<void(const TemporaryTree&)> plants[]{
+      [](const auto& tree) { tree.link("packs/film", "../outside/film"); },
+      [](const auto& tree) { tree.link("packs/film/1", "../../outside/film/1"); },
+      [&](const auto& tree) { tree.link(record, "../../../outside/film/1/installed.json"); },
+      [&](const auto& tree) { tree.fifo(record); },
+      [&](const auto& tree) { tree.folder(record); },
+      [&](const auto& tree) { tree.file(record, QByteArray(100'000, '[')); },
   };
-  for (const Plant& plant : plants) {
+  for (const auto& plant : plants) {
     SCOPED_TRACE(&plant - plants);
     for (const bool installs : {true, false}) {
       const TemporaryTree tree;

@@ -3,21 +3,10 @@
 #include "services/SemanticVersion.h"
 #include "services/UniversalPackCatalog.h"
 
-#include <QJsonDocument>
-
-#include <gtest/gtest.h>
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
-
 namespace {
 
 TEST(SemanticVersion, Compares) {
-  const struct {
-    const char16_t* a;
-    const char16_t* b;
-    int order;
-  } rows[]{
+  const std::tuple<const char16_t*, const char16_t*, int> rows[]{
       {u"1.2", u"1.2.0", 0},
       {u"1.9", u"1.10", -1},
       {u"2.0.0-rc1", u"2.0.0", 0},
@@ -32,9 +21,9 @@ TEST(SemanticVersion, Compares) {
       {u"5五.2", u"0.2", 0},
       {u"5\U0001D7D8", u"0", 0},
   };
-  for (const auto& row : rows) {
-    EXPECT_EQ(SemanticVersion(row.a) < SemanticVersion(row.b), row.order < 0) << &row - rows;
-    EXPECT_EQ(SemanticVersion(row.a) > SemanticVersion(row.b), row.order > 0) << &row - rows;
+  for (const auto& [a, b, order] : rows) {
+    EXPECT_EQ(SemanticVersion(a) < SemanticVersion(b), order < 0) << QString::fromUtf16(a);
+    EXPECT_EQ(SemanticVersion(a) > SemanticVersion(b), order > 0) << QString::fromUtf16(a);
   }
 }
 
@@ -126,31 +115,28 @@ TEST(UniversalPackCatalog, IsReadAsStrictlyAsItIsDescribed) {
   EXPECT_EQ(decoded.packs[0].manifestSHA256, u"m"_s);
   EXPECT_EQ(decoded.packs[1].rollback.previousVersion, u"0"_s);
   EXPECT_EQ(UniversalPackCatalog::decode(decoded.encode()), decoded);
-  const struct {
-    const char* what;
-    const char* instead;
-    const char16_t* place;
-  } rows[]{{R"("bytes":2)", R"("bytes":2.5)", u"\"packs[0].variants.final-cut[0].bytes\" 64 bit"},
-           {R"("bytes":2)", R"("bytes":null)", u"bytes\" 64 bit"},
-           {R"("bytes":2)", R"("bytes":true)", u"bytes\" 64 bit"},
-           {R"("bytes":2)", R"("bytes":"2")", u"bytes\" 64 bit"},
-           {R"("bytes":2)", R"("bytes":1e400)", u"geçersiz"},
-           {R"("bytes":2)", R"("bytes":9223372036854775808)", u"bytes\" 64 bit"},
-           {R"("bytes":2)", R"("bytes":-9223372036854775808)", u""},
-           {R"("bytes":2)", R"("bytes":2.50e1)", u""},
-           {R"("file":"a",)", "", u"\"packs[0].sharedAssets[0].file\" eksik"},
-           {R"("rollback":{"previousVersion":"0"})", R"("x":1)", u"\"packs[0].rollback\" eksik"},
-           {R"({"previousVersion":"0"})", "{}", u""},
-           {R"({"previousVersion":"0"})", R"({"previousVersion":0})", u"previousVersion\" metin"},
-           {R"("other":[])", R"("other":{})", u"\"packs[0].variants.other\" dizi"},
-           {R"("url":"https://h/b")", R"("url":null)", u""},
-           {R"("url":"https://h/b")", R"("url":7)", u"url\" metin olmalı, 7"},
-           {R"(["final-cut"])", R"(["final-cut",1])", u"\"packs[0].targets[1]\" metin"}};
-  for (const auto& row : rows) {
+  const std::tuple<const char*, const char*, const char16_t*> rows[]{
+      {R"("bytes":2)", R"("bytes":2.5)", u"\"packs[0].variants.final-cut[0].bytes\" 64 bit"},
+      {R"("bytes":2)", R"("bytes":null)", u"bytes\" 64 bit"},
+      {R"("bytes":2)", R"("bytes":true)", u"bytes\" 64 bit"},
+      {R"("bytes":2)", R"("bytes":"2")", u"bytes\" 64 bit"},
+      {R"("bytes":2)", R"("bytes":1e400)", u"geçersiz"},
+      {R"("bytes":2)", R"("bytes":9223372036854775808)", u"bytes\" 64 bit"},
+      {R"("bytes":2)", R"("bytes":-9223372036854775808)", u""},
+      {R"("bytes":2)", R"("bytes":2.50e1)", u""},
+      {R"("file":"a",)", "", u"\"packs[0].sharedAssets[0].file\" eksik"},
+      {R"("rollback":{"previousVersion":"0"})", R"("x":1)", u"\"packs[0].rollback\" eksik"},
+      {R"({"previousVersion":"0"})", "{}", u""},
+      {R"({"previousVersion":"0"})", R"({"previousVersion":0})", u"previousVersion\" metin"},
+      {R"("other":[])", R"("other":{})", u"\"packs[0].variants.other\" dizi"},
+      {R"("url":"https://h/b")", R"("url":null)", u""},
+      {R"("url":"https://h/b")", R"("url":7)", u"url\" metin olmalı, 7"},
+      {R"(["final-cut"])", R"(["final-cut",1])", u"\"packs[0].targets[1]\" metin"}};
+  for (const auto& [what, instead, place] : rows) {
     const QString description =
-        refusal<UniversalPackCatalog>(catalog({pack("A").replace(row.what, row.instead)}));
-    EXPECT_TRUE(description.contains(row.place)) << row.instead << ": " << description;
-    EXPECT_EQ(description.isEmpty(), *row.place == 0) << description;
+        refusal<UniversalPackCatalog>(catalog({pack("A").replace(what, instead)}));
+    EXPECT_TRUE(description.contains(place)) << instead << ": " << description;
+    EXPECT_EQ(description.isEmpty(), *place == 0) << description;
   }
 }
 

@@ -6,12 +6,6 @@
 #include "support/FaultServer.h"
 
 #include <QDateTime>
-#include <QJsonDocument>
-
-#include <gtest/gtest.h>
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -42,7 +36,7 @@ HttpOptions answer(FaultServer& server, const QByteArray& path, int status,
                    const QByteArray& body) {
   if (status == kSilence) {
     server.say(path, {}, &FaultServer::Peer::stall);
-    return server.options(std::chrono::milliseconds(300));
+    return server.options(300ms);
   }
   if (status == kGarbage)
     server.say(path, "what?\r\n\r\n", &FaultServer::Peer::close);
@@ -56,13 +50,10 @@ TEST(ServiceClients, FetchReleasesAndCatalogs) {
   const QByteArray manifest =
       R"({"productId":"vantrelo-orvex-finalcut","version":"1.2","downloadURL":"https://x/y"})";
   const QByteArray catalog = R"({"schemaVersion":1,"revision":"r","packs":[]})";
-  const struct {
-    int status;
-    QByteArray manifest;
-    const char16_t* release;
-    QByteArray catalog;
-    const char16_t* packs;
-  } rows[]{
+  const char16_t* const noRelease = u"release: Release manifest cevabı geçersiz.";
+  const char16_t* const noPacks = u"pack: Universal Pack sunucu cevabı geçersiz.";
+  // The status, and for each service what is sent with it and what comes of that.
+  const std::tuple<int, QByteArray, const char16_t*, QByteArray, const char16_t*> rows[]{
       {200, manifest, u"1.2", catalog, u"r"},
       {299, manifest, u"1.2", catalog, u"r"},
       {300, manifest, u"release: Release Center HTTP 300", catalog,
@@ -72,20 +63,16 @@ TEST(ServiceClients, FetchReleasesAndCatalogs) {
        u"pack: Universal Pack kataloğu geçersiz."},
       // What cannot be read is said before what it is for.
       {200, R"({"productId":"x","version":"1"})", u"json", R"({"schemaVersion":2})", u"json"},
-      {0,
-       {},
-       u"release: Release manifest cevabı geçersiz.",
-       {},
-       u"pack: Universal Pack sunucu cevabı geçersiz."},
+      {kGarbage, {}, noRelease, {}, noPacks},
       {kSilence, {}, u"transport", {}, u"transport"},
   };
-  for (const auto& row : rows) {
-    const HttpOptions http = answer(server, "/manifest.json", row.status, row.manifest);
-    std::ignore = answer(server, "/packs/manifest.json", row.status, row.catalog);
+  for (const auto& [status, manifestSent, release, catalogSent, packs] : rows) {
+    const HttpOptions http = answer(server, "/manifest.json", status, manifestSent);
+    std::ignore = answer(server, "/packs/manifest.json", status, catalogSent);
     const ReleaseCenterClient releases(server.url("/manifest.json"), http);
-    EXPECT_EQ(outcome([&] { return releases.fetchManifest().version; }), row.release);
+    EXPECT_EQ(outcome([&] { return releases.fetchManifest().version; }), release);
     const QUrl url = server.url("/packs/manifest.json?ts=1&x=2");
-    EXPECT_EQ(outcome([&] { return fetchPackCatalog(url, http, {}).revision; }), row.packs);
+    EXPECT_EQ(outcome([&] { return fetchPackCatalog(url, http, {}).revision; }), packs);
   }
   const qint64 now = QDateTime::currentSecsSinceEpoch();
   const QList<FaultServer::Request> requests = server.requests();
@@ -99,11 +86,7 @@ TEST(ServiceClients, FetchReleasesAndCatalogs) {
 TEST(ServiceClients, SendRequests) {
   FaultServer server;
   const QString title = u"Başlık \"1\"\n\u0001"_s;
-  const struct {
-    int status;
-    QByteArray body;
-    const char16_t* outcome;
-  } rows[]{
+  const std::tuple<int, QByteArray, const char16_t*> rows[]{
       {200, R"({"ok":true,"requestId":"r","id":"i"})", u"r"},
       {201, R"({"ok":true,"id":"i","requestId":null})", u"i"},
       {200, R"({"ok":true})", u"Vantrelo Request"},
@@ -115,28 +98,20 @@ TEST(ServiceClients, SendRequests) {
       {kGarbage, {}, u"transport"},
       {kSilence, {}, u"transport"},
   };
-  for (const auto& row : rows) {
-    const RequestCenterClient client(server.url("/api"),
-                                     answer(server, "/api", row.status, row.body));
+  for (const auto& [status, body, told] : rows) {
+    const RequestCenterClient client(server.url("/api"), answer(server, "/api", status, body));
     const FeatureRequest request{title,     u" d "_s, u"Color"_s, u"Final Cut Pro"_s,
                                  u"11.1"_s, {},       u"0.3"_s};
-    EXPECT_EQ(outcome([&] { return client.send(request); }), row.outcome);
+    EXPECT_EQ(outcome([&] { return client.send(request); }), told);
   }
   const FaultServer::Request request = server.requests()[0];
   EXPECT_EQ(request.method, "POST");
   EXPECT_EQ(request.headers.value("content-type"), "application/json");
-  EXPECT_EQ(QJsonDocument::fromJson(request.body).object(),
-            (QJsonObject{{u"type"_s, u"feature"_s},
-                         {u"title"_s, title},
-                         {u"description"_s, u" d "_s},
-                         {u"priority"_s, u"normal"_s},
-                         {u"module"_s, u"Color"_s},
-                         {u"source"_s, u"vantrelo-orvex-finalcut"_s},
-                         {u"diagnostics"_s, QJsonObject{{u"appVersion"_s, u"Final Cut Pro 11.1"_s},
-                                                        {u"extensionVersion"_s, u"0.3"_s},
-                                                        {u"platform"_s, u"macOS"_s},
-                                                        {u"renderer"_s, u"Workflow Extension"_s},
-                                                        {u"compName"_s, QString()}}}}));
+  EXPECT_EQ(QJsonDocument::fromJson(request.body), QJsonDocument::fromJson(R"(
+      {"type": "feature", "title": "Başlık \"1\"\n\u0001", "description": " d ",
+       "priority": "normal", "module": "Color", "source": "vantrelo-orvex-finalcut",
+       "diagnostics": {"appVersion": "Final Cut Pro 11.1", "extensionVersion": "0.3",
+                       "platform": "macOS", "renderer": "Workflow Extension", "compName": ""}})"));
 }
 
 }  // namespace

@@ -2,10 +2,7 @@
 
 #include <dlfcn.h>
 #include <future>
-#include <gtest/gtest.h>
 #include <netdb.h>
-
-using namespace std::chrono_literals;
 
 static std::atomic<bool> answersNames = false;
 
@@ -20,9 +17,6 @@ extern "C" int getaddrinfo(const char* name, const char* service, const addrinfo
       reinterpret_cast<decltype(&getaddrinfo)>(::dlsym(RTLD_NEXT, "getaddrinfo"));
   return next(name, service, hints, result);
 }
-
-namespace orvex {
-namespace {
 
 // A look-up cannot be stopped, so it is left behind: whoever waits for the client to end, waits no
 // longer for it.
@@ -57,6 +51,3 @@ TEST(HttpClient, LeavesANameThatIsNotFoundBehind) {
   watchdog.get();
   EXPECT_EQ(failure(1min, {}), TransportError::Kind::Unreachable);
 }
-
-}  // namespace
-}  // namespace orvex

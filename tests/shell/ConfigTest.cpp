@@ -1,11 +1,5 @@
 #include "base/Bundle.h"
 #include "shell/OrvexConfig.h"
-#include "support/TemporaryTree.h"
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
-
-namespace {
 
 TEST(Config, VersionIsTextOfTheBundleOrTheBuildsOwn) {
   const QString own = OrvexConfig::version(Bundle(u"/nonexistent"_s));
@@ -40,5 +34,3 @@ TEST(Config, EndpointsFollowTheServiceAndRefuseWhatIsNotOne) {
   EXPECT_EQ(OrvexConfig::packsManifestURL().toString(),
             u"https://localhost:8443/base/downloads/orvex/packs/manifest.json");
 }
-
-}  // namespace

@@ -5,38 +5,20 @@
 #include "shell/OrvexState.h"
 #include "shell/VantreloOrvexFinalCutExtensionViewController.h"
 #include "support/NoSystem.h"
-#include "support/Wait.h"
-
-#include <QUrl>
-
-#include <cmath>
-#include <gtest/gtest.h>
-#include <limits>
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 namespace {
 
 // Everything the controller is handed, recording what it does with it.
-class World final : public HostRuntime,
-                    public RecordedDesktop,
-                    public DistributedNotifications,
-                    public PanelViewHost {
- public:
+struct World final : HostRuntime, RecordedDesktop, DistributedNotifications, PanelViewHost {
   std::shared_ptr<FCPXHost> hostSingleton() override {
     ++hostsAsked;
     return host;
   }
 
-  class Subscription final : public Token {
-   public:
-    explicit Subscription(World& world) : world_(world) {}
-    ~Subscription() override { world_.handler = nullptr; }
-
-   private:
-    World& world_;
+  struct Subscription final : Token {
+    explicit Subscription(World& itsWorld) : world(itsWorld) {}
+    ~Subscription() override { world.handler = nullptr; }
+    World& world;
   };
   std::unique_ptr<Token> subscribe(const QString& name, Handler newHandler) override {
     subscribedTo = name;
@@ -64,12 +46,11 @@ class World final : public HostRuntime,
   bool inWindow = true;
 };
 
-class Controller : public testing::Test {
- protected:
+struct Controller : testing::Test {
   std::unique_ptr<VantreloOrvexFinalCutExtensionViewController> make() {
     auto controller = std::make_unique<VantreloOrvexFinalCutExtensionViewController>(
         VantreloOrvexFinalCutExtensionViewController::Environment{
-            world, world, world, world, std::make_shared<NoAudio>(), folders.bookmarks(), world});
+            world, world, world, world, std::make_shared<ListedAudio>(), folders.store, world});
     controller->loadView();
     controller->viewDidLoad();
     EXPECT_TRUE(waitUntil([&] { return !world.audio->isRefreshing(); }));
@@ -81,24 +62,18 @@ class Controller : public testing::Test {
 };
 
 TEST_F(Controller, TakesOnlyFiniteFloatingPointSizesFrom320) {
-  constexpr double kInfinity = std::numeric_limits<double>::infinity();
-  const struct {
-    QVariant width;
-    QVariant height;
-    QSizeF size;
-  } rows[] = {
-      {700.5, 600.0, {700.5, 600}}, {319.9, 900.0, {1040, 900}},
-      {320.0, {}, {320, 780}},      {u"1200"_s, true, {1040, 780}},
-      {1200, 700.0F, {1040, 780}},  {std::nan(""), kInfinity, {1040, 780}},
+  const std::tuple<QVariant, QVariant, QSizeF> rows[] = {
+      {700.5, 600.0, {700.5, 600}},   {319.9, 900.0, {1040, 900}}, {320.0, {}, {320, 780}},
+      {u"1200"_s, true, {1040, 780}}, {1200, 700.0F, {1040, 780}}, {kNan, kInfinity, {1040, 780}},
   };
-  for (const auto& row : rows) {
+  for (const auto& [width, height, size] : rows) {
     const auto controller = make();
     EXPECT_EQ(world.subscribedTo, u"com.vantrelo.orvex.finalcut.panel-size");
-    QVariantMap userInfo{{u"Width"_s, 500.0}, {u"height"_s, row.height}};
-    if (row.width.isValid()) userInfo.insert(u"width"_s, row.width);
+    QVariantMap userInfo{{u"Width"_s, 500.0}, {u"height"_s, height}};
+    if (width.isValid()) userInfo.insert(u"width"_s, width);
     world.handler(userInfo);
     const OrvexState& state = controller->orvexState();
-    EXPECT_EQ(QSizeF(state.panelWidth(), state.panelHeight()), row.size);
+    EXPECT_EQ(QSizeF(state.panelWidth(), state.panelHeight()), size);
   }
   EXPECT_FALSE(world.handler) << "a destroyed controller is still subscribed";
 }

@@ -3,43 +3,32 @@
 #include "shell/PackOperations.h"
 #include "shell/ReleaseCheck.h"
 #include "support/TestCloud.h"
-#include "support/Wait.h"
-
-#include <gtest/gtest.h>
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
 
 namespace {
 
-// Toasts as "kind seconds text".
+// Puts toasts into `list` as "kind seconds text".
 template <typename Operations>
-class Toasts {
- public:
-  explicit Toasts(Operations& operations) {
-    QObject::connect(
-        &operations, &Operations::toast, &operations,
-        [this](const QString& message, OrvexToast::Kind kind, double duration) {
-          static const QStringList kKinds{u"success"_s, u"error"_s, u"info"_s};
-          list_.append(
-              u"%1 %2 %3"_s.arg(kKinds.at(static_cast<int>(kind))).arg(duration).arg(message));
-        });
-  }
-  QString take() { return std::exchange(list_, {}).join(u'\n'); }
-
- private:
-  QStringList list_;
-};
+void record(Operations& operations, QStringList& list) {
+  QObject::connect(
+      &operations, &Operations::toast,
+      [&list](const QString& message, OrvexToast::Kind kind, double duration) {
+        list.append(QVariant::fromValue(kind).toString() + u" %1 %2"_s.arg(duration).arg(message));
+      });
+}
+QString take(QStringList& list) {
+  return std::exchange(list, {}).join(u'\n');
+}
 
 TEST(Operations, ReleaseCheck) {
   TestCloud cloud;
+  QStringList toasts;
   ReleaseCheck check(cloud.services().releases);
-  Toasts toasts(check);
+  record(check, toasts);
   const auto run = [&](bool silent) {
     check.start(silent);
     check.start(false);
     EXPECT_TRUE(waitUntil([&] { return !check.state().checking; }));
-    return toasts.take();
+    return take(toasts);
   };
   cloud.release(u"99.1"_s, {{u"notesURL"_s, u"https://orvex.example/n"_s},
                             {u"publishedAt"_s, u"dün"_s},
@@ -71,11 +60,11 @@ TEST(Operations, ReleaseCheck) {
   }
 }
 
-class Packs : public testing::Test {
- protected:
+struct Packs : testing::Test {
   Packs() {
     cloud.pack(u"a"_s, u"Gece"_s, u"1.0"_s, QByteArray(100'000, 'a'));
     cloud.publishCatalog();
+    record(*operations, toasts);
     refresh(true);
     a = operations->packs().at(0);
   }
@@ -83,19 +72,18 @@ class Packs : public testing::Test {
   QString refresh(bool silent) {
     operations->refresh(silent);
     EXPECT_TRUE(waitUntil([&] { return !operations->isRefreshing(); }));
-    return toasts->take();
+    return take(toasts);
   }
   QString finish(void (PackOperations::*operation)(const UniversalPack&),
                  const UniversalPack& pack) {
     (operations.get()->*operation)(pack);
     EXPECT_TRUE(waitUntil([&] { return operations->busyIDs().isEmpty(); }));
-    return toasts->take();
+    return take(toasts);
   }
 
   TestCloud cloud;
+  QStringList toasts;
   std::unique_ptr<PackOperations> operations = std::make_unique<PackOperations>(cloud.packs());
-  std::unique_ptr<Toasts<PackOperations>> toasts =
-      std::make_unique<Toasts<PackOperations>>(*operations);
   UniversalPack a;
 };
 

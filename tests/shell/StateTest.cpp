@@ -1,16 +1,4 @@
 #include "shell/OrvexState.h"
-#include "support/Wait.h"
-
-#include <QElapsedTimer>
-
-#include <gtest/gtest.h>
-#include <limits>
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
-
-namespace {
 
 constexpr auto kInfo = OrvexToast::Kind::info;
 
@@ -24,8 +12,7 @@ TEST(State, ANewerToastReplacesTheOlderAndKeepsItsOwnTime) {
   EXPECT_EQ(state.toast(), (OrvexToast{u"first"_s, kInfo}));
   ASSERT_TRUE(waitUntil([&] { return !state.toast(); }));
   EXPECT_GE(sinceSecond.elapsed(), 299);
-  constexpr double kInfinity = std::numeric_limits<double>::infinity();
-  for (const double duration : {0.0, -kInfinity, std::numeric_limits<double>::quiet_NaN()}) {
+  for (const double duration : {0.0, -kInfinity, kNan}) {
     state.showToast(u"short"_s, kInfo, duration);
     QCoreApplication::processEvents();
     EXPECT_FALSE(state.toast()) << duration;
@@ -33,5 +20,3 @@ TEST(State, ANewerToastReplacesTheOlderAndKeepsItsOwnTime) {
   state.showToast(u"long"_s, kInfo, kInfinity);
   EXPECT_FALSE(waitUntil([&] { return !state.toast(); }, 50ms));
 }
-
-}  // namespace

@@ -1,14 +1,5 @@
 #include "speed/SpeedCurve.h"
 
-#include <cmath>
-#include <gmock/gmock.h>
-#include <limits>
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
-
-namespace {
-
 TEST(SpeedCurve, ReadsItsTextFormAndRefusesWhatIsNotOne) {
   const std::pair<QString, SpeedCurve> good[] = {
       {u"cubic-bezier(0.1, 0.72, 0.28, 1.0)"_s, {0.1, 0.72, 0.28, 1}},
@@ -17,7 +8,7 @@ TEST(SpeedCurve, ReadsItsTextFormAndRefusesWhatIsNotOne) {
   };
   for (const auto& [text, curve] : good) EXPECT_EQ(SpeedCurve::fromBezierCode(text), curve);
   // Halves go to the even digit, and there is no zero below zero.
-  EXPECT_EQ(SpeedCurve(-0.0, 0.004999, 0.125, std::nan("")).bezierCode(),
+  EXPECT_EQ(SpeedCurve(-0.0, 0.004999, 0.125, kNan).bezierCode(),
             u"cubic-bezier(0.00, 0.00, 0.12, 0.00)");
   for (const QString& bad : {u""_s, u"cubic-bezier(1,2,3)"_s, u"cubic-bezier(1,2,3,4,5)"_s,
                              u"cubic-bezier(0,2 0,2 0,8 0,8)"_s, u"cubic-bezier(nan,0,0,0)"_s,
@@ -32,7 +23,7 @@ TEST(SpeedCurve, SpeedRangeIsThatOfTheSlopeMeasuredAlongTheCurve) {
   for (int n = 0; n < 200; ++n) {
     const auto part = [n](double factor) { return std::fmod(0.05 + n * factor, 0.9) + 0.05; };
     const SpeedCurve curve(part(0.173), part(0.311), part(0.237), part(0.419));
-    double smallest = std::numeric_limits<double>::infinity();
+    double smallest = kInfinity;
     double largest = 0;
     constexpr int kSteps = 20000;
     for (int i = 1; i <= kSteps; ++i) {
@@ -52,5 +43,3 @@ TEST(SpeedCurve, StandingAndVerticalEndsHaveASpeed) {
   EXPECT_TRUE(std::isinf(SpeedCurve(0, 1, 1, 1).speedRange().maximumPercent));
   EXPECT_EQ(SpeedCurve(0.65, 0, 0.18, 1).speedRange().minimumPercent, 0);
 }
-
-}  // namespace

@@ -4,29 +4,25 @@
 #include "platform/AudioComponents.h"
 #include "support/RecordedDesktop.h"
 #include "support/ScriptedAccess.h"
+#include "support/TemporaryTree.h"
 
 #include <QSettings>
-#include <QTemporaryDir>
 
 namespace orvex {
 
-/// A system without audio effects.
-class NoAudio final : public AudioComponents {
- public:
-  [[nodiscard]] QList<AudioComponent> effects(const std::stop_token&) override { return {}; }
+/// A system's audio effects: those that a test lists while nobody asks.
+struct ListedAudio final : AudioComponents {
+  [[nodiscard]] QList<AudioComponent> effects(const std::stop_token&) override { return listed; }
+  QList<AudioComponent> listed;
 };
 
-/// The store of a user who never chose a folder.
-class NoFolders final {
- public:
-  [[nodiscard]] FolderBookmarkStore& bookmarks() { return store_; }
-
- private:
-  ScriptedAccess access_;
-  RecordedDesktop log_;
-  QTemporaryDir folder_;
-  QSettings settings_{folder_.filePath(QStringLiteral("settings.ini")), QSettings::IniFormat};
-  FolderBookmarkStore store_{access_, settings_, log_};
+/// The store of a user who has chosen no folder yet.
+struct NoFolders {
+  TemporaryTree folder;
+  QSettings settings{folder.text("settings.ini"), QSettings::IniFormat};
+  ScriptedAccess access;
+  RecordedDesktop log;
+  FolderBookmarkStore store{access, settings, log};
 };
 
 }  // namespace orvex

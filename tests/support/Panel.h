@@ -13,8 +13,7 @@
 namespace orvex {
 
 /// Counts what a timeline tells.
-class CountingObserver final : public FCPXTimelineObserver {
- public:
+struct CountingObserver final : FCPXTimelineObserver {
   void activeSequenceChanged() override { ++sequences; }
   void playheadTimeChanged() override { ++playheads; }
   void sequenceTimeRangeChanged() override { ++ranges; }
@@ -27,17 +26,12 @@ class CountingObserver final : public FCPXTimelineObserver {
 };
 
 /// The panel's side of a host: adapter and state, connected whenever the host changes.
-class Panel final : public HostState, public RecordedDesktop {
- public:
-  explicit Panel(HostRuntime& runtime)
-      : state_(this, [](HostState*) {}), adapter(state_, runtime, *this, *this) {
+struct Panel final : HostState, RecordedDesktop {
+  explicit Panel(HostRuntime& runtime) : adapter(state, runtime, *this, *this) {
     QObject::connect(&runtime, &HostRuntime::hostSingletonChanged, &adapter,
                      [this] { adapter.connect(); });
     if (runtime.hostSingleton()) adapter.connect();
   }
-
-  /// Takes the state away from the adapter.
-  void dropState() { state_.reset(); }
 
   /// Waits until a sequence is there.
   [[nodiscard]] bool ready() {
@@ -50,11 +44,8 @@ class Panel final : public HostState, public RecordedDesktop {
     notices.append(QLatin1String(kind == Notice::Error ? "error: " : "info: ") + message);
   }
 
- private:
   // Owns nothing: this is the state.
-  std::shared_ptr<HostState> state_;
-
- public:
+  const std::shared_ptr<HostState> state{this, [](HostState*) {}};
   HostSnapshot snapshot;
   QStringList notices;
   FinalCutHostAdapter adapter;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/NewFile.h"
 #include "support/TemporaryTree.h"
 
 #include <QDir>
@@ -26,11 +27,8 @@ class PrivateSession : public testing::Test {
   /// Writes an executable script and gives its path; the folders above it are made.
   [[nodiscard]] QString script(const QString& path, const QByteArray& body) const {
     const QString full = home(path);
-    QDir().mkpath(full.left(full.lastIndexOf(u'/')));
-    QFile file(full);
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("#!/bin/sh\n" + body);
-    file.setPermissions(file.permissions() | QFile::ExeOwner);
+    EXPECT_TRUE(replaceFile(full.toUtf8(), "#!/bin/sh\n" + body));
+    QFile::setPermissions(full, QFile::ReadOwner | QFile::ExeOwner);
     return full;
   }
 

@@ -40,6 +40,15 @@ struct ProgramResult {
 [[nodiscard]] inline ProgramResult orvexProgram(const QStringList& arguments) {
   return runProgram(QStringLiteral(ORVEX_PROGRAM), arguments);
 }
+
+/// Runs it with these words, to a failure that gives `reason` and prints nothing else.
+inline void expectFailure(const QString& line, int exitCode, QStringView reason) {
+  SCOPED_TRACE(line.toStdString());
+  const ProgramResult result = orvexProgram(words(line));
+  EXPECT_EQ(result.exitCode, exitCode);
+  EXPECT_TRUE(result.errors.contains(reason)) << result.errors.toStdString();
+  EXPECT_TRUE(result.output.isEmpty()) << result.output.toStdString();
+}
 #endif
 
 }  // namespace orvex

@@ -8,8 +8,7 @@ namespace orvex {
 
 /// Folder access as a test writes it: a grant is the folder's URL as text, the user answers when
 /// the test says so.
-class ScriptedAccess final : public FolderAccess {
- public:
+struct ScriptedAccess final : FolderAccess {
   void chooseFolder(const QString& title, const QString& prompt,
                     std::function<void(std::optional<QUrl>)> chosen) override {
     asked.append(title + u'|' + prompt);

@@ -68,11 +68,17 @@ class TemporaryTree {
   }
 
   void fifo(const QByteArray& below) const {
+    makeParent(below);
     EXPECT_EQ(::mkfifo(path(below).constData(), 0644), 0);
   }
   void link(const QByteArray& below, const QByteArray& target) const {
     makeParent(below);
     EXPECT_EQ(::symlink(target.constData(), path(below).constData()), 0);
+  }
+  /// All that lies in `other`.
+  void copyFrom(const TemporaryTree& other) const {
+    std::filesystem::copy(other.root().toStdString(), root().toStdString(),
+                          std::filesystem::copy_options::recursive);
   }
 
  private:

@@ -19,8 +19,9 @@ TestCase {
         mouseMove(testCase, width - 1, height - 1);
     }
 
-    function make(component, properties) {
-        const item = createTemporaryObject(component, stage, properties ?? {});
+    /// Makes an item of a component, with these properties, or of a line of QML.
+    function make(what, properties) {
+        const item = typeof what === "string" ? createTemporaryQmlObject("import QtQuick; import Orvex; " + what, stage) : createTemporaryObject(what, stage, properties ?? {});
         verify(item);
         waitForRendering(item);
         return item;
@@ -41,17 +42,7 @@ TestCase {
         return below(item, child => child.text === text && child.visible)[0] ?? null;
     }
 
-    Component {
-        id: spy
+    Component { id: spy; SignalSpy { signalName: "clicked" } }
 
-        SignalSpy {
-            signalName: "clicked"
-        }
-    }
-
-    Item {
-        id: stage
-
-        anchors.fill: parent
-    }
+    Item { id: stage; anchors.fill: parent }
 }

@@ -1,11 +1,6 @@
 #include "ui/SpringCurve.h"
 
-#include <cmath>
-#include <gtest/gtest.h>
 #include <numbers>
-
-namespace orvex {
-namespace {
 
 using Point = SpringCurve::Point;
 
@@ -35,6 +30,3 @@ TEST(SpringCurve, AnImpossibleSpringIsSettledRatherThanEndless) {
   const SpringCurve curve{0, 0.8};
   EXPECT_TRUE(curve.settled(curve.at(0.1, {0, 0}, 1), 1, 0.001));
 }
-
-}  // namespace
-}  // namespace orvex

@@ -1,5 +1,4 @@
 import QtQuick
-import QtTest
 import Orvex
 
 KitCase {
@@ -17,12 +16,7 @@ KitCase {
             Repeater {
                 model: 5
 
-                Item {
-                    required property int index
-
-                    implicitHeight: index === 1 ? 60 : 30
-                    implicitWidth: 20
-                }
+                Item { required property int index; implicitHeight: index === 1 ? 60 : 30; implicitWidth: 20 }
             }
         }
     }
@@ -36,21 +30,12 @@ KitCase {
             height: 200
             width: 300
 
-            OrvexPrimaryButton {
-                id: first
-
-                icon: "bolt.fill"
-                title: "İlk"
-            }
+            OrvexPrimaryButton { id: first; icon: "bolt.fill"; title: "İlk" }
 
             Repeater {
                 model: 12
 
-                OrvexToolCard {
-                    icon: "bolt.fill"
-                    subtitle: "Alt başlık"
-                    title: "Kart"
-                }
+                OrvexToolCard { icon: "bolt.fill"; subtitle: "Alt başlık"; title: "Kart" }
             }
         }
     }

@@ -1,5 +1,4 @@
 import QtQuick
-import QtTest
 import Orvex
 
 KitCase {
@@ -13,13 +12,7 @@ KitCase {
         Item {
             property alias spring: inner
 
-            OrvexSpring {
-                id: inner
-
-                dampingFraction: 0.5
-                response: 0.3
-                to: 1
-            }
+            OrvexSpring { id: inner; dampingFraction: 0.5; response: 0.3; to: 1 }
         }
     }
 
@@ -36,11 +29,7 @@ KitCase {
 
             onFrameSwapped: ++frames
 
-            OrvexAnimatedBackdrop {
-                id: backdrop
-
-                anchors.fill: parent
-            }
+            OrvexAnimatedBackdrop { id: backdrop; anchors.fill: parent }
         }
     }
 

@@ -1,50 +1,19 @@
 import QtQuick
-import QtTest
-import Orvex
 
 KitCase {
     id: testCase
 
     name: "Pressing"
 
-    Component {
-        id: toolCard
-
-        OrvexToolCard {
-            icon: "bolt.fill"
-            subtitle: "Seçili klibin hızı"
-            title: "Speed Point"
-            width: 260
-        }
-    }
-
-    Component {
-        id: primaryButton
-
-        OrvexPrimaryButton {
-            icon: "bolt.fill"
-            title: "Speed Point"
-            width: 260
-        }
-    }
-
-    Component {
-        id: textButton
-
-        OrvexTextButton {
-            title: "Speed Point"
-        }
-    }
+    readonly property string toolCard: "OrvexToolCard { icon: 'bolt.fill'; subtitle: 'Seçili klibin hızı'; title: 'Speed Point'; width: 260 }"
+    readonly property string primaryButton: "OrvexPrimaryButton { icon: 'bolt.fill'; title: 'Speed Point'; width: 260 }"
+    readonly property string textButton: "OrvexTextButton { title: 'Speed Point' }"
 
     function test_pressed_data() {
-        return [
-            { tag: "tool card", component: toolCard },
-            { tag: "primary button", component: primaryButton },
-            { tag: "text button", component: textButton }
-        ];
+        return [toolCard, primaryButton, textButton].map(source => ({ tag: source.split(" ")[0], source: source }));
     }
     function test_pressed(data) {
-        const item = make(data.component);
+        const item = make(data.source);
         const clicks = spyOn(item);
         mouseClick(item);
         compare(clicks.count, 1);
@@ -83,20 +52,16 @@ KitCase {
         compare(clicks.count, 0);
     }
 
-    function test_disabled_data() {
-        return [
-            { tag: "tool card", component: toolCard, properties: { enabled: false } },
-            { tag: "primary button", component: primaryButton, properties: { disabled: true } }
-        ];
-    }
-    function test_disabled(data) {
-        const item = make(data.component, data.properties);
-        const clicks = spyOn(item);
-        mouseClick(item);
-        item.forceActiveFocus(Qt.TabFocusReason);
-        keyClick(Qt.Key_Space);
-        verify(setup.pressAccessibly(item));
-        compare([clicks.count, item.activeFocus], [0, false]);
+    function test_disabled() {
+        for (const source of [toolCard.replace("}", "; enabled: false }"), primaryButton.replace("}", "; disabled: true }")]) {
+            const item = make(source);
+            const clicks = spyOn(item);
+            mouseClick(item);
+            item.forceActiveFocus(Qt.TabFocusReason);
+            keyClick(Qt.Key_Space);
+            verify(setup.pressAccessibly(item));
+            compare([clicks.count, item.activeFocus], [0, false]);
+        }
     }
 
     // The lifted card does not slip from under the pointer.

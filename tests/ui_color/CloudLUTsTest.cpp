@@ -1,10 +1,5 @@
 #include "ui/color/CloudLUTs.h"
 
-#include <gtest/gtest.h>
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
-
 TEST(CloudLUTs, DisplayName) {
   const std::map<QString, QString> names{{u"Film.Look.cube"_s, u"Film.Look"_s},
                                          {u"lutpack3.cube"_s, u"LUT Pack 03"_s},

@@ -1,7 +1,5 @@
 #include "base/FileUrl.h"
 #include "platform/HostPicture.h"
-#include "support/TemporaryTree.h"
-#include "support/Wait.h"
 #include "ui/color/GradedPicture.h"
 #include "ui/color/LUTPreviews.h"
 #include "ui/color/PreviewStore.h"
@@ -9,10 +7,6 @@
 #include <QBuffer>
 
 #include <ctime>
-#include <gmock/gmock.h>
-
-using namespace orvex;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -33,8 +27,7 @@ QByteArray encoded(const QImage& image) {
   return bytes;
 }
 
-class LUTPreviewWork : public testing::Test {
- protected:
+struct LUTPreviewWork : testing::Test {
   LUTPreviewResult make(const char* name) { return makeLUTPreview(tree.path(name), source, store); }
 
   TemporaryTree tree;
@@ -98,27 +91,22 @@ TEST(PreviewStore, RemembersFilesThatHaveSettledAndGivesUpWhatWasNotUsedForLonge
 }
 
 // A viewer that writes down in which order pictures come.
-class Viewer final : public LUTPreviews::Viewer {
- public:
-  Viewer(QString viewerName, QStringList& order, bool inView = true)
-      : name_(std::move(viewerName)), order_(order), inView_(inView) {}
-
+struct Viewer final : LUTPreviews::Viewer {
+  Viewer(const QString& itsName, QStringList& itsOrder, bool isSeen = true)
+      : name(itsName), order(itsOrder), inView(isSeen) {}
   void show(const LUTPreviewResult& preview) override {
-    order_.append(name_);
+    order.append(name);
     picture = preview.value_or(QImage());
   }
-  [[nodiscard]] bool isInView() const override { return inView_; }
+  [[nodiscard]] bool isInView() const override { return inView; }
 
+  QString name;
+  QStringList& order;
+  bool inView;
   QImage picture;
-
- private:
-  QString name_;
-  QStringList& order_;
-  bool inView_;
 };
 
-class ScriptedHost final : public HostPicture {
- public:
+struct ScriptedHost final : HostPicture {
   void take(Taken taken) override { pending = std::move(taken); }
   void answer(const std::optional<QByteArray>& picture) {
     std::exchange(pending, nullptr)(picture);
@@ -127,8 +115,7 @@ class ScriptedHost final : public HostPicture {
   Taken pending;
 };
 
-class Previews : public testing::Test {
- protected:
+struct Previews : testing::Test {
   QUrl file(const QByteArray& name) {
     tree.file(name.constData(), oddCube(u"plain.cube"_s));
     return fileUrl(tree.path(name.constData()));

@@ -32,7 +32,10 @@ TestCase {
     function make(width, height, panelWidth = width, panelHeight = height) {
         objects.state.panelWidth = panelWidth;
         objects.state.panelHeight = panelHeight;
-        panel = createTemporaryObject(panelComponent, testCase, { width: width, height: height });
+        panel = createTemporaryObject(panelComponent, testCase, {
+            width: width, height: height, state: objects.state, motion: objects.motion, audio: objects.audio, luts: objects.luts,
+            fxplug: objects.fxplug, hostAdapter: objects.hostAdapter, desktop: objects.desktop, colorServices: objects.colorServices
+        });
         verify(panel !== null);
     }
 
@@ -77,24 +80,6 @@ TestCase {
         return named(panel, "content").page;
     }
 
-    Component {
-        id: objectsComponent
-
-        PanelObjects {}
-    }
-
-    Component {
-        id: panelComponent
-
-        OrvexRootView {
-            state: testCase.objects.state
-            motion: testCase.objects.motion
-            audio: testCase.objects.audio
-            luts: testCase.objects.luts
-            fxplug: testCase.objects.fxplug
-            hostAdapter: testCase.objects.hostAdapter
-            desktop: testCase.objects.desktop
-            colorServices: testCase.objects.colorServices
-        }
-    }
+    Component { id: objectsComponent; PanelObjects {} }
+    Component { id: panelComponent; OrvexRootView {} }
 }

@@ -9,10 +9,10 @@
 #include "engines/MotionTemplateRegistry.h"
 #include "host/FinalCutHostAdapter.h"
 #include "lut/ManagedLibrary.h"
-#include "platform/AudioComponents.h"
 #include "platform/HostRuntime.h"
 #include "platform/hosts/BuiltInHost.h"
 #include "platform/hosts/HostChoice.h"
+#include "runtime/QuickFolderChooser.h"
 #include "shell/OrvexDesktop.h"
 #include "shell/OrvexState.h"
 #include "support/NoSystem.h"
@@ -24,10 +24,9 @@
 #include <QDir>
 #include <QFile>
 #include <QMetaProperty>
-#include <QTimer>
+#include <QQmlEngine>
+#include <QQmlPropertyMap>
 #include <QUrl>
-
-#include <atomic>
 
 namespace orvex {
 
@@ -44,40 +43,35 @@ struct AppTree : TemporaryTree {
 
 /// The objects of one panel beside a built-in host, put together as the controller does it, without
 /// a desktop behind them.
-class PanelObjects : public QObject, private RecordedDesktop {
+class PanelObjects : public QQmlPropertyMap, public RecordedDesktop {
   Q_OBJECT
-  Q_PROPERTY(orvex::OrvexState* state READ state CONSTANT)
-  Q_PROPERTY(orvex::MotionTemplateRegistry* motion READ motion CONSTANT)
-  Q_PROPERTY(orvex::AudioUnitRegistry* audio READ audio CONSTANT)
-  Q_PROPERTY(orvex::LUTRegistry* luts READ luts CONSTANT)
-  Q_PROPERTY(orvex::FxPlugRegistry* fxplug READ fxplug CONSTANT)
-  Q_PROPERTY(orvex::FinalCutHostAdapter* hostAdapter READ hostAdapter CONSTANT)
-  Q_PROPERTY(orvex::OrvexDesktop* desktop READ desktop CONSTANT)
-  Q_PROPERTY(orvex::ColorServices* colorServices READ colorServices CONSTANT)
-  Q_PROPERTY(orvex::BuiltInHost* host READ host CONSTANT)
-  Q_PROPERTY(orvex::LibraryFiles* files READ files CONSTANT)
   /// The addresses that the desktop was asked to open.
   Q_PROPERTY(QStringList opened MEMBER opened)
   /// The files that the file manager was asked to show, which it cannot.
   Q_PROPERTY(QList<QUrl> revealed MEMBER revealed_)
   /// Why the LUT helper cannot be started; empty when it can.
-  Q_PROPERTY(QString launchError MEMBER launchError_)
+  Q_PROPERTY(QString launchError MEMBER launchError)
   /// The reasons of the host refreshes, oldest first.
   Q_PROPERTY(QStringList refreshes MEMBER refreshes_)
+  /// The folders that the dialog answered, "nothing" where it was cancelled.
+  Q_PROPERTY(QStringList answers MEMBER answers_)
 
  public:
-  [[nodiscard]] OrvexState* state() const { return state_.get(); }
-  [[nodiscard]] MotionTemplateRegistry* motion() { return &motion_; }
-  [[nodiscard]] AudioUnitRegistry* audio() { return &audio_; }
-  [[nodiscard]] LUTRegistry* luts() { return &luts_; }
-  [[nodiscard]] FxPlugRegistry* fxplug() { return &fxplug_; }
-  [[nodiscard]] FinalCutHostAdapter* hostAdapter() { return &adapter_; }
-  [[nodiscard]] OrvexDesktop* desktop() { return &desktop_; }
-  [[nodiscard]] ColorServices* colorServices() { return &colorServices_; }
-  [[nodiscard]] BuiltInHost* host() {
-    return dynamic_cast<BuiltInHost*>(runtime_->hostSingleton().get());
+  PanelObjects() : QQmlPropertyMap(this, nullptr) {
+    const QMap<QByteArray, QObject*> parts{
+        {"state", state_.get()},
+        {"motion", &motion_},
+        {"audio", &audio_},
+        {"luts", &luts_},
+        {"fxplug", &fxplug_},
+        {"hostAdapter", &adapter_},
+        {"desktop", &desktop_},
+        {"colorServices", &colorServices_},
+        {"files", &files_},
+        {"host", dynamic_cast<BuiltInHost*>(runtime_->hostSingleton().get())}};
+    for (const auto& [name, part] : parts.asKeyValueRange())
+      insert(QString::fromLatin1(name), QVariant::fromValue(part));
   }
-  [[nodiscard]] LibraryFiles* files() { return &files_; }
 
   /// Puts a pack with these files into the store; the values name files of the corpus of odd LUTs.
   Q_INVOKABLE void installLUTs(const QString& name, const QVariantMap& files) const {
@@ -102,6 +96,14 @@ class PanelObjects : public QObject, private RecordedDesktop {
            replaceFile(asked.value(QStringLiteral("reply")).toString().toUtf8(), *reply);
   }
 
+  /// Opens the folder dialog over the window of `item`.
+  Q_INVOKABLE void chooseFolder(QQuickItem* item) {
+    chooser_ = std::make_unique<QuickFolderChooser>(*qmlEngine(item), *item->window(), *this);
+    chooser_->choose({}, QStringLiteral("Seç"), [this](const std::optional<QUrl>& folder) {
+      answers_.append(folder ? folder->toLocalFile() : QStringLiteral("nothing"));
+    });
+  }
+  Q_INVOKABLE void dropChooser() { chooser_.reset(); }
   Q_INVOKABLE void connectHost() { adapter_.connect(); }
   /// Publishes the disconnected snapshot changed by `fields`, as if the host had reported it.
   Q_INVOKABLE void report(const QVariantMap& fields) {
@@ -113,7 +115,15 @@ class PanelObjects : public QObject, private RecordedDesktop {
     state_->setHost(snapshot);
   }
   /// From the next refresh on, the system has one audio effect.
-  Q_INVOKABLE void installEffect() { effects_->installed = true; }
+  Q_INVOKABLE void installEffect() {
+    effects_->listed = {{.name = QStringLiteral("Yankı"),
+                         .manufacturerName = QStringLiteral("Kurgu Ses"),
+                         .versionString = QStringLiteral("2.4"),
+                         .typeName = QStringLiteral("Delay Plugin"),
+                         .passesValidation = true,
+                         .manufacturer = 0x4B75'7267,  // "Kurg"
+                         .subType = 7}};
+  }
   /// What the vendor's services answer; until told, nothing.
   Q_INVOKABLE void publishRelease(const QString& version, const QVariantMap& fields) {
     cloud_.release(version, QJsonObject::fromVariantMap(fields));
@@ -128,7 +138,6 @@ class PanelObjects : public QObject, private RecordedDesktop {
       cloud_.pack(QString::number(i), QStringLiteral("Pack %1").arg(i), QStringLiteral("1"));
     cloud_.publishCatalog();
   }
-  Q_INVOKABLE void publishCatalog() { cloud_.publishCatalog(); }
   Q_INVOKABLE void watchModel(QAbstractItemModel* model) {
     new QAbstractItemModelTester(model, QAbstractItemModelTester::FailureReportingMode::Warning,
                                  model);
@@ -139,7 +148,6 @@ class PanelObjects : public QObject, private RecordedDesktop {
       if (pack.id == id) cloud_.packs().install(pack);
   }
   Q_INVOKABLE void holdPack(const QString& id) { cloud_.hold(id); }
-  Q_INVOKABLE void resumePack() { cloud_.resume(); }
   Q_INVOKABLE void answerRequests(int status, const QString& body) {
     cloud_.server.answer(TestCloud::kRequests, status, body.toUtf8());
   }
@@ -154,32 +162,8 @@ class PanelObjects : public QObject, private RecordedDesktop {
     return static_cast<int>(std::ranges::count_if(
         requests, [&](const auto& request) { return request.target.startsWith(path.toUtf8()); }));
   }
-  Q_INVOKABLE void toast(const QString& message, int kind, double duration) {
-    state_->showToast(message, static_cast<OrvexToast::Kind>(kind), duration);
-  }
 
  private:
-  class Effects final : public AudioComponents {
-   public:
-    QList<AudioComponent> effects(const std::stop_token&) override {
-      if (!installed) return {};
-      return {{.name = QStringLiteral("Yankı"),
-               .manufacturerName = QStringLiteral("Kurgu Ses"),
-               .versionString = QStringLiteral("2.4"),
-               .typeName = QStringLiteral("Delay Plugin"),
-               .passesValidation = true,
-               .manufacturer = 0x4B75'7267,  // "Kurg"
-               .subType = 7}};
-    }
-    std::atomic<bool> installed = false;
-  };
-
-  void launch(const QUrl&, Launched launched) override {
-    QTimer::singleShot(0, this, [this, launched = std::move(launched)] {
-      using Outcome = std::expected<void, QString>;
-      launched(launchError_.isEmpty() ? Outcome() : std::unexpected(launchError_));
-    });
-  }
   void reveal(const QUrl& file, Revealed revealed) override {
     revealed_.append(file);
     revealed(std::unexpected(QStringLiteral("gösterilemedi")));
@@ -193,22 +177,23 @@ class PanelObjects : public QObject, private RecordedDesktop {
   TestCloud cloud_;
   std::shared_ptr<OrvexState> state_ = std::make_shared<OrvexState>(cloud_.services());
   NoFolders folders_;
-  MotionTemplateRegistry motion_{folders_.bookmarks()};
-  std::shared_ptr<Effects> effects_ = std::make_shared<Effects>();
+  MotionTemplateRegistry motion_{folders_.store};
+  std::shared_ptr<ListedAudio> effects_ = std::make_shared<ListedAudio>();
   AudioUnitRegistry audio_{effects_};
-  LUTRegistry luts_{folders_.bookmarks()};
-  FxPlugRegistry fxplug_{folders_.bookmarks()};
+  LUTRegistry luts_{folders_.store};
+  FxPlugRegistry fxplug_{folders_.store};
   std::unique_ptr<HostRuntime> runtime_ = makeHostRuntime({});
   FinalCutHostAdapter adapter_{state_, *runtime_, *this, *this};
   OrvexDesktop desktop_{*state_, *this};
   AppTree app_;
   ColorServices colorServices_{
-      {*this, folders_.bookmarks().access(), *this, app_.text("X.app/Contents/PlugIns/E.appex")},
+      {*this, folders_.access, *this, app_.text("X.app/Contents/PlugIns/E.appex")},
       nullptr,
       app_.text("cache")};
-  QString launchError_;
   QList<QUrl> revealed_;
   QStringList refreshes_;
+  std::unique_ptr<QuickFolderChooser> chooser_;
+  QStringList answers_;
 };
 
 }  // namespace orvex

@@ -1,5 +1,4 @@
 import QtQuick
-import QtTest
 import Orvex
 import Orvex.Pages
 
@@ -10,11 +9,7 @@ PanelCase {
 
     property BuiltInHostStrip strip: null
 
-    Component {
-        id: stripComponent
-
-        BuiltInHostStrip {}
-    }
+    Component { id: stripComponent; BuiltInHostStrip {} }
 
     function openStrip(width) {
         strip = createTemporaryObject(stripComponent, test, { host: objects.host, width: width, y: 400 });

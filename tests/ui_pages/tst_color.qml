@@ -1,7 +1,5 @@
 import QtQuick
-import QtTest
 import Orvex
-import Orvex.Pages
 
 PanelCase {
     name: "Color"
@@ -25,9 +23,6 @@ PanelCase {
     }
     function click(name, button = "apply") {
         mouseClick(named(card(name), button));
-    }
-    function status() {
-        return named(panel, "engineStatus").text;
     }
 
     function test_says_why_there_is_nothing_and_what_to_do() {
@@ -68,9 +63,9 @@ PanelCase {
     function test_applies_one_at_a_time_and_tells_the_result() {
         openFilled();
         for (const [name, ok, message] of [["A", true, "Uygulandı"], ["Film", false, "Klip yok"]]) {
-            objects.toast("", OrvexToast.Info, 0);
+            objects.state.showToast("", OrvexToast.Info, 0);
             click(name);
-            compare(status(), "FİNAL CUT’A UYGULANIYOR");
+            compare(named(panel, "engineStatus").text, "FİNAL CUT’A UYGULANIYOR");
             compare(cards().filter(item => item.usable).map(item => named(item, "apply").title).sort(), ["UYGULA", "UYGULA", "UYGULANIYOR…"]);
             compare(named(card(name), "apply").title, "UYGULANIYOR…");
             verify(!named(card("LUT Pack 03"), "apply").enabled);

@@ -1,7 +1,5 @@
 import QtQuick
-import QtTest
 import Orvex
-import Orvex.Pages
 
 PanelCase {
     name: "Home"
@@ -25,7 +23,7 @@ PanelCase {
             compare(objects.state.toast.message, "1 Universal Pack bulundu.");
             tryVerify(() => objects.state.release.updateAvailable && !objects.state.release.checking);
             compare([objects.asked("/downloads/finalcut"), objects.asked("/downloads/orvex")], [visit, visit]);
-            objects.toast("", OrvexToast.Info, 0);
+            objects.state.showToast("", OrvexToast.Info, 0);
             tryVerify(() => !objects.state.hasToast);
             for (const id of ["timeline", "home"]) {
                 objects.state.activePage = OrvexPages.byId(id);

@@ -1,7 +1,5 @@
 import QtQuick
-import QtTest
 import Orvex
-import Orvex.Pages
 
 PanelCase {
     name: "Request"

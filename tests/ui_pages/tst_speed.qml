@@ -1,8 +1,5 @@
 import QtQuick
-import QtTest
 import Orvex
-import Orvex.Pages
-import Orvex.Speed
 
 PanelCase {
     id: testCase

@@ -1,7 +1,5 @@
 import QtQuick
-import QtTest
 import Orvex
-import Orvex.Pages
 
 PanelCase {
     name: "Toast"
@@ -17,13 +15,13 @@ PanelCase {
         open(data.width, 780);
         const toast = named(panel, "toast");
         verify(!toast.visible);
-        objects.toast("Seçilen klasör okunamadı; erişim izni geri alınmış olabilir, klasörü yeniden seç. ".repeat(2), data.kind, 60);
+        objects.state.showToast("Seçilen klasör okunamadı; erişim izni geri alınmış olabilir, klasörü yeniden seç. ".repeat(2), data.kind, 60);
         compare(toast.accent, data.accent);
         compare(toast.y, data.top);
         compare(toast.x + toast.width, data.width - 14);
         verify(toast.width <= data.limit);
         verify(!showing(toast, objects.state.toast.message).truncated, "a message of two sentences is shown whole");
-        objects.toast("Kısa", data.kind, 60);
+        objects.state.showToast("Kısa", data.kind, 60);
         verify(toast.width < data.limit / 2, "a short message makes a small toast");
         mouseClick(named(panel, "navigation timeline"));
         compare(objects.state.activePage.id, "timeline", "clicks go through");

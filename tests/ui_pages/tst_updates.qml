@@ -1,7 +1,4 @@
 import QtQuick
-import QtTest
-import Orvex
-import Orvex.Pages
 
 PanelCase {
     name: "Updates"
@@ -108,7 +105,7 @@ PanelCase {
     }
 
     function test_the_release_and_its_pages() {
-        objects.publishCatalog();
+        objects.publishPacks(0);
         openUpdates(0);
         verify(showing(page(), "Vantrelo Orvex " + objects.state.panelVersion + " güncel") !== null);
         verify(titled(page(), "Cloud pack bulunamadı").visible);

@@ -1,5 +1,7 @@
 #include "platform/hosts/BuiltInHost.h"
 
+#include "platform/TimelineActions.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -130,12 +132,12 @@ QVariantList BuiltInHost::clips() const {
 }
 
 bool BuiltInHost::performTimelineAction(const QString& action) {
-  if (action == u"toggle-retime") {
+  if (action == kToggleRetime) {
     retimeEditorOpen_ = !retimeEditorOpen_;
     Q_EMIT retimeEditorOpenChanged();
     return true;
   }
-  if (action == u"blade-speed") {
+  if (action == kBladeSpeed) {
     const auto place = std::ranges::lower_bound(speedPoints_, frame_);
     if (place == speedPoints_.end() || *place != frame_) {
       speedPoints_.insert(place, frame_);
@@ -143,7 +145,7 @@ bool BuiltInHost::performTimelineAction(const QString& action) {
     }
     return true;
   }
-  if (action == u"normal-speed") {
+  if (action == kNormalSpeed) {
     setSpeedPercent(100);
     if (!speedPoints_.isEmpty()) {
       speedPoints_.clear();

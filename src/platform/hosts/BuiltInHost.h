@@ -76,7 +76,7 @@ class BuiltInHost : public QObject, public FCPXHost, private FCPXTimeline {
   /// `BuiltInClip`s, one after another over the whole sequence.
   [[nodiscard]] QVariantList clips() const;
 
-  /// "toggle-retime", "blade-speed" or "normal-speed"; false for anything else.
+  /// One of `kTimelineActions`; false for anything else.
   Q_INVOKABLE bool performTimelineAction(const QString& action);
   /// Puts the LUT called `name` on the clip under the playhead, in place of the one before; returns
   /// the clip's name. The host has no picture that it could change.

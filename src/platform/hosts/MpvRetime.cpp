@@ -1,5 +1,6 @@
 #include "platform/hosts/MpvRetime.h"
 
+#include "platform/TimelineActions.h"
 #include "platform/hosts/MpvTask.h"
 
 #include <QJsonObject>
@@ -88,10 +89,10 @@ class RetimeTask final : public MpvTask {
 MpvRetime::MpvRetime(const QString& socketPath) : socketPath_(socketPath) {}
 
 void MpvRetime::perform(const QString& action, Done done) {
-  const auto command = action == u"toggle-retime"  ? &RetimeTask::toggleRetime
-                       : action == u"blade-speed"  ? &RetimeTask::bladeSpeed
-                       : action == u"normal-speed" ? &RetimeTask::normalSpeed
-                                                   : nullptr;
+  const auto command = action == kToggleRetime  ? &RetimeTask::toggleRetime
+                       : action == kBladeSpeed  ? &RetimeTask::bladeSpeed
+                       : action == kNormalSpeed ? &RetimeTask::normalSpeed
+                                                : nullptr;
   if (command == nullptr) {
     done(std::unexpected(QStringLiteral("Geçersiz timeline komutu.")));
     return;

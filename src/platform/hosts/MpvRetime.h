@@ -19,8 +19,8 @@ class MpvRetime final : public QObject {
 
   explicit MpvRetime(const QString& socketPath);
 
-  /// Performs "toggle-retime", "blade-speed" or "normal-speed" and calls `done` once, within two
-  /// seconds, possibly before this returns; not at all if this object is destroyed first.
+  /// Performs one of `kTimelineActions` and calls `done` once, within two seconds, possibly before
+  /// this returns; not at all if this object is destroyed first.
   void perform(const QString& action, Done done);
 
  private:
