@@ -61,15 +61,16 @@ PanelRuntime::PanelRuntime(const PanelOptions& options)
           hostPicture_.get(), userCacheFolder())) {
   // Where the panel's own modules are; this version of the toolkit does not look there by itself.
   engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
-  view_ = std::make_unique<QuickPanelView>(engine_, *window_, *colorServices_);
+  const auto firstReading = std::make_shared<Gate>();
+  view_ = std::make_unique<QuickPanelView>(engine_, *window_, *colorServices_, firstReading);
   fonts_.wait();
   openFonts();
   if (platform_->prefersReducedMotion()) OrvexMotion::setReduced(true);
   platform_->setFolderChooser(folderChooser_.get());
   using Controller = VantreloOrvexFinalCutExtensionViewController;
-  controller_ = std::make_unique<Controller>(
-      Controller::Environment{*hostRuntime_, platform_->workspace(), platform_->notifications(),
-                              platform_->log(), platform_->audioComponents(), *bookmarks_, *view_});
+  controller_ = std::make_unique<Controller>(Controller::Environment{
+      *hostRuntime_, platform_->workspace(), platform_->notifications(), platform_->log(),
+      platform_->audioComponents(), *bookmarks_, *view_, firstReading});
   controller_->orvexState().setActivePage(options_.page);
   controller_->loadView();
   controller_->viewDidLoad();
