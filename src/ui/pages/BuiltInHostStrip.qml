@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Window
 import Orvex
+import Orvex.Pages
 
 // The built-in host as its user sees it: a small, calm editor below the panel, with the sequence,
 // its playhead and what the timeline commands did.
