@@ -38,9 +38,9 @@ TEST(FxPlugScan, TakesIdentityNameAndVersionFromTheBundle) {
     bundle(tree, "My Glow.fxplug", info);
     const QString path = tree.text("My Glow.fxplug");
     const QString id = identifier ? QString::fromUtf16(identifier) : path;
-    EXPECT_THAT(scan(tree).items, testing::ElementsAre(FxPlugItem{id, QString::fromUtf16(name), id,
-                                                                  QString::fromUtf16(version),
-                                                                  QUrl::fromLocalFile(path)}))
+    EXPECT_THAT(scan(tree).items,
+                testing::ElementsAre(FxPlugItem{id, QString::fromUtf16(name), id,
+                                                QString::fromUtf16(version), path.toUtf8()}))
         << info.constData();
   }
 }
