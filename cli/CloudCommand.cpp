@@ -3,6 +3,7 @@
 #include "CloudRequest.h"
 #include "Interrupt.h"
 #include "Output.h"
+#include "base/Background.h"
 #include "base/SmallFile.h"
 #include "cloud/CatalogBuild.h"
 #include "cloud/CloudServer.h"
@@ -14,8 +15,10 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <condition_variable>
 #include <fcntl.h>
 #include <memory>
+#include <mutex>
 #include <sys/stat.h>
 
 namespace orvex {
@@ -104,6 +107,13 @@ class Serving final : public QObject {
                     .arg(quoted(QFile::decodeName(own.path(kAuthorityCertificate)))));
     // Whoever started this waits for the lines.
     std::fflush(stdout);
+    asked_.run(
+        [asked = interrupt_.token()](const WorkControl&) {
+          std::mutex mutex;
+          std::unique_lock lock(mutex);
+          std::condition_variable_any().wait(lock, asked, [] { return false; });
+        },
+        [this](const auto&) { end(); });
   }
 
  private:
@@ -117,9 +127,7 @@ class Serving final : public QObject {
   Finish finish_;
   std::unique_ptr<RequestStore> requests_;
   std::unique_ptr<CloudServer> server_;
-  std::stop_callback<std::function<void()>> asked_{
-      interrupt_.token(),
-      [this] { QMetaObject::invokeMethod(this, &Serving::end, Qt::QueuedConnection); }};
+  Background asked_;
 };
 
 void run(const QStringList& arguments, QObject& owner, const Finish& finish) {

@@ -2,12 +2,15 @@
 
 #include "base/Threads.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QThread>
 
 #include <atomic>
 #include <chrono>
 #include <mutex>
 #include <semaphore>
+#include <system_error>
 #include <thread>
 
 namespace orvex {
@@ -22,6 +25,8 @@ constexpr auto kPatience = std::chrono::milliseconds(200);
 // One function on its way. It is shared by the thread that works and the one that waits for it, so
 // that either may end first. As an object of the waiting thread it is the address that the working
 // one can post to at any time; `owner`, `done` and `progress` belong to the waiting thread alone.
+// The event that is posted carries nothing: all that goes from thread to thread goes under
+// `mutex_`.
 class Background::Run final : public QObject {
  public:
   static std::shared_ptr<Run> make() {
@@ -40,7 +45,7 @@ class Background::Run final : public QObject {
       latest_ = latest;
       if (std::exchange(posted_, true)) return;
     }
-    QMetaObject::invokeMethod(this, &Run::tellProgress, Qt::QueuedConnection);
+    post();
   }
   // What the work has left is the waiting thread's from here on.
   void finish() {
@@ -48,7 +53,7 @@ class Background::Run final : public QObject {
       const std::scoped_lock lock(mutex_);
       finished_ = true;
     }
-    QMetaObject::invokeMethod(this, &Run::tellDone, Qt::QueuedConnection);
+    post();
   }
 
   // Waiting thread.
@@ -60,37 +65,42 @@ class Background::Run final : public QObject {
   }
 
   Background* owner = nullptr;
-  std::function<void()> done;
+  std::function<void(std::exception_ptr)> done;
+  // Why the work could not begin.
+  std::exception_ptr notBegun;
   ProgressHandler progress;
   std::stop_source stop;
   // Apart, so that it can be raised after the working thread has let go of the run.
   std::shared_ptr<std::binary_semaphore> ended = std::make_shared<std::binary_semaphore>(0);
 
- private:
-  void tellProgress() {
+ protected:
+  void customEvent(QEvent* /*event*/) override {
+    // The handlers may begin the next run or delete the owner.
+    const std::shared_ptr<Run> self = owner != nullptr ? owner->run_ : nullptr;
     Progress latest;
+    bool reported = false;
+    bool finished = false;
     {
       const std::scoped_lock lock(mutex_);
       latest = latest_;
-      posted_ = false;
+      reported = std::exchange(posted_, false);
+      finished = finished_;
     }
-    if (const auto handler = progress) handler(latest);
-  }
-
-  void tellDone() {
-    if (owner == nullptr || !isFinished()) return;
+    if (const auto handler = progress; handler && reported) handler(latest);
+    if (owner == nullptr || !finished) return;
     const auto handler = std::exchange(done, nullptr);
-    // Before the handler, which may begin the next run or delete the owner; this run lives on until
-    // the end of the event that is being handled.
-    const std::shared_ptr<Run> self = std::exchange(owner->run_, nullptr);
+    owner->run_ = nullptr;
     abandon();
-    handler();
+    handler(notBegun);
   }
 
-  [[nodiscard]] bool isFinished() {
+ private:
+  ~Run() override {
+    // After the last time that the working thread had it.
     const std::scoped_lock lock(mutex_);
-    return finished_;
   }
+
+  void post() { QCoreApplication::postEvent(this, new QEvent(QEvent::User)); }
 
   std::mutex mutex_;
   Progress latest_;
@@ -108,24 +118,29 @@ void Background::cancel() {
   if (const auto run = std::exchange(run_, nullptr)) run->abandon();
 }
 
-void Background::start(std::function<void(const WorkControl&)> work, std::function<void()> done,
-                       ProgressHandler progress) {
-  std::shared_ptr<Run> run = Run::make();
-  run->owner = this;
-  run->done = std::move(done);
-  run->progress = std::move(progress);
-  // First, since it can fail: then what was running goes on.
-  std::thread([run, ended = run->ended, work = std::move(work), priority = priority_]() mutable {
-    if (priority == Priority::GivesWay) giveWay();
-    work({run->stop.get_token(), [run](Progress latest) { run->report(latest); }});
-    // What the work holds goes here, not later: nobody waits for this thread after it has ended.
-    work = nullptr;
-    run->finish();
-    run.reset();
-    ended->release();
-  }).detach();
+void Background::start(std::function<void(const WorkControl&)> work,
+                       std::function<void(std::exception_ptr)> done, ProgressHandler progress) {
   cancel();
-  run_ = run;
+  run_ = Run::make();
+  run_->owner = this;
+  run_->done = std::move(done);
+  run_->progress = std::move(progress);
+  try {
+    std::thread([run = run_, ended = run_->ended, work = std::move(work),
+                 priority = priority_]() mutable {
+      if (priority == Priority::GivesWay) giveWay();
+      work({run->stop.get_token(), [run](Progress latest) { run->report(latest); }});
+      // What the work holds goes here, not later: nobody waits for this thread after it has ended.
+      work = nullptr;
+      run->finish();
+      run.reset();
+      ended->release();
+    }).detach();
+  } catch (const std::system_error&) {
+    run_->notBegun = std::current_exception();
+    run_->ended->release();
+    run_->finish();
+  }
 }
 
 }  // namespace orvex

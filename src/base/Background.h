@@ -53,7 +53,8 @@ class Background final {
   ~Background();
 
   /// Calls `work(const WorkControl&)` on another thread, then `done` on this one with what it
-  /// returned or threw. `work` must own all it uses: it can outlive this object and its owner.
+  /// returned or threw; with why, where no thread can be had. `work` must own all it uses: it can
+  /// outlive this object and its owner.
   template <typename Work, typename Done>
   requires std::invocable<Work, const WorkControl&>
   void run(Work work, Done done, ProgressHandler progress = {}) {
@@ -73,7 +74,10 @@ class Background final {
             *result = std::unexpected(std::current_exception());
           }
         },
-        [done = std::move(done), result]() mutable { done(std::move(*result)); },
+        [done = std::move(done), result](std::exception_ptr notBegun) mutable {
+          if (notBegun) *result = std::unexpected(std::move(notBegun));
+          done(std::move(*result));
+        },
         std::move(progress));
   }
 
@@ -85,8 +89,8 @@ class Background final {
  private:
   class Run;
 
-  void start(std::function<void(const WorkControl&)> work, std::function<void()> done,
-             ProgressHandler progress);
+  void start(std::function<void(const WorkControl&)> work,
+             std::function<void(std::exception_ptr)> done, ProgressHandler progress);
 
   Priority priority_ = Priority::GivesWay;
   std::shared_ptr<Run> run_;

@@ -4,6 +4,7 @@
 #include <exception>
 #include <mutex>
 #include <sys/resource.h>
+#include <system_error>
 #include <thread>
 #include <tuple>
 #include <vector>
@@ -27,7 +28,11 @@ void onWorkers(const std::function<void()>& work) {
   };
   {
     std::vector<std::jthread> threads;
-    for (int i = 1; i < workerCount(); ++i) threads.emplace_back(guarded);
+    try {
+      for (int i = 1; i < workerCount(); ++i) threads.emplace_back(guarded);
+    } catch (const std::system_error&) {
+      // Then with the threads that there are.
+    }
     guarded();
   }
   if (failure) std::rethrow_exception(failure);

@@ -9,7 +9,7 @@ namespace orvex {
 [[nodiscard]] int workerCount() noexcept;
 
 /// Runs `work` on `workerCount()` threads at once, the calling one among them, and returns when all
-/// have ended. The first exception of any of them is thrown on.
+/// have ended; on fewer where no more can be had. The first exception of any is thrown on.
 void onWorkers(const std::function<void()>& work);
 
 /// From here on this thread, and those that it starts, get the processor when the threads that draw

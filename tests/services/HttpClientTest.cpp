@@ -136,7 +136,7 @@ TEST(HttpClient, EndsWhatAServerDoesWrong) {
   HttpClient impatient(server.options(300ms));
   for (const auto& row : rows) {
     SCOPED_TRACE(&row - rows);
-    server.on("/wrong", [&](Peer& peer, const auto&) {
+    server.on("/wrong", [row](Peer& peer, const auto&) {
       peer.send(row.said);
       if (!row.repeated.isEmpty()) peer.repeat(row.repeated, row.repeated.size() > 1 ? 0ms : 50ms);
       (peer.*row.then)();

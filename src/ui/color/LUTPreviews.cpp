@@ -10,6 +10,7 @@
 #include <QThread>
 
 #include <algorithm>
+#include <new>
 
 namespace orvex {
 namespace {
@@ -18,6 +19,11 @@ namespace {
 // than one picture at a time; but no more than it makes in about one frame, as what it was given
 // cannot be overtaken by what has come into view since.
 constexpr qint64 kBatchMilliseconds = 12;
+
+// Memory can end even for a picture, and so can threads.
+LUTPreviewResult noPreview() {
+  return std::unexpected(CubeError{0, QStringLiteral("Önizleme yapılamadı.")});
+}
 
 }  // namespace
 
@@ -123,7 +129,11 @@ void LUTPreviews::run(Worker& worker) {
         spent.start();
         std::vector<LUTPreviewResult> made;
         for (const QByteArray& path : paths) {
-          made.push_back(makeLUTPreview(path, source, *store));
+          try {
+            made.push_back(makeLUTPreview(path, source, *store));
+          } catch (const std::bad_alloc&) {
+            made.push_back(noPreview());
+          }
           if (spent.hasExpired(kBatchMilliseconds) || control.stop.stop_requested()) break;
         }
         return made;
@@ -132,8 +142,8 @@ void LUTPreviews::run(Worker& worker) {
         std::vector<LUTPreviewResult> made;
         if (done)
           made = *std::move(done);
-        else  // Memory can end even for a picture; then there is none.
-          made.push_back(std::unexpected(CubeError{0, QStringLiteral("Önizleme yapılamadı.")}));
+        else
+          made.assign(static_cast<std::size_t>(worker.wants.size()), noPreview());
         if (generation != generation_) made.clear();
         take(worker, std::move(made));
         dispatch();

@@ -8,11 +8,8 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QQmlEngine>
-#include <QQuickAsyncImageProvider>
-#include <QRunnable>
-#include <QThreadPool>
+#include <QQuickImageProvider>
 
-#include <atomic>
 #include <fcntl.h>
 
 namespace orvex {
@@ -60,47 +57,22 @@ QImage nothing() {
   return pixel;
 }
 
-class Response final : public QQuickImageResponse, public QRunnable {
+// An id is the generation and the path's bytes in base 64. The engine asks on the thread that it
+// reads pictures on, and drops what has been scrolled out of view before its turn came.
+class Provider final : public QQuickImageProvider {
  public:
-  Response(QByteArray path, QSize size) : path_(std::move(path)), size_(size) {
-    setAutoDelete(false);
-  }
+  Provider() : QQuickImageProvider(Image, ForceAsynchronousImageLoading) {}
 
-  void run() override {
-    // What has been scrolled out of view meanwhile is not worth the reading.
-    if (!cancelled_) picture_ = read(path_);
-    if (!picture_.isNull()) picture_ = filled(picture_, size_);
-    // Not an error, which would fill the log: an image of one clear pixel shows nothing.
-    if (picture_.isNull()) picture_ = nothing();
-    Q_EMIT finished();
-  }
-  void cancel() override { cancelled_ = true; }
-  [[nodiscard]] QQuickTextureFactory* textureFactory() const override {
-    return QQuickTextureFactory::textureFactoryForImage(picture_);
-  }
-
- private:
-  const QByteArray path_;
-  const QSize size_;
-  std::atomic<bool> cancelled_ = false;
-  QImage picture_;
-};
-
-// An id is the generation and the path's bytes in base 64.
-class Provider final : public QQuickAsyncImageProvider {
- public:
-  Provider() { threads_.setMaxThreadCount(2); }
-
-  QQuickImageResponse* requestImageResponse(const QString& id, const QSize& size) override {
+  QImage requestImage(const QString& id, QSize* actual, const QSize& asked) override {
     const QByteArray path =
         QByteArray::fromBase64(id.section(u'/', 1).toLatin1(), QByteArray::Base64UrlEncoding);
-    auto* response = new Response(path, size.boundedTo({kMaximumExtent, kMaximumExtent}));
-    threads_.start(response);
-    return response;
+    QImage picture = read(path);
+    // Not an error, which would fill the log: an image of one clear pixel shows nothing.
+    picture = picture.isNull() ? nothing()
+                               : filled(picture, asked.boundedTo({kMaximumExtent, kMaximumExtent}));
+    *actual = picture.size();
+    return picture;
   }
-
- private:
-  QThreadPool threads_;
 };
 
 }  // namespace

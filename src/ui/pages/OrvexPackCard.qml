@@ -45,11 +45,14 @@ FocusScope {
     signal touched
 
     function takeFocus(): void {
-        for (const control of [install, cancel, uninstall])
-            if (control.visible && control.enabled) {
-                control.forceActiveFocus(Qt.TabFocusReason);
-                return;
-            }
+        card.focusFirst([install, cancel, uninstall]);
+    }
+
+    // Whether one of them could take it.
+    function focusFirst(controls: list<OrvexButton>): bool {
+        const control = Array.from(controls).find(each => each.visible && each.enabled);
+        control?.forceActiveFocus(Qt.TabFocusReason);
+        return control !== undefined;
     }
 
     Accessible.name: card.name
@@ -63,12 +66,17 @@ FocusScope {
             card.takeFocus();
     }
 
-    // When the buttons are what they will be: the one that had the focus can be gone.
+    // When the buttons are what they will be: the one that had the focus can be gone. It never comes
+    // to "Kaldır" by itself, where the key that began an install would remove what it brought, but
+    // rests on the card.
     Timer {
         id: refocus
 
         interval: 0
-        onTriggered: card.takeFocus()
+        onTriggered: {
+            if (!card.focusFirst([install, cancel]))
+                rest.forceActiveFocus();
+        }
     }
 
     HoverHandler {
@@ -136,7 +144,15 @@ FocusScope {
                 }
 
                 Item {
+                    id: rest
+
+                    Accessible.focusable: true
+                    Accessible.ignored: !rest.activeFocus
+                    Accessible.name: card.name
+                    Accessible.role: Accessible.StaticText
                     Layout.fillHeight: true
+                    // From where the Tab key goes on, but not where it goes to.
+                    activeFocusOnTab: rest.activeFocus
                 }
 
                 RowLayout {
@@ -236,6 +252,11 @@ FocusScope {
                 }
             }
         }
+    }
+
+    OrvexFocusRing {
+        targetRadius: OrvexTheme.panelRadius
+        visible: rest.activeFocus
     }
 
     OrvexToolTip {
