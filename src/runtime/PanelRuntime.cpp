@@ -45,10 +45,9 @@ void openFonts() {
 
 }  // namespace
 
-PanelRuntime::PanelRuntime(const PanelOptions& options)
+PanelRuntime::PanelRuntime(const PanelOptions& options, std::future<void> fonts)
     : options_(options),
       platform_(makePlatform()),
-      fonts_(std::async(std::launch::async, [this] { platform_->prepareFonts(); })),
       hostRuntime_(makeHostRuntime(options.host)),
       bookmarks_(std::make_unique<FolderBookmarkStore>(platform_->folderAccess(), settings_,
                                                        platform_->log())),
@@ -63,7 +62,7 @@ PanelRuntime::PanelRuntime(const PanelOptions& options)
   engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
   const auto firstReading = std::make_shared<Gate>();
   view_ = std::make_unique<QuickPanelView>(engine_, *window_, *colorServices_, firstReading);
-  fonts_.wait();
+  fonts.wait();
   openFonts();
   if (platform_->prefersReducedMotion()) OrvexMotion::setReduced(true);
   platform_->setFolderChooser(folderChooser_.get());
