@@ -111,7 +111,7 @@ class OrvexBox : public QQuickItem {
 };
 
 /// A box with a focus scope of its own.
-class OrvexPane : public OrvexBox {
+class OrvexPane : public orvex::OrvexBox {
   Q_OBJECT
   QML_ELEMENT
 
@@ -120,7 +120,7 @@ class OrvexPane : public OrvexBox {
 };
 
 /// A box that the keyboard and the pointer reach.
-class OrvexControl : public OrvexBox {
+class OrvexControl : public orvex::OrvexBox {
   Q_OBJECT
   QML_ELEMENT
 

@@ -1,5 +1,4 @@
 import QtQuick
-import Orvex
 import Orvex.Pages
 
 // What the strip of the built-in host shows. A file of its own, so that it is read when it is wanted.
