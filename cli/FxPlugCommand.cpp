@@ -16,7 +16,7 @@ QJsonObject fields(const FxPlugItem& item) {
           {QStringLiteral("name"), item.name},
           {QStringLiteral("bundleIdentifier"), item.bundleIdentifier},
           {QStringLiteral("version"), item.version},
-          {QStringLiteral("path"), fileText(item.fileURL)}};
+          {QStringLiteral("path"), fileText(item.fileURL())}};
 }
 
 void run(const QStringList& arguments, QObject&, const Finish& finish) {

@@ -8,15 +8,15 @@ namespace orvex {
 namespace {
 
 QStringList columns(const LUTItem& item) {
-  return {item.name, item.dimension, item.title.value_or(QStringLiteral("—")), item.id};
+  return {item.name, item.dimension, item.title.value_or(QStringLiteral("—")), item.id()};
 }
 
 QJsonObject fields(const LUTItem& item) {
-  return {{QStringLiteral("id"), item.id},
+  return {{QStringLiteral("id"), item.id()},
           {QStringLiteral("name"), item.name},
           {QStringLiteral("title"), item.title ? QJsonValue(*item.title) : QJsonValue()},
           {QStringLiteral("dimension"), item.dimension},
-          {QStringLiteral("path"), fileText(item.fileURL)}};
+          {QStringLiteral("path"), fileText(item.fileURL())}};
 }
 
 void run(const QStringList& arguments, QObject&, const Finish& finish) {

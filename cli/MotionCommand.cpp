@@ -8,17 +8,17 @@ namespace orvex {
 namespace {
 
 QStringList columns(const MotionTemplateItem& item) {
-  return {item.name, rawValue(item.kind), item.category, item.id};
+  return {item.name, rawValue(item.kind), item.category, item.id()};
 }
 
 QJsonObject fields(const MotionTemplateItem& item) {
-  return {{QStringLiteral("id"), item.id},
+  const auto preview = item.previewURL();
+  return {{QStringLiteral("id"), item.id()},
           {QStringLiteral("name"), item.name},
           {QStringLiteral("kind"), rawValue(item.kind)},
           {QStringLiteral("category"), item.category},
-          {QStringLiteral("path"), fileText(item.fileURL)},
-          {QStringLiteral("previewPath"),
-           item.previewURL ? QJsonValue(fileText(*item.previewURL)) : QJsonValue()}};
+          {QStringLiteral("path"), fileText(item.fileURL())},
+          {QStringLiteral("previewPath"), preview ? QJsonValue(fileText(*preview)) : QJsonValue()}};
 }
 
 void run(const QStringList& arguments, QObject&, const Finish& finish) {

@@ -6,14 +6,18 @@
 
 namespace orvex {
 
-AudioUnitRegistry::AudioUnitRegistry(std::shared_ptr<AudioComponents> components, QObject* parent)
-    : EngineRegistry(parent), components_(std::move(components)) {
+AudioUnitRegistry::AudioUnitRegistry(std::shared_ptr<AudioComponents> components,
+                                     FirstReading firstReading, QObject* parent)
+    : EngineRegistry(parent),
+      components_(std::move(components)),
+      firstReading_(std::move(firstReading)) {
   refresh();
 }
 
 void AudioUnitRegistry::refresh() {
   background_.run(
-      [components = components_](const WorkControl& control) {
+      [components = components_, gate = firstReading_](const WorkControl& control) {
+        awaitFirstReading(gate, control.stop);
         Inventory found{listAudioUnits(*components, control.stop)};
         for (const AudioUnitItem& item : found.items)
           found.search.add({item.name, item.manufacturer});

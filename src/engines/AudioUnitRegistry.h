@@ -4,6 +4,7 @@
 #include "base/SearchIndex.h"
 #include "engines/AudioUnitList.h"
 #include "engines/EngineRegistry.h"
+#include "engines/FirstReading.h"
 
 #include <QDateTime>
 
@@ -25,7 +26,7 @@ class AudioUnitRegistry : public orvex::EngineRegistry {
  public:
   /// Starts with an empty inventory and refreshes it at once.
   explicit AudioUnitRegistry(std::shared_ptr<AudioComponents> components,
-                             QObject* parent = nullptr);
+                             FirstReading firstReading = nullptr, QObject* parent = nullptr);
 
   /// Asks the system anew, without waiting. What it last answered stays published until then; of
   /// two refreshes at once the later one counts.
@@ -60,6 +61,7 @@ class AudioUnitRegistry : public orvex::EngineRegistry {
   void publish(Inventory found);
 
   const std::shared_ptr<AudioComponents> components_;
+  const FirstReading firstReading_;
   Inventory inventory_;
   QDateTime lastRefresh_ = QDateTime::currentDateTimeUtc();
   Background background_;

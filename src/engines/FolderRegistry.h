@@ -3,6 +3,7 @@
 #include "base/Background.h"
 #include "base/Discard.h"
 #include "engines/EngineRegistry.h"
+#include "engines/FirstReading.h"
 #include "engines/Inventory.h"
 
 #include <QUrl>
@@ -129,13 +130,17 @@ class InventoryRegistry : public FolderRegistry {
   using Scan = Inventory<Item> (*)(const QByteArray& root, const WorkControl& control,
                                    const ScanOptions& options);
 
-  InventoryRegistry(FolderBookmarkStore& bookmarks, Engine engine, Scan scanner, QObject* parent)
-      : FolderRegistry(bookmarks, std::move(engine), parent), scanner_(scanner) {}
+  InventoryRegistry(FolderBookmarkStore& bookmarks, Engine engine, Scan scanner,
+                    FirstReading firstReading, QObject* parent)
+      : FolderRegistry(bookmarks, std::move(engine), parent),
+        scanner_(scanner),
+        firstReading_(std::move(firstReading)) {}
 
  private:
   void beginScan(const QByteArray& root) final {
     run<Inventory<Item>>(
-        [scanner = scanner_, root](const WorkControl& control) {
+        [scanner = scanner_, root, gate = firstReading_](const WorkControl& control) {
+          awaitFirstReading(gate, control.stop);
           return scanner(root, control, {});
         },
         [this](Inventory<Item> found) { discard(std::exchange(inventory_, std::move(found))); });
@@ -144,6 +149,7 @@ class InventoryRegistry : public FolderRegistry {
   [[nodiscard]] qint64 itemCount() const final { return inventory_.items.size(); }
 
   Scan scanner_;
+  FirstReading firstReading_;
   Inventory<Item> inventory_;
 };
 

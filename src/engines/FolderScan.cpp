@@ -64,8 +64,4 @@ QByteArray FolderScan::absolute(QByteArrayView path) const {
   return result.append(path);
 }
 
-QString FolderScan::identifier(QByteArray file) const {
-  return QString::fromUtf8(file.replace(root_ + '/', ""));
-}
-
 }  // namespace orvex

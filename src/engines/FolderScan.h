@@ -21,10 +21,10 @@ class FolderScan {
 
   void throwIfStopped() const;
 
+  /// Without a slash at its end, unless it is the top of the file system.
+  [[nodiscard]] const QByteArray& root() const noexcept { return root_; }
   /// The absolute path of an entry.
   [[nodiscard]] QByteArray absolute(QByteArrayView path) const;
-  /// The absolute path `file` without every occurrence of the root's path and a slash.
-  [[nodiscard]] QString identifier(QByteArray file) const;
 
  private:
   QByteArray root_;
@@ -32,12 +32,12 @@ class FolderScan {
 };
 
 /// Puts items in the localized order of their names. `rank` comes before the name; what is the same
-/// in both is ordered by `id`, so that a scan gives one result on every file system.
+/// in both is ordered by `path`, so that a scan gives one result on every file system.
 template <typename Item>
 void sortByName(
     QList<Item>& items, const Collation& collation,
     const std::function<int(const Item&)>& rank = [](const Item&) { return 0; }) {
-  std::ranges::sort(items, {}, &Item::id);
+  std::ranges::sort(items, {}, &Item::path);
   QList<QString> names;
   names.reserve(items.size());
   for (const Item& item : items) names.append(item.name);

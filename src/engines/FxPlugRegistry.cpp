@@ -2,13 +2,14 @@
 
 namespace orvex {
 
-FxPlugRegistry::FxPlugRegistry(FolderBookmarkStore& bookmarks, QObject* parent)
+FxPlugRegistry::FxPlugRegistry(FolderBookmarkStore& bookmarks, FirstReading firstReading,
+                               QObject* parent)
     : InventoryRegistry(
           bookmarks,
           {QStringLiteral("FxPlug Registry"), QStringLiteral("FxPlug klasörüne erişim ver."),
            QStringLiteral("FxPlug klasörünü seç"),
            QStringLiteral("vantrelo.orvex.finalcut.fxplugFolderBookmark")},
-          &scanFxPlugs, parent) {
+          &scanFxPlugs, std::move(firstReading), parent) {
   restore();
 }
 

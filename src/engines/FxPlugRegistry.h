@@ -10,7 +10,8 @@ class FxPlugRegistry : public InventoryRegistry<FxPlugItem> {
   Q_OBJECT
 
  public:
-  explicit FxPlugRegistry(FolderBookmarkStore& bookmarks, QObject* parent = nullptr);
+  explicit FxPlugRegistry(FolderBookmarkStore& bookmarks, FirstReading firstReading = nullptr,
+                          QObject* parent = nullptr);
 };
 
 }  // namespace orvex

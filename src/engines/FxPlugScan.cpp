@@ -34,7 +34,6 @@ std::optional<QString> textOf(const QVariant& value) {
 
 struct Found {
   FxPlugItem item;
-  QByteArray path;
   // What makes it the same bundle as another one. Paths differ even where they read the same.
   QByteArray identity;
 };
@@ -52,12 +51,15 @@ Found read(const FileTreeEntry& entry, const QByteArray& path, const QStringList
   return {{id, *name, id,
            textOf(bundle.infoValue(QStringLiteral("CFBundleShortVersionString")))
                .value_or(QStringLiteral("—")),
-           fileUrl(path)},
-          path,
+           path},
           identifier.isEmpty() ? path : identifier.toUtf8()};
 }
 
 }  // namespace
+
+QUrl FxPlugItem::fileURL() const {
+  return fileUrl(path);
+}
 
 Inventory<FxPlugItem> scanFxPlugs(const QByteArray& root, const WorkControl& control,
                                   const ScanOptions& options) {
@@ -69,7 +71,7 @@ Inventory<FxPlugItem> scanFxPlugs(const QByteArray& root, const WorkControl& con
     if (entry.folder < 0) return FileTree::Next::Skip;
     Found found = read(entry, folder.absolute(entry.path), languages);
     const auto known = bundles.find(found.identity);
-    if (known == bundles.end() || known->path < found.path)
+    if (known == bundles.end() || known->item.path < found.item.path)
       bundles.insert(QByteArray(found.identity), std::move(found));
     return isPackage(entry) ? FileTree::Next::Skip : FileTree::Next::Descend;
   });

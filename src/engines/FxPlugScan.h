@@ -15,7 +15,10 @@ struct FxPlugItem {
   QString bundleIdentifier;
   /// As the bundle writes it, or "—".
   QString version;
-  QUrl fileURL;
+  /// Of the bundle, absolute, raw bytes.
+  QByteArray path;
+
+  [[nodiscard]] QUrl fileURL() const;
 
   friend bool operator==(const FxPlugItem&, const FxPlugItem&) = default;
 };

@@ -2,13 +2,13 @@
 
 namespace orvex {
 
-LUTRegistry::LUTRegistry(FolderBookmarkStore& bookmarks, QObject* parent)
+LUTRegistry::LUTRegistry(FolderBookmarkStore& bookmarks, FirstReading firstReading, QObject* parent)
     : InventoryRegistry(
           bookmarks,
           {QStringLiteral("LUT Library"), QStringLiteral(".cube klasörüne erişim ver."),
            QStringLiteral("LUT klasörünü seç"),
            QStringLiteral("vantrelo.orvex.finalcut.lutFolderBookmark")},
-          &scanLUTs, parent) {
+          &scanLUTs, std::move(firstReading), parent) {
   restore();
 }
 

@@ -10,7 +10,8 @@ class LUTRegistry : public InventoryRegistry<LUTItem> {
   Q_OBJECT
 
  public:
-  explicit LUTRegistry(FolderBookmarkStore& bookmarks, QObject* parent = nullptr);
+  explicit LUTRegistry(FolderBookmarkStore& bookmarks, FirstReading firstReading = nullptr,
+                       QObject* parent = nullptr);
 };
 
 }  // namespace orvex

@@ -1,7 +1,6 @@
 #include "engines/LUTScan.h"
 
 #include "base/FileDescriptor.h"
-#include "base/FileUrl.h"
 #include "base/Threads.h"
 #include "base/Utf8Reader.h"
 #include "engines/FolderScan.h"
@@ -102,9 +101,11 @@ class Scan {
     inventory.items.reserve(static_cast<qsizetype>(found_.size()));
     for (Found& found : found_) {
       const FileName name(QByteArrayView(found.path).sliced(found.path.lastIndexOf('/') + 1));
-      inventory.items.append({folder_.identifier(found.path), QString::fromUtf8(name.stem),
-                              std::move(found.header.title), std::move(found.header.dimension),
-                              fileUrl(found.path)});
+      QString stem = QString::fromUtf8(name.stem);
+      inventory.items.append({{folder_.root(), std::move(found.path)},
+                              std::move(stem),
+                              std::move(found.header.title),
+                              std::move(found.header.dimension)});
     }
     sortByName(inventory.items, Collation(locale_));
     for (const LUTItem& item : std::as_const(inventory.items))

@@ -1,23 +1,19 @@
 #pragma once
 
+#include "engines/FoundFile.h"
 #include "engines/Inventory.h"
-
-#include <QUrl>
 
 #include <optional>
 
 namespace orvex {
 
 /// A `.cube` file of the library.
-struct LUTItem {
-  /// The path below the library's folder.
-  QString id;
+struct LUTItem : FoundFile {
   /// The file's name without its extension.
   QString name;
   std::optional<QString> title;
   /// As `LUTHeader::dimension`.
   QString dimension;
-  QUrl fileURL;
 
   friend bool operator==(const LUTItem&, const LUTItem&) = default;
 };

@@ -2,13 +2,14 @@
 
 namespace orvex {
 
-MotionTemplateRegistry::MotionTemplateRegistry(FolderBookmarkStore& bookmarks, QObject* parent)
+MotionTemplateRegistry::MotionTemplateRegistry(FolderBookmarkStore& bookmarks,
+                                               FirstReading firstReading, QObject* parent)
     : InventoryRegistry(bookmarks,
                         {QStringLiteral("Motion Templates"),
                          QStringLiteral("Motion Templates klasörüne erişim ver."),
                          QStringLiteral("Motion Templates klasörünü seç"),
                          QStringLiteral("vantrelo.orvex.finalcut.motionTemplatesBookmark")},
-                        &scanMotionTemplates, parent) {
+                        &scanMotionTemplates, std::move(firstReading), parent) {
   restore();
 }
 

@@ -10,7 +10,8 @@ class MotionTemplateRegistry : public InventoryRegistry<MotionTemplateItem> {
   Q_OBJECT
 
  public:
-  explicit MotionTemplateRegistry(FolderBookmarkStore& bookmarks, QObject* parent = nullptr);
+  explicit MotionTemplateRegistry(FolderBookmarkStore& bookmarks,
+                                  FirstReading firstReading = nullptr, QObject* parent = nullptr);
 
   /// How many templates are of this kind.
   [[nodiscard]] qint64 count(MotionTemplateKind kind) const;

@@ -23,6 +23,8 @@ std::optional<MotionTemplateKind> kindOf(const FileName& name) {
   return std::nullopt;
 }
 
+constexpr const char* kPreview = "small.png";
+
 // The path of the folder that holds `path`; empty when that is the top of the file system.
 QByteArrayView folderOf(QByteArrayView path) {
   return path.first(std::max<qsizetype>(path.lastIndexOf('/'), 0));
@@ -40,6 +42,11 @@ QString rawValue(MotionTemplateKind kind) {
   return kKinds.at(static_cast<std::size_t>(kind)).rawValue.toString();
 }
 
+std::optional<QUrl> MotionTemplateItem::previewURL() const {
+  if (!hasPreview) return std::nullopt;
+  return fileUrl(folderOf(path).toByteArray() + '/' + kPreview);
+}
+
 Inventory<MotionTemplateItem> scanMotionTemplates(const QByteArray& root,
                                                   const WorkControl& control,
                                                   const ScanOptions& options) {
@@ -48,12 +55,13 @@ Inventory<MotionTemplateItem> scanMotionTemplates(const QByteArray& root,
   inventory.skippedFolders = folder.walk([&](const FileTreeEntry& entry) {
     const FileName name(entry.name());
     if (const auto kind = kindOf(name)) {
-      const QByteArray file = folder.absolute(entry.path);
-      std::optional<QUrl> preview;
-      if (::faccessat(entry.parent, "small.png", F_OK, 0) == 0)
-        preview = fileUrl(folderOf(file).toByteArray() + "/small.png");
-      inventory.items.append({folder.identifier(file), QString::fromUtf8(name.stem), *kind,
-                              categoryOf(file), fileUrl(file), std::move(preview)});
+      QByteArray file = folder.absolute(entry.path);
+      QString category = categoryOf(file);
+      inventory.items.append({{folder.root(), std::move(file)},
+                              QString::fromUtf8(name.stem),
+                              *kind,
+                              std::move(category),
+                              ::faccessat(entry.parent, kPreview, F_OK, 0) == 0});
     }
     return FileTree::Next::Descend;
   });

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "engines/FoundFile.h"
 #include "engines/Inventory.h"
-
-#include <QUrl>
 
 #include <cstdint>
 #include <optional>
@@ -16,17 +15,17 @@ enum class MotionTemplateKind : std::uint8_t { Effect, Generator, Title, Transit
 [[nodiscard]] QString rawValue(MotionTemplateKind kind);
 
 /// A Motion template's project file.
-struct MotionTemplateItem {
-  /// The path below the templates' folder.
-  QString id;
+struct MotionTemplateItem : FoundFile {
   /// The file's name without its extension.
   QString name;
   MotionTemplateKind kind = MotionTemplateKind::Effect;
   /// The name of the folder two levels above the file, or "Uncategorized".
   QString category;
-  QUrl fileURL;
-  /// The picture beside the file, when there is one.
-  std::optional<QUrl> previewURL;
+  /// There is a picture beside the file.
+  bool hasPreview = false;
+
+  /// The picture, when there is one.
+  [[nodiscard]] std::optional<QUrl> previewURL() const;
 
   friend bool operator==(const MotionTemplateItem&, const MotionTemplateItem&) = default;
 };

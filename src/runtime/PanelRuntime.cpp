@@ -45,10 +45,9 @@ void openFonts() {
 
 }  // namespace
 
-PanelRuntime::PanelRuntime(const PanelOptions& options)
+PanelRuntime::PanelRuntime(const PanelOptions& options, std::future<void> fonts)
     : options_(options),
       platform_(makePlatform()),
-      fonts_(std::async(std::launch::async, [this] { platform_->prepareFonts(); })),
       hostRuntime_(makeHostRuntime(options.host)),
       bookmarks_(std::make_unique<FolderBookmarkStore>(platform_->folderAccess(), settings_,
                                                        platform_->log())),
@@ -61,15 +60,16 @@ PanelRuntime::PanelRuntime(const PanelOptions& options)
           hostPicture_.get(), userCacheFolder())) {
   // Where the panel's own modules are; this version of the toolkit does not look there by itself.
   engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
-  view_ = std::make_unique<QuickPanelView>(engine_, *window_, *colorServices_);
-  fonts_.wait();
+  const auto firstReading = std::make_shared<Gate>();
+  view_ = std::make_unique<QuickPanelView>(engine_, *window_, *colorServices_, firstReading);
+  fonts.wait();
   openFonts();
   if (platform_->prefersReducedMotion()) OrvexMotion::setReduced(true);
   platform_->setFolderChooser(folderChooser_.get());
   using Controller = VantreloOrvexFinalCutExtensionViewController;
-  controller_ = std::make_unique<Controller>(
-      Controller::Environment{*hostRuntime_, platform_->workspace(), platform_->notifications(),
-                              platform_->log(), platform_->audioComponents(), *bookmarks_, *view_});
+  controller_ = std::make_unique<Controller>(Controller::Environment{
+      *hostRuntime_, platform_->workspace(), platform_->notifications(), platform_->log(),
+      platform_->audioComponents(), *bookmarks_, *view_, firstReading});
   controller_->orvexState().setActivePage(options_.page);
   controller_->loadView();
   controller_->viewDidLoad();

@@ -31,7 +31,8 @@ class PanelRuntime final : public QObject, private PanelEndpoint {
   Q_OBJECT
 
  public:
-  explicit PanelRuntime(const PanelOptions& options);
+  /// `fonts` is waited for before the first text is laid out.
+  PanelRuntime(const PanelOptions& options, std::future<void> fonts);
   ~PanelRuntime() override;
 
   /// Opens the window. The panel lives until it is closed.
@@ -51,7 +52,6 @@ class PanelRuntime final : public QObject, private PanelEndpoint {
 
   PanelOptions options_;
   std::unique_ptr<Platform> platform_;
-  std::future<void> fonts_;
   std::unique_ptr<HostRuntime> hostRuntime_;
   QSettings settings_{QStringLiteral("Vantrelo"), QStringLiteral("Vantrelo Orvex")};
   std::unique_ptr<FolderBookmarkStore> bookmarks_;

@@ -46,10 +46,11 @@ std::unique_ptr<QQuickItem> makeQuickItem(QQmlEngine& engine, const QString& url
 }
 
 QuickPanelView::QuickPanelView(QQmlEngine& engine, PanelWindow& window,
-                               ColorServices& colorServices)
+                               ColorServices& colorServices, FirstReading firstReading)
     : engine_(engine),
       window_(window),
       colorServices_(colorServices),
+      firstReading_(std::move(firstReading)),
       files_(&engine, QUrl(kRootView), QQmlComponent::Asynchronous) {}
 
 void QuickPanelView::createView(QSizeF size, const ViewColor& background) {
@@ -80,7 +81,10 @@ std::unique_ptr<PanelViewHost::HostedView> QuickPanelView::hostRootView(
   // The frame around the page is on screen sooner when the page is made behind it.
   QObject::connect(
       &window_, &QQuickWindow::frameSwapped, root.get(),
-      [root = root.get()] { root->setProperty("pageWanted", true); },
+      [root = root.get(), firstReading = firstReading_] {
+        root->setProperty("pageWanted", true);
+        firstReading->open();
+      },
       static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
   return std::make_unique<HostedRootView>(std::move(root), window_.panelArea());
 }

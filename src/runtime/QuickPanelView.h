@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engines/FirstReading.h"
 #include "shell/PanelViewHost.h"
 
 #include <QQmlComponent>
@@ -16,7 +17,9 @@ class PanelWindow;
 class QuickPanelView final : public PanelViewHost {
  public:
   /// All of it outlives this. The files of the view are read in the toolkit's thread from here on.
-  QuickPanelView(QQmlEngine& engine, PanelWindow& window, ColorServices& colorServices);
+  /// `firstReading` is opened when the window has shown its first frame and the page is made.
+  QuickPanelView(QQmlEngine& engine, PanelWindow& window, ColorServices& colorServices,
+                 FirstReading firstReading);
 
   void createView(QSizeF size, const ViewColor& background) override;
   void setPreferredContentSize(QSizeF size) override;
@@ -30,6 +33,7 @@ class QuickPanelView final : public PanelViewHost {
   QQmlEngine& engine_;
   PanelWindow& window_;
   ColorServices& colorServices_;
+  FirstReading firstReading_;
   // Only begins the reading and keeps what was read; `hostRootView` waits for the rest of it.
   QQmlComponent files_;
 };

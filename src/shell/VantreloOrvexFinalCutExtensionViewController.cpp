@@ -46,10 +46,13 @@ VantreloOrvexFinalCutExtensionViewController::VantreloOrvexFinalCutExtensionView
     : environment_(environment),
       orvexState_(std::make_shared<OrvexState>()),
       desktop_(*orvexState_, environment.workspace),
-      motionRegistry_(std::make_unique<MotionTemplateRegistry>(environment.bookmarks)),
-      audioRegistry_(std::make_unique<AudioUnitRegistry>(environment.audioComponents)),
-      lutRegistry_(std::make_unique<LUTRegistry>(environment.bookmarks)),
-      fxPlugRegistry_(std::make_unique<FxPlugRegistry>(environment.bookmarks)) {
+      motionRegistry_(std::make_unique<MotionTemplateRegistry>(environment.bookmarks,
+                                                               environment.firstReading)),
+      audioRegistry_(std::make_unique<AudioUnitRegistry>(environment.audioComponents,
+                                                         environment.firstReading)),
+      lutRegistry_(std::make_unique<LUTRegistry>(environment.bookmarks, environment.firstReading)),
+      fxPlugRegistry_(
+          std::make_unique<FxPlugRegistry>(environment.bookmarks, environment.firstReading)) {
   connect(&environment_.hostRuntime, &HostRuntime::hostSingletonChanged, this, [this] {
     if (connected_) hostAdapter().connect();
   });

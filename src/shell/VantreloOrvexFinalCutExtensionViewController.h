@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engines/FirstReading.h"
 #include "platform/DistributedNotifications.h"
 #include "shell/OrvexDesktop.h"
 #include "shell/PanelViewHost.h"
@@ -34,6 +35,7 @@ class VantreloOrvexFinalCutExtensionViewController final : public QObject {
     std::shared_ptr<AudioComponents> audioComponents;
     FolderBookmarkStore& bookmarks;
     PanelViewHost& view;
+    FirstReading firstReading = nullptr;
   };
 
   explicit VantreloOrvexFinalCutExtensionViewController(const Environment& environment);

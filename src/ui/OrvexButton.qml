@@ -60,8 +60,8 @@ OrvexPressable {
     }
 
     OrvexFocusRing {
-        target: button
         targetRadius: 9
+        visible: button.visualFocus
     }
 
     OrvexToolTip {

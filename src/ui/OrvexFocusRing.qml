@@ -1,10 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Orvex
 
-/// Shows where the keyboard is. `target` fills the item's parent; what is no control sets `visible`.
+/// Shows where the keyboard is, around the item's parent.
 Rectangle {
-    property T.Control target: null
     property real targetRadius: OrvexTheme.tileRadius
 
     anchors.fill: parent
@@ -13,5 +11,4 @@ Rectangle {
     border.width: 2
     color: "transparent"
     radius: targetRadius + 3
-    visible: target?.visualFocus ?? false
 }

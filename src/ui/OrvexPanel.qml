@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Orvex
 
 /// The background that sets things apart, around one item of content.
-T.Pane {
+OrvexPane {
     id: panel
 
     /// Outlined in blue.

@@ -1,16 +1,13 @@
 import QtQuick
-import QtQuick.Templates as T
+import Orvex
 
 /// Anything that can be pressed, by mouse, by Space, Return or Enter, and by assistive technology.
 /// Its look is its `contentItem`.
-T.Control {
+OrvexControl {
     id: control
 
     readonly property bool pressed: mouse.pressed && mouse.containsMouse || keyHeld
     property bool keyHeld: false
-    // How the focus came. The toolkit takes it from a control that is disabled and gives it back without
-    // its reason, and so without the ring that shows a keyboard's user where it is.
-    property int focusedBy: Qt.OtherFocusReason
 
     signal clicked
 
@@ -20,7 +17,6 @@ T.Control {
 
     Accessible.focusable: true
     Accessible.role: Accessible.Button
-    focusPolicy: Qt.StrongFocus
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
 
@@ -42,10 +38,6 @@ T.Control {
         control.clicked();
     }
     onActiveFocusChanged: keyHeld = false
-    onEnabledChanged: if (control.enabled && control.activeFocus)
-        control.focusReason = control.focusedBy
-    onFocusReasonChanged: if (control.enabled)
-        control.focusedBy = control.focusReason
 
     MouseArea {
         id: mouse

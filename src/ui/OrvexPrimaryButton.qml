@@ -59,7 +59,7 @@ OrvexPressable {
     }
 
     OrvexFocusRing {
-        target: button
         targetRadius: OrvexTheme.buttonRadius
+        visible: button.visualFocus
     }
 }

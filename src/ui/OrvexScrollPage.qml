@@ -13,7 +13,7 @@ Flickable {
     property alias spacing: column.spacing
 
     readonly property real lineStep: 48
-    readonly property Item focusItem: Window.activeFocusItem
+    readonly property var focusItem: Window.activeFocusItem
 
     function scrollTo(y: real) {
         contentY = Math.round(Math.max(0, Math.min(y, contentHeight - height)));
@@ -72,9 +72,8 @@ Flickable {
 
     Keys.onPressed: event => event.accepted = page.scrollFor(event.key)
     onFocusItemChanged: {
-        // A press with the mouse must not move what is being pressed.
-        const control = focusItem as T.Control;
-        if (focusItem && isWithin(focusItem) && (!control || control.visualFocus))
+        // A press with the mouse must not move what is being pressed. Not every item tells.
+        if (focusItem && isWithin(focusItem) && focusItem.visualFocus !== false)
             bringIntoView(focusItem);
     }
 

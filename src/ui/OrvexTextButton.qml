@@ -25,7 +25,7 @@ OrvexPressable {
     }
 
     OrvexFocusRing {
-        target: button
         targetRadius: 3
+        visible: button.visualFocus
     }
 }

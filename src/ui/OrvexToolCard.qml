@@ -81,7 +81,7 @@ OrvexPressable {
     }
 
     OrvexFocusRing {
-        target: card
         targetRadius: OrvexTheme.panelRadius
+        visible: card.visualFocus
     }
 }

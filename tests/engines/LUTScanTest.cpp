@@ -11,7 +11,7 @@ struct LUTScan : testing::Test {
   [[nodiscard]] QString ids(bool onlyRead = false) {
     QStringList ids;
     for (const LUTItem& item : scan(tree.root()).items)
-      if (!onlyRead || item.dimension != u"CUBE" || item.title) ids.append(item.id);
+      if (!onlyRead || item.dimension != u"CUBE" || item.title) ids.append(item.id());
     return ids.join(u' ');
   }
 
@@ -48,7 +48,7 @@ TEST_F(LUTScan, MakesIdsAndNamesOfRawPaths) {
   EXPECT_EQ(ids(), QString::fromUtf8("inx.cube in" + root + "x/y.cube \uFFFD/\uFFFD.cube"));
   const auto found = scan(root + '/');
   EXPECT_EQ(found.items.last().dimension, u"3D 2");
-  EXPECT_EQ(filePath(found.items.last().fileURL), tree.path("\xFF/\xE7.cube"));
+  EXPECT_EQ(filePath(found.items.last().fileURL()), tree.path("\xFF/\xE7.cube"));
   EXPECT_EQ(found.search.find(u"title").size(), 3);
   EXPECT_EQ(found.search.find(u"in").size(), 0) << "folders are not searched";
 }

@@ -27,7 +27,6 @@ FocusScope {
     readonly property bool applying: activePath.length > 0 && activePath === path
     readonly property alias error: picture.error
     readonly property bool usable: picture.error.length === 0
-    readonly property int focusPolicy: current ? Qt.StrongFocus : Qt.ClickFocus
     readonly property real padding: 10
     property bool keyHeld: false
 
@@ -213,7 +212,7 @@ FocusScope {
                     Accessible.description: "Seçili Final Cut klibine uygula"
                     Layout.fillWidth: true
                     enabled: card.activePath.length === 0
-                    focusPolicy: card.focusPolicy
+                    activeFocusOnTab: card.current
                     icon: "camera.filters"
                     objectName: "apply"
                     title: card.applying ? "UYGULANIYOR…" : "UYGULA"
@@ -241,7 +240,7 @@ FocusScope {
 
                     focus: !card.usable
                     Accessible.description: card.revealDescription
-                    focusPolicy: card.focusPolicy
+                    activeFocusOnTab: card.current
                     icon: "folder"
                     name: "Finder’da göster"
                     objectName: "reveal"

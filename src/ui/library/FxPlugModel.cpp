@@ -14,7 +14,7 @@ QVariant FxPlugModel::data(const QModelIndex& index, int role) const {
     case Version:
       return bundle.version;
     case FileURL:
-      return bundle.fileURL;
+      return bundle.fileURL();
     default:
       return {};
   }

@@ -30,7 +30,7 @@ OrvexPressable {
     Accessible.description: [card.detail, ...Array.from(card.badges).map(badge => badge.text + (badge.holds ? ": var" : ": yok"))].join(", ")
     Accessible.name: card.title
     // What has the focus must not lose its place in the order of the Tab key.
-    focusPolicy: card.current || card.activeFocus ? Qt.StrongFocus : Qt.ClickFocus
+    activeFocusOnTab: card.current || card.activeFocus
     padding: 12
     // A view that keeps a card for later only stops drawing it.
     GridView.onPooled: card.visible = false
@@ -131,8 +131,8 @@ OrvexPressable {
     }
 
     OrvexFocusRing {
-        target: card
         targetRadius: OrvexTheme.panelRadius
+        visible: card.visualFocus
     }
 
     OrvexToolTip {

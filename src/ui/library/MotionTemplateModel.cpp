@@ -29,9 +29,9 @@ QVariant MotionTemplateModel::data(const QModelIndex& index, int role) const {
     case Category:
       return template_.category;
     case FileURL:
-      return template_.fileURL;
+      return template_.fileURL();
     case PreviewURL:
-      return template_.previewURL.value_or(QUrl());
+      return template_.previewURL().value_or(QUrl());
     default:
       return {};
   }

@@ -49,8 +49,8 @@ Item {
         }
 
         OrvexFocusRing {
-            target: play
             targetRadius: 9
+            visible: play.visualFocus
         }
     }
 

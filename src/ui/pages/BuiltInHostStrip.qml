@@ -35,11 +35,11 @@ FocusScope {
         }
     }
 
-    // The panel comes first: the strip is filled when the window's first frame is on screen, and not
-    // while the window is still handing it over.
+    // The panel comes first: the files of what fills the strip are read, and it is filled, when the
+    // window's first frame is on screen, and not while the window is still handing it over.
     Connections {
         target: strip.Window.window
-        enabled: !content.active
+        enabled: content.item === null
         function onFrameSwapped(): void {
             handedOver.start();
         }
@@ -49,46 +49,15 @@ FocusScope {
         id: handedOver
 
         interval: 0
-        onTriggered: content.active = true
+        onTriggered: content.setSource("BuiltInHostFilling.qml", {
+            strip: strip
+        })
     }
 
     Loader {
         id: content
 
-        active: false
         anchors.fill: parent
         focus: true
-        sourceComponent: filling
     }
-
-    // The toolkit's Loader cannot make bound components, so this one is not, and the linter does not
-    // know the identifiers in it.
-    // qmllint disable unqualified
-    Component {
-        id: filling
-
-        FocusScope {
-            focus: true
-
-            BuiltInHostControls {
-                x: 12
-                y: 8
-                width: parent.width - 2 * x
-                height: 30
-                host: strip.host
-                onPlayToggled: strip.togglePlaying()
-            }
-
-            BuiltInHostTimeline {
-                objectName: "timeline"
-                x: 12
-                y: 44
-                width: parent.width - 2 * x
-                height: parent.height - y - 10
-                focus: true
-                host: strip.host
-            }
-        }
-    }
-    // qmllint enable unqualified
 }

@@ -1,13 +1,12 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import Orvex
 import Orvex.Pages
 
 // The built-in host's sequence over its whole width: ruler, clips, speed points and the playhead,
 // which follows the pointer while it is pressed.
-T.Control {
+OrvexControl {
     id: timeline
 
     required property BuiltInHost host
@@ -37,7 +36,6 @@ T.Control {
         timeline.host.seek(timeline.host.playheadSeconds + frames * timeline.frameDuration);
     }
 
-    focusPolicy: Qt.StrongFocus
     Accessible.role: Accessible.Slider
     Accessible.name: "Oynatma kafası, " + OrvexFormat.timecode(timeline.host.playheadSeconds)
     Accessible.focusable: true
@@ -151,7 +149,7 @@ T.Control {
     }
 
     OrvexFocusRing {
-        target: timeline
         targetRadius: 6
+        visible: timeline.visualFocus
     }
 }

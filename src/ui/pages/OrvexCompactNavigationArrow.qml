@@ -76,8 +76,8 @@ Item {
         }
 
         OrvexFocusRing {
-            target: button
             targetRadius: 9
+            visible: button.visualFocus
         }
     }
 }

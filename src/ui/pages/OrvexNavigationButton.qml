@@ -13,7 +13,6 @@ OrvexPressable {
     readonly property real emphasis: Math.max(0, Math.min(1, selection.value))
 
     objectName: "navigation " + button.page.id
-    spacing: button.compact ? 6 : 9
     horizontalPadding: button.compact ? 10 : 11
     verticalPadding: button.compact ? 8 : 10
 
@@ -67,7 +66,7 @@ OrvexPressable {
     }
 
     contentItem: Row {
-        spacing: button.spacing
+        spacing: button.compact ? 6 : 9
 
         Item {
             width: button.compact ? 14 : 18
@@ -93,7 +92,7 @@ OrvexPressable {
     }
 
     OrvexFocusRing {
-        target: button
         targetRadius: button.cornerRadius
+        visible: button.visualFocus
     }
 }

@@ -196,7 +196,7 @@ FocusScope {
                         id: install
 
                         enabled: !card.busy
-                        focusPolicy: card.current || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
+                        activeFocusOnTab: card.current || activeFocus
                         icon: card.busy ? "" : "icloud.and.arrow.down"
                         title: card.busy ? "İşleniyor…" : card.needsUpdate ? "Güncelle" : "Yükle"
                         visible: card.busy || card.listed && (!card.installed || card.needsUpdate)
@@ -230,7 +230,7 @@ FocusScope {
                         id: cancel
 
                         enabled: !card.cancelling
-                        focusPolicy: card.current || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
+                        activeFocusOnTab: card.current || activeFocus
                         ink: OrvexTheme.warning
                         name: card.name + " kurulumunu iptal et"
                         title: "İptal"
@@ -242,7 +242,7 @@ FocusScope {
                     OrvexButton {
                         id: uninstall
 
-                        focusPolicy: card.current || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
+                        activeFocusOnTab: card.current || activeFocus
                         icon: "trash"
                         ink: OrvexTheme.danger
                         title: "Kaldır"

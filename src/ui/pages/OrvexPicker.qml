@@ -25,8 +25,8 @@ T.ComboBox {
         border.color: OrvexTheme.fade(OrvexTheme.text, 0.1)
 
         OrvexFocusRing {
-            target: picker
             targetRadius: 9
+            visible: picker.visualFocus
         }
     }
 

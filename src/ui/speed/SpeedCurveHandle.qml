@@ -1,11 +1,10 @@
 import QtQuick
-import QtQuick.Templates as T
 import Orvex
 import Orvex.Speed
 
 // One control point of the curve editor: a disc that is dragged, or moved with the arrow keys by a
 // hundredth, with Shift by a tenth.
-T.Control {
+OrvexControl {
     id: handle
 
     required property SpeedCurveEditing editing
@@ -39,7 +38,6 @@ T.Control {
     Accessible.name: "Kontrol noktası " + (handle.index + 1)
     Accessible.description: "x " + handle.valueX.toFixed(2) + ", y " + handle.valueY.toFixed(2)
     Accessible.role: Accessible.Slider
-    focusPolicy: Qt.StrongFocus
     implicitHeight: 18
     implicitWidth: 18
     x: handle.canvas.width * handle.canvas.curve[2 * handle.index] - handle.width / 2
@@ -86,7 +84,7 @@ T.Control {
     }
 
     OrvexFocusRing {
-        target: handle
         targetRadius: 11
+        visible: handle.visualFocus
     }
 }

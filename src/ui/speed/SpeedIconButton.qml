@@ -27,7 +27,7 @@ OrvexPressable {
     }
 
     OrvexFocusRing {
-        target: button
         targetRadius: OrvexTheme.chipRadius
+        visible: button.visualFocus
     }
 }

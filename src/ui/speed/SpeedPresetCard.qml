@@ -48,7 +48,7 @@ OrvexPressable {
     }
 
     OrvexFocusRing {
-        target: card
         targetRadius: 13
+        visible: card.visualFocus
     }
 }

@@ -1,0 +1,16 @@
+#include "base/Gate.h"
+
+namespace orvex {
+
+void Gate::wait(const std::stop_token& stop, std::chrono::milliseconds patience) {
+  std::unique_lock lock(mutex_);
+  opened_.wait_for(lock, stop, patience, [this] { return open_; });
+}
+
+void Gate::open() {
+  const std::scoped_lock lock(mutex_);
+  open_ = true;
+  opened_.notify_all();
+}
+
+}  // namespace orvex
