@@ -32,6 +32,9 @@ class Platform {
   /// The user's desktop is set to show no animations.
   [[nodiscard]] virtual bool prefersReducedMotion() = 0;
 
+  /// Makes the system's fonts ready for the first text. Takes a while; any thread.
+  virtual void prepareFonts() = 0;
+
   /// Offers `panel` to companions of this session until the platform is destroyed. False when
   /// another panel already does, or the session has no message bus; the panel works without.
   virtual bool exportPanel(PanelEndpoint& panel) = 0;
@@ -41,9 +44,5 @@ class Platform {
 
 /// The platform of the system this was built for.
 [[nodiscard]] std::unique_ptr<Platform> makePlatform();
-
-/// Makes the system's fonts ready for the first text. Takes a while; any thread, and before there
-/// is an application object.
-void prepareFonts();
 
 }  // namespace orvex

@@ -45,9 +45,10 @@ void openFonts() {
 
 }  // namespace
 
-PanelRuntime::PanelRuntime(const PanelOptions& options, std::future<void> fonts)
+PanelRuntime::PanelRuntime(const PanelOptions& options)
     : options_(options),
       platform_(makePlatform()),
+      fonts_(std::async(std::launch::async, [this] { platform_->prepareFonts(); })),
       hostRuntime_(makeHostRuntime(options.host)),
       bookmarks_(std::make_unique<FolderBookmarkStore>(platform_->folderAccess(), settings_,
                                                        platform_->log())),
@@ -62,7 +63,7 @@ PanelRuntime::PanelRuntime(const PanelOptions& options, std::future<void> fonts)
   engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
   const auto firstReading = std::make_shared<Gate>();
   view_ = std::make_unique<QuickPanelView>(engine_, *window_, *colorServices_, firstReading);
-  fonts.wait();
+  fonts_.wait();
   openFonts();
   if (platform_->prefersReducedMotion()) OrvexMotion::setReduced(true);
   platform_->setFolderChooser(folderChooser_.get());

@@ -31,8 +31,7 @@ class PanelRuntime final : public QObject, private PanelEndpoint {
   Q_OBJECT
 
  public:
-  /// `fonts` is waited for before the first text is laid out.
-  PanelRuntime(const PanelOptions& options, std::future<void> fonts);
+  explicit PanelRuntime(const PanelOptions& options);
   ~PanelRuntime() override;
 
   /// Opens the window. The panel lives until it is closed.
@@ -52,6 +51,7 @@ class PanelRuntime final : public QObject, private PanelEndpoint {
 
   PanelOptions options_;
   std::unique_ptr<Platform> platform_;
+  std::future<void> fonts_;
   std::unique_ptr<HostRuntime> hostRuntime_;
   QSettings settings_{QStringLiteral("Vantrelo"), QStringLiteral("Vantrelo Orvex")};
   std::unique_ptr<FolderBookmarkStore> bookmarks_;

@@ -1,4 +1,3 @@
-#include "platform/Platform.h"
 #include "runtime/PanelOptions.h"
 #include "runtime/PanelRuntime.h"
 #include "shell/OrvexConfig.h"
@@ -8,7 +7,6 @@
 #include <QQmlExtensionPlugin>
 
 #include <cstdio>
-#include <future>
 
 Q_IMPORT_QML_PLUGIN(OrvexPlugin)
 Q_IMPORT_QML_PLUGIN(Orvex_ColorPlugin)
@@ -51,14 +49,11 @@ int main(int argc, char** argv) {
   }
   QGuiApplication::setApplicationName(QStringLiteral("Vantrelo Orvex"));
   QGuiApplication::setDesktopFileName(QStringLiteral("com.vantrelo.orvex.finalcut"));
-  // While the toolkit connects to the display: read later they held up the first frame by two
-  // milliseconds and more. What must not change from here on is the environment.
-  auto fonts = std::async(std::launch::async, &orvex::prepareFonts);
   QGuiApplication application(argc, argv);
   // The theme's own, so that texts which are laid out before it is bound to them load no other.
   QGuiApplication::setFont(QFont(QStringLiteral("Inter")));
 
-  orvex::PanelRuntime panel(*options, std::move(fonts));
+  orvex::PanelRuntime panel(*options);
   if (options->screenshot.isEmpty()) {
     panel.show();
     return QGuiApplication::exec();

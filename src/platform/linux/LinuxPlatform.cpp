@@ -33,6 +33,8 @@ class LinuxPlatform final : public Platform {
 
   [[nodiscard]] bool prefersReducedMotion() override { return desktopAnimationsOff(); }
 
+  void prepareFonts() override { applyFontRules(); }
+
   bool exportPanel(PanelEndpoint& panel) override {
     auto exported = exportPanelOn(bus_, panel);
     if (!exported) return false;
@@ -58,10 +60,6 @@ class LinuxPlatform final : public Platform {
 
 std::unique_ptr<Platform> makePlatform() {
   return std::make_unique<LinuxPlatform>();
-}
-
-void prepareFonts() {
-  applyFontRules();
 }
 
 }  // namespace orvex
