@@ -61,7 +61,7 @@ OrvexPressable {
 
     OrvexFocusRing {
         targetRadius: 9
-        visible: button.visualFocus
+        shown: button.visualFocus
     }
 
     OrvexToolTip {

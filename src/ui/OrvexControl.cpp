@@ -96,7 +96,8 @@ void OrvexControl::itemChange(ItemChange change, const ItemChangeData& value) {
 
 void OrvexControl::focusInEvent(QFocusEvent* event) {
   OrvexBox::focusInEvent(event);
-  if (!disabled_) focusReason_ = event->reason();
+  // A window that comes back has the focus where, and as, it was.
+  if (!disabled_ && event->reason() != Qt::ActiveWindowFocusReason) focusReason_ = event->reason();
   updateVisualFocus();
 }
 

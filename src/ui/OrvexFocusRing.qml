@@ -3,6 +3,7 @@ import Orvex
 
 /// Shows where the keyboard is, around the item's parent.
 Rectangle {
+    required property bool shown
     property real targetRadius: OrvexTheme.tileRadius
 
     anchors.fill: parent
@@ -11,4 +12,5 @@ Rectangle {
     border.width: 2
     color: "transparent"
     radius: targetRadius + 3
+    visible: shown
 }

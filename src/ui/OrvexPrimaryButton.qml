@@ -60,6 +60,6 @@ OrvexPressable {
 
     OrvexFocusRing {
         targetRadius: OrvexTheme.buttonRadius
-        visible: button.visualFocus
+        shown: button.visualFocus
     }
 }

@@ -26,6 +26,6 @@ OrvexPressable {
 
     OrvexFocusRing {
         targetRadius: 3
-        visible: button.visualFocus
+        shown: button.visualFocus
     }
 }

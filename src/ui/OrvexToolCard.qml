@@ -49,9 +49,11 @@ OrvexPressable {
                             Accessible.ignored: true
                             Layout.fillWidth: true
                             Layout.maximumWidth: Math.ceil(implicitWidth)
+                            maximumLineCount: 2
                             size: 12
                             text: card.title
                             weight: Font.Bold
+                            wrapMode: Text.Wrap
                         }
 
                         OrvexBadge {
@@ -82,6 +84,6 @@ OrvexPressable {
 
     OrvexFocusRing {
         targetRadius: OrvexTheme.panelRadius
-        visible: card.visualFocus
+        shown: card.visualFocus
     }
 }

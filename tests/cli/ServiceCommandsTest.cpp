@@ -1,7 +1,10 @@
 #include "CommandLine.h"
+#include "Interrupt.h"
 #include "support/TestCloud.h"
 
 #include <csignal>
+#include <sys/wait.h>
+#include <thread>
 
 namespace {
 
@@ -67,6 +70,23 @@ TEST_F(ServiceCommands, LeaveNothingOfAnInstallThatIsInterrupted) {
     EXPECT_EQ(process.readAllStandardError(), "İptal edildi.\n");
     EXPECT_TRUE(tree.names("Vantrelo Orvex/FinalCut/UniversalPacks").isEmpty());
   }
+}
+
+TEST(Interrupts, TheSecondEndsTheProgram) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    const Interrupt interrupt;
+    ::kill(::getpid(), SIGTERM);
+    while (!interrupt.token().stop_requested()) std::this_thread::yield();
+    // A user takes as long at least.
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    ::kill(::getpid(), SIGINT);
+    ::sleep(10);
+    ::_exit(0);
+  }
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT);
 }
 
 TEST_F(ServiceCommands, SendARequestWithTheHostInUse) {

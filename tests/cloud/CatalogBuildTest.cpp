@@ -103,6 +103,11 @@ TEST_F(CatalogBuildTest, FollowsOnWhatWasPublishedBefore) {
   EXPECT_EQ(tree.contents(kFile), "bb");
   EXPECT_FALSE(QFile::exists(tree.text(kRelease)));
   EXPECT_FALSE(build(tree).changed);
+  // What once was 1.0.0 stays so, for the caches that hold it.
+  pack(tree, "1.0.0");
+  EXPECT_THROW(build(tree), CatalogSourceError);
+  EXPECT_TRUE(QFile::remove(tree.text("packs/gece/shared/c.cube")));
+  EXPECT_TRUE(build(tree).changed);
 }
 
 TEST_F(CatalogBuildTest, RefusesWhatNoPanelWouldTakeAndPublishesNothing) {

@@ -96,6 +96,11 @@ PanelCase {
         compare(objects.state.activePage.id, "request");
         keyClick(Qt.Key_2, Qt.ControlModifier);
         compare(objects.state.activePage.id, "timeline");
+        keyClick(Qt.Key_4, Qt.ControlModifier);
+        named(page(), "kind").popup.open();
+        keyClick(Qt.Key_2, Qt.ControlModifier);
+        compare(objects.state.activePage.id, "motion", "behind an open list");
+        named(page(), "kind").popup.close();
         const button = named(panel, "navigation updates");
         for (let i = 0; i < 20 && !button.activeFocus; ++i)
             keyClick(Qt.Key_Tab);

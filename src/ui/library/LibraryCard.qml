@@ -132,7 +132,7 @@ OrvexPressable {
 
     OrvexFocusRing {
         targetRadius: OrvexTheme.panelRadius
-        visible: card.visualFocus
+        shown: card.visualFocus
     }
 
     OrvexToolTip {

@@ -1,6 +1,5 @@
 import QtQuick
 import Orvex
-import Orvex.Library
 
 /// Takes a folder that is dropped on the item it fills, and shows while one is over it.
 DropArea {

@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
 import Orvex
-import Orvex.Library
 
 /// How much of an inventory is listed, where it comes from, how far its scan is, and what can be done
 /// to bring it up to date.
@@ -46,8 +45,6 @@ ColumnLayout {
             spacing: 3
 
             OrvexText {
-                Accessible.name: text
-                Accessible.role: Accessible.StaticText
                 Layout.fillWidth: true
                 objectName: "counted"
                 size: 10
@@ -56,8 +53,6 @@ ColumnLayout {
             }
 
             OrvexText {
-                Accessible.name: text
-                Accessible.role: Accessible.StaticText
                 Layout.fillWidth: true
                 color: OrvexTheme.muted
                 elide: Text.ElideMiddle
@@ -88,8 +83,6 @@ ColumnLayout {
     }
 
     OrvexText {
-        Accessible.name: text
-        Accessible.role: Accessible.StaticText
         Layout.fillWidth: true
         color: OrvexTheme.warning
         objectName: "skipped"

@@ -35,6 +35,7 @@ Rectangle {
         color: OrvexTheme.fade(clip.bandColor, 0.2)
 
         OrvexText {
+            Accessible.ignored: true
             anchors.centerIn: parent
             width: Math.min(implicitWidth, parent.width - 8)
             text: "%" + clip.speedPercent
@@ -52,6 +53,7 @@ Rectangle {
         visible: width >= 16
 
         OrvexText {
+            Accessible.ignored: true
             width: parent.width
             text: clip.name
             size: 9
@@ -60,6 +62,7 @@ Rectangle {
         }
 
         OrvexText {
+            Accessible.ignored: true
             objectName: "clipLUT"
             width: parent.width
             visible: clip.lut.length > 0

@@ -50,7 +50,7 @@ Item {
 
         OrvexFocusRing {
             targetRadius: 9
-            visible: play.visualFocus
+            shown: play.visualFocus
         }
     }
 

@@ -43,6 +43,7 @@ Item {
             }
 
             OrvexText {
+                Accessible.ignored: true
                 x: 8
                 y: 1
                 // The last text would reach beyond the end.

@@ -150,6 +150,6 @@ OrvexControl {
 
     OrvexFocusRing {
         targetRadius: 6
-        visible: timeline.visualFocus
+        shown: timeline.visualFocus
     }
 }

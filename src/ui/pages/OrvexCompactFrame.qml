@@ -7,6 +7,8 @@ Item {
     id: frame
 
     required property OrvexState state
+    // Whether the keys of the pages are taken.
+    required property bool armed
     required property string focusedPage
 
     signal pageChosen(id: string)
@@ -32,6 +34,7 @@ Item {
         width: frame.width
         height: OrvexPanelMetrics.compactNavigationHeight
         state: frame.state
+        armed: frame.armed
         focusedPage: frame.focusedPage
         onPageChosen: id => frame.pageChosen(id)
         onFocusMoved: id => frame.focusMoved(id)

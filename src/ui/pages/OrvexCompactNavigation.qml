@@ -10,6 +10,7 @@ Rectangle {
     id: navigation
 
     required property OrvexState state
+    required property bool armed
     // The identifier of the page that the strip is centred on.
     required property string focusedPage
     readonly property real horizontalPadding: 7
@@ -110,6 +111,7 @@ Rectangle {
                     page: modelData
                     compact: true
                     selected: navigation.state.activePage.id === modelData.id
+                    armed: navigation.armed
                     onClicked: {
                         strip.setSpring(0.34, 0.82);
                         navigation.focusMoved(modelData.id);

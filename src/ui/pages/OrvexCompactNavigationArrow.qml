@@ -77,7 +77,7 @@ Item {
 
         OrvexFocusRing {
             targetRadius: 9
-            visible: button.visualFocus
+            shown: button.visualFocus
         }
     }
 }

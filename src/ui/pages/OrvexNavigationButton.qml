@@ -8,6 +8,8 @@ OrvexPressable {
     required property orvexPage page
     required property bool compact
     required property bool selected
+    // Whether its key is taken.
+    required property bool armed
 
     readonly property real cornerRadius: 10
     readonly property real emphasis: Math.max(0, Math.min(1, selection.value))
@@ -21,13 +23,12 @@ OrvexPressable {
     Accessible.selectable: true
     Accessible.selected: button.selected
 
-    Shortcut {
-        sequence: "Ctrl+" + (OrvexPages.indexOf(button.page) + 1)
-        // As a press of the mouse does: the page that had the focus goes.
-        onActivated: {
-            button.forceActiveFocus(Qt.ShortcutFocusReason);
-            button.clicked();
-        }
+    Loader {
+        asynchronous: true
+        Component.onCompleted: setSource("OrvexPageShortcut.qml", {
+            button: button
+        })
+        active: button.armed
     }
 
     OrvexSpring {
@@ -93,6 +94,6 @@ OrvexPressable {
 
     OrvexFocusRing {
         targetRadius: button.cornerRadius
-        visible: button.visualFocus
+        shown: button.visualFocus
     }
 }

@@ -257,7 +257,7 @@ FocusScope {
 
     OrvexFocusRing {
         targetRadius: OrvexTheme.panelRadius
-        visible: rest.activeFocus
+        shown: rest.activeFocus
     }
 
     OrvexToolTip {

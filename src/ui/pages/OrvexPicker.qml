@@ -26,11 +26,12 @@ T.ComboBox {
 
         OrvexFocusRing {
             targetRadius: 9
-            visible: picker.visualFocus
+            shown: picker.visualFocus
         }
     }
 
     contentItem: OrvexText {
+        Accessible.ignored: true
         verticalAlignment: Text.AlignVCenter
         text: picker.displayText
         size: 10
@@ -63,6 +64,7 @@ T.ComboBox {
         }
 
         contentItem: OrvexText {
+            Accessible.ignored: true
             leftPadding: 8
             verticalAlignment: Text.AlignVCenter
             text: choice.modelData

@@ -102,6 +102,7 @@ Item {
 
         OrvexWideFrame {
             state: root.state
+            armed: root.pageWanted
             onPageChosen: id => root.show(id)
         }
     }
@@ -111,6 +112,7 @@ Item {
 
         OrvexCompactFrame {
             state: root.state
+            armed: root.pageWanted
             focusedPage: root.compactNavFocus
             onPageChosen: id => root.show(id)
             onFocusMoved: id => root.compactNavFocus = id

@@ -9,6 +9,7 @@ Rectangle {
     id: sidebar
 
     required property OrvexState state
+    required property bool armed
 
     signal pageChosen(id: string)
 
@@ -83,6 +84,7 @@ Rectangle {
                     page: modelData
                     compact: false
                     selected: sidebar.state.activePage.id === modelData.id
+                    armed: sidebar.armed
                     onClicked: sidebar.pageChosen(modelData.id)
                     onVisualFocusChanged: if (visualFocus) scroll.reveal(this)
                 }

@@ -64,6 +64,7 @@ Item {
     OrvexText {
         id: message
 
+        Accessible.ignored: true
         x: symbol.x + symbol.width + 8
         anchors.verticalCenter: parent.verticalCenter
         width: Math.min(implicitWidth, view.widthLimit - x - 14)

@@ -7,6 +7,8 @@ Item {
     id: frame
 
     required property OrvexState state
+    // Whether the keys of the pages are taken.
+    required property bool armed
 
     signal pageChosen(id: string)
 
@@ -15,6 +17,7 @@ Item {
         width: OrvexPanelMetrics.sidebarWidth
         height: frame.height
         state: frame.state
+        armed: frame.armed
         onPageChosen: id => frame.pageChosen(id)
     }
 

@@ -85,6 +85,6 @@ OrvexControl {
 
     OrvexFocusRing {
         targetRadius: 11
-        visible: handle.visualFocus
+        shown: handle.visualFocus
     }
 }

@@ -28,6 +28,6 @@ OrvexPressable {
 
     OrvexFocusRing {
         targetRadius: OrvexTheme.chipRadius
-        visible: button.visualFocus
+        shown: button.visualFocus
     }
 }

@@ -49,6 +49,6 @@ OrvexPressable {
 
     OrvexFocusRing {
         targetRadius: 13
-        visible: card.visualFocus
+        shown: card.visualFocus
     }
 }
