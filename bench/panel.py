@@ -38,7 +38,6 @@ class Program:
     """A started program whose frames are counted as its log reports them."""
 
     def __init__(self, command, env):
-        self.log = tempfile.TemporaryFile()
         self.start = time.monotonic()
         self.process = subprocess.Popen(command, env=env, stdout=subprocess.DEVNULL,
                                         stderr=subprocess.PIPE)

@@ -1,6 +1,6 @@
 # The bundle tree that panel, companion and command line live in, the same on every system:
 #
-#   bin/Vantrelo Orvex.app/Contents/{Info.plist, MacOS/{Vantrelo Orvex, orvex},
+#   bin/Vantrelo Orvex.app/Contents/{Info.plist, MacOS/{Vantrelo Orvex, orvex, orvex-lv2},
 #       PlugIns/VantreloOrvexFinalCutExtension.appex/Contents/{Info.plist, MacOS/…}}
 #
 # bin/<program> is a link into it, so that programs are found under their short names and still find

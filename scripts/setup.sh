@@ -1,4 +1,4 @@
-# Sourced by ./run and ./test: installs what is missing from Debian's packages and builds.
+# Sourced by the scripts that build: installs what is missing from Debian's packages and builds.
 # shellcheck shell=bash
 
 packages_build=(

@@ -15,6 +15,7 @@ class OrvexAdaptiveGrid : public QQuickItem {
   /// Of a column, in points.
   Q_PROPERTY(
       double minimumWidth READ minimumWidth WRITE setMinimumWidth NOTIFY minimumWidthChanged FINAL)
+  /// At least 1.
   Q_PROPERTY(int maximumColumns READ maximumColumns WRITE setMaximumColumns NOTIFY
                  maximumColumnsChanged FINAL)
   /// Between columns and between rows, in points.

@@ -67,7 +67,6 @@ void OrvexDisc::restyle() {
   if (!isComponentComplete()) return;
   const double side = 2 * DiscProfile::reach(diameter_ / 2, blurRadius_);
   setImplicitSize(side, side);
-  const bool wasReady = isReady();
   wanted_ = {diameter_ / 2,
              blurRadius_,
              window() != nullptr ? window()->effectiveDevicePixelRatio() : 0,
@@ -76,7 +75,6 @@ void OrvexDisc::restyle() {
   const QRect whole(0, 0, wanted_.side(), wanted_.side());
   const QRectF seen(seen_.topLeft() * wanted_.scale, seen_.size() * wanted_.scale);
   wanted_.part = seen.isEmpty() ? whole : whole & seen.toAlignedRect();
-  if (wasReady != isReady()) Q_EMIT readyChanged();
   paint();
 }
 
@@ -93,7 +91,6 @@ void OrvexDisc::paint() {
         rendered_ = recipe;
         imageChanged_ = true;
         update();
-        if (isReady()) Q_EMIT readyChanged();
         paint();
       });
 }

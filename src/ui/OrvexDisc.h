@@ -21,17 +21,12 @@ class OrvexDisc : public QQuickItem {
   /// The part of the item that can ever be seen, in its own coordinates; only that is painted.
   Q_PROPERTY(QRectF seen MEMBER seen_ NOTIFY styleChanged FINAL)
   Q_PROPERTY(QColor color MEMBER color_ NOTIFY styleChanged FINAL)
-  /// The picture of the present size is there.
-  Q_PROPERTY(bool ready READ isReady NOTIFY readyChanged FINAL)
 
  public:
   explicit OrvexDisc(QQuickItem* parent = nullptr);
 
-  [[nodiscard]] bool isReady() const noexcept { return !image_.isNull() && rendered_ == wanted_; }
-
  Q_SIGNALS:
   void styleChanged();
-  void readyChanged();
 
  protected:
   void componentComplete() override;

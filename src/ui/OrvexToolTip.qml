@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Orvex
 
-/// The whole of a text that was cut.
+/// The whole of a text that was cut, or what a picture alone does not say.
 T.ToolTip {
     id: tip
 

@@ -89,8 +89,6 @@ QVariant PackListModel::data(const QModelIndex& index, int role) const {
   switch (role) {
     case Pack:
       return QVariant::fromValue(pack);
-    case PackId:
-      return pack.id;
     case Qt::DisplayRole:
     case Name:
       return pack.name;
@@ -126,7 +124,6 @@ QVariant PackListModel::data(const QModelIndex& index, int role) const {
 
 QHash<int, QByteArray> PackListModel::roleNames() const {
   return {{Pack, "pack"},
-          {PackId, "packId"},
           {Name, "name"},
           {Version, "version"},
           {Listed, "listed"},

@@ -23,7 +23,6 @@ class PackListModel : public QAbstractListModel {
  public:
   enum Role {
     Pack = Qt::UserRole,
-    PackId,
     Name,
     Version,
     /// In the catalog.

@@ -30,37 +30,31 @@ OrvexScrollPage {
         OrvexMetric {
             label: "Sequence"
             value: page.state.host.sequenceName
-            accent: OrvexTheme.cyan
         }
 
         OrvexMetric {
             label: "Playhead"
             value: OrvexFormat.timecode(page.state.host.playheadSeconds)
-            accent: OrvexTheme.cyan
         }
 
         OrvexMetric {
             label: "Duration"
             value: OrvexFormat.timecode(page.state.host.sequenceDurationSeconds)
-            accent: OrvexTheme.cyan
         }
 
         OrvexMetric {
             label: "Start"
             value: OrvexFormat.seconds2(page.state.host.sequenceStartSeconds)
-            accent: OrvexTheme.cyan
         }
 
         OrvexMetric {
             label: "End"
             value: OrvexFormat.seconds2(page.state.host.sequenceStartSeconds + page.state.host.sequenceDurationSeconds)
-            accent: OrvexTheme.cyan
         }
 
         OrvexMetric {
             label: "FPS"
             value: OrvexFormat.rate(page.state.host.fps)
-            accent: OrvexTheme.cyan
         }
     }
 

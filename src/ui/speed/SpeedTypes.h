@@ -4,7 +4,6 @@
 #include "speed/SpeedCurvePreset.h"
 
 #include <QObject>
-#include <QVariantList>
 #include <QtQml/qqmlregistration.h>
 
 // What QML knows of the speed curve. The core itself does not know QML.
