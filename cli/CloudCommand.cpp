@@ -29,8 +29,10 @@ namespace {
 constexpr auto kPrivate = "private";
 
 QByteArray absolutePath(const QString& path) {
-  // Not cleaned: what ".." behind a link leads to is for the system to say.
-  return QFile::encodeName(QDir::current().absoluteFilePath(path));
+  // Otherwise not cleaned: what ".." behind a link leads to is for the system to say.
+  QByteArray absolute = QFile::encodeName(QDir::current().absoluteFilePath(path));
+  while (absolute.size() > 1 && absolute.endsWith('/')) absolute.chop(1);
+  return absolute;
 }
 
 void build(const CloudRequest& request, const Finish& finish) {

@@ -55,8 +55,11 @@ class Builder {
     // Everything is refused before anything is published.
     for (const PackSource& source : sources) catalog.packs.append(packOf(source));
     const std::optional<QByteArray> release = releaseManifest();
-    for (std::size_t i = 0; i < sources.size(); ++i)
-      publish(sources[i], catalog.packs[static_cast<qsizetype>(i)]);
+    for (const PackSource& source : sources) publish(source);
+    // A version is taken once all files are there.
+    for (const UniversalPack& pack : std::as_const(catalog.packs))
+      changed(replaceIfOther(Directory::make(packs_.path("manifests/" + pack.id.toUtf8())),
+                             pack.version.toUtf8() + ".json", manifestOf(pack)));
     // A label that follows from what it labels.
     catalog.revision = hexDigest(catalog.encode()).first(16);
     catalog.previousRevisionSHA256 = previous_.previousRevisionSHA256;
@@ -99,8 +102,11 @@ class Builder {
       (folder.target.isEmpty() ? pack.sharedAssets : pack.variants[folder.target]) = assets;
     }
     pack.manifestSHA256 = hexDigest(manifestOf(pack));
-    if (const auto published = publishedAs(pack)) refuseOtherContents(*published, pack);
-    if (const UniversalPack* before = previousOf(pack.id))
+    const UniversalPack* const before = previousOf(pack.id);
+    auto published = publishedAs(pack);
+    if (!published && before != nullptr && before->version == pack.version) published = *before;
+    if (published) refuseOtherContents(*published, pack);
+    if (before != nullptr)
       pack.rollback = before->version == pack.version
                           ? before->rollback
                           : UniversalPackRollback{before->version, before->manifestSHA256};
@@ -165,7 +171,7 @@ class Builder {
         .encode();
   }
 
-  void publish(const PackSource& source, const UniversalPack& pack) {
+  void publish(const PackSource& source) {
     const QByteArray id = source.id.toUtf8();
     const QByteArray version = source.version.toUtf8();
     for (const PackSourceFolder& folder : source.folders) {
@@ -177,8 +183,6 @@ class Builder {
         result_.bytes += asset.bytes;
       }
     }
-    changed(replaceIfOther(Directory::make(packs_.path("manifests/" + id)), version + ".json",
-                           manifestOf(pack)));
   }
 
   // Copies the file unless it is there; true when it was not.

@@ -33,8 +33,11 @@ FocusScope {
             page.scrollTo(top + cardHeight + spacing - page.height);
         view.forceLayout();
         const card = view.itemAtIndex(target);
-        if (card)
-            card.forceActiveFocus(Qt.TabFocusReason);
+        // A card with several things to press says which.
+        if (card?.takeFocus)
+            card.takeFocus();
+        else
+            card?.forceActiveFocus(Qt.TabFocusReason);
         return true;
     }
 

@@ -6,6 +6,11 @@ namespace orvex {
 
 OrvexBox::OrvexBox(QQuickItem* parent) : QQuickItem(parent) {}
 
+// Its content goes later than its own members do.
+OrvexBox::~OrvexBox() {
+  if (contentItem_) contentItem_->disconnect(this);
+}
+
 void OrvexBox::setContentItem(QQuickItem* item) {
   if (contentItem_ == item) return;
   if (contentItem_) {
@@ -104,6 +109,12 @@ void OrvexControl::focusInEvent(QFocusEvent* event) {
 void OrvexControl::hoverEnterEvent(QHoverEvent* event) {
   OrvexBox::hoverEnterEvent(event);
   setHovered(true);
+}
+
+// What was disabled under the pointer is not entered again when it is enabled.
+void OrvexControl::hoverMoveEvent(QHoverEvent* event) {
+  OrvexBox::hoverMoveEvent(event);
+  setHovered(contains(event->position()));
 }
 
 void OrvexControl::hoverLeaveEvent(QHoverEvent* event) {

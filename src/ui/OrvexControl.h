@@ -43,6 +43,7 @@ class OrvexBox : public QQuickItem {
 
  public:
   explicit OrvexBox(QQuickItem* parent = nullptr);
+  ~OrvexBox() override;
 
   [[nodiscard]] QQuickItem* contentItem() const noexcept { return contentItem_; }
   void setContentItem(QQuickItem* item);
@@ -143,6 +144,7 @@ class OrvexControl : public orvex::OrvexBox {
   void itemChange(ItemChange change, const ItemChangeData& value) override;
   void focusInEvent(QFocusEvent* event) override;
   void hoverEnterEvent(QHoverEvent* event) override;
+  void hoverMoveEvent(QHoverEvent* event) override;
   void hoverLeaveEvent(QHoverEvent* event) override;
 
  private:

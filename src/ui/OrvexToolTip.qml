@@ -32,6 +32,7 @@ T.ToolTip {
         id: words
 
         OrvexText {
+            Accessible.ignored: true
             size: 10
             text: tip.text
             wrapMode: Text.Wrap

@@ -108,6 +108,9 @@ TEST_F(CatalogBuildTest, FollowsOnWhatWasPublishedBefore) {
   EXPECT_THROW(build(tree), CatalogSourceError);
   EXPECT_TRUE(QFile::remove(tree.text("packs/gece/shared/c.cube")));
   EXPECT_TRUE(build(tree).changed);
+  EXPECT_TRUE(QFile::remove(tree.text("public/downloads/orvex/packs/manifests/gece/1.0.0.json")));
+  tree.file("packs/gece/shared/b.cube", "other");
+  EXPECT_THROW(build(tree), CatalogSourceError);
 }
 
 TEST_F(CatalogBuildTest, RefusesWhatNoPanelWouldTakeAndPublishesNothing) {

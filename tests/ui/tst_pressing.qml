@@ -26,6 +26,8 @@ KitCase {
         item.enabled = false;
         item.enabled = true;
         verify(item.visualFocus);
+        mouseMove(item, 3, 3);
+        verify(item.hovered);
         for (const key of [Qt.Key_Space, Qt.Key_Return, Qt.Key_Enter]) {
             clicks.clear();
             keyPress(key);

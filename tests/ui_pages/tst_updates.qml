@@ -88,7 +88,8 @@ PanelCase {
         wait(0);
         keyClick(Qt.Key_Return);
         verify(shows("Pack 1", "INSTALLED") && !card("Pack 1").busy);
-        keyClick(Qt.Key_Tab);
+        keyClick(Qt.Key_Up);
+        keyClick(Qt.Key_Down);
         verify(button("Pack 1", "Kaldır").activeFocus);
     }
 

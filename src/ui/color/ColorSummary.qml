@@ -31,6 +31,7 @@ OrvexPanel {
             spacing: 12
 
             OrvexText {
+                Accessible.ignored: true
                 Layout.fillWidth: true
                 color: OrvexTheme.cyan
                 size: 9

@@ -48,6 +48,7 @@ T.Popup {
         spacing: 14
 
         OrvexText {
+            Accessible.ignored: true
             Layout.fillWidth: true
             maximumLineCount: 3
             size: 16

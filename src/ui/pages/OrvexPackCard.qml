@@ -45,7 +45,8 @@ FocusScope {
     signal touched
 
     function takeFocus(): void {
-        card.focusFirst([install, cancel, uninstall]);
+        if (!card.focusFirst([install, cancel, uninstall]))
+            rest.forceActiveFocus(Qt.TabFocusReason);
     }
 
     // Whether one of them could take it.
@@ -220,6 +221,7 @@ FocusScope {
                     }
 
                     OrvexText {
+                        Accessible.ignored: !card.busy
                         Layout.fillWidth: true
                         color: OrvexTheme.muted
                         size: 9
