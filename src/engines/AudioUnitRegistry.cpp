@@ -18,19 +18,19 @@ void AudioUnitRegistry::refresh() {
   background_.run(
       [components = components_, gate = firstReading_](const WorkControl& control) {
         awaitFirstReading(gate, control.stop);
-        Inventory found{listAudioUnits(*components, control.stop)};
+        Inventory<AudioUnitItem> found{listAudioUnits(*components, control.stop)};
         for (const AudioUnitItem& item : found.items)
           found.search.add({item.name, item.manufacturer});
         return found;
       },
       // Without memory for the list there is none.
-      [this](std::expected<Inventory, std::exception_ptr> found) {
-        publish(found ? std::move(*found) : Inventory());
+      [this](std::expected<Inventory<AudioUnitItem>, std::exception_ptr> found) {
+        publish(found ? std::move(*found) : Inventory<AudioUnitItem>());
       });
   Q_EMIT refreshingChanged();
 }
 
-void AudioUnitRegistry::publish(Inventory found) {
+void AudioUnitRegistry::publish(Inventory<AudioUnitItem> found) {
   inventory_ = std::move(found);
   lastRefresh_ = QDateTime::currentDateTimeUtc();
   Q_EMIT changed();

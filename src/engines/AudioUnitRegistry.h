@@ -1,10 +1,10 @@
 #pragma once
 
 #include "base/Background.h"
-#include "base/SearchIndex.h"
 #include "engines/AudioUnitList.h"
 #include "engines/EngineRegistry.h"
 #include "engines/FirstReading.h"
+#include "engines/Inventory.h"
 
 #include <QDateTime>
 
@@ -53,16 +53,11 @@ class AudioUnitRegistry : public orvex::EngineRegistry {
   void refreshingChanged();
 
  private:
-  struct Inventory {
-    QList<AudioUnitItem> items{};
-    SearchIndex search = SearchIndex();
-  };
-
-  void publish(Inventory found);
+  void publish(Inventory<AudioUnitItem> found);
 
   const std::shared_ptr<AudioComponents> components_;
   const FirstReading firstReading_;
-  Inventory inventory_;
+  Inventory<AudioUnitItem> inventory_;
   QDateTime lastRefresh_ = QDateTime::currentDateTimeUtc();
   Background background_;
 };

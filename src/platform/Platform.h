@@ -27,7 +27,7 @@ class Platform {
   [[nodiscard]] virtual FolderAccess& folderAccess() = 0;
   /// Lends the toolkit's folder dialog, used where the desktop has none of its own; null takes it
   /// back.
-  virtual void setFolderChooser(FolderChooser* chooser) = 0;
+  virtual void setFallbackChooser(FolderChooser* chooser) = 0;
 
   /// The user's desktop is set to show no animations.
   [[nodiscard]] virtual bool prefersReducedMotion() = 0;

@@ -66,7 +66,7 @@ PanelRuntime::PanelRuntime(const PanelOptions& options)
   fonts_.wait();
   openFonts();
   if (platform_->prefersReducedMotion()) OrvexMotion::setReduced(true);
-  platform_->setFolderChooser(folderChooser_.get());
+  platform_->setFallbackChooser(folderChooser_.get());
   using Controller = VantreloOrvexFinalCutExtensionViewController;
   controller_ = std::make_unique<Controller>(Controller::Environment{
       *hostRuntime_, platform_->workspace(), platform_->notifications(), platform_->log(),
@@ -82,7 +82,7 @@ PanelRuntime::PanelRuntime(const PanelOptions& options)
 }
 
 PanelRuntime::~PanelRuntime() {
-  platform_->setFolderChooser(nullptr);
+  platform_->setFallbackChooser(nullptr);
 }
 
 BuiltInHost* PanelRuntime::builtInHost() const {

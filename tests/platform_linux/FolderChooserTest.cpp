@@ -72,7 +72,7 @@ struct Toolkit final : FolderChooser {
 };
 
 struct FolderChoosing : PrivateSession {
-  FolderChoosing() { platform_->setFolderChooser(&toolkit_); }
+  FolderChoosing() { platform_->setFallbackChooser(&toolkit_); }
   void choose() {
     platform_->folderAccess().chooseFolder(
         u"LUT klasörünü seç"_qs, u"Seç"_qs, [this](const std::optional<QUrl>& url) {

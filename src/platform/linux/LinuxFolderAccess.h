@@ -12,8 +12,8 @@ class LinuxFolderAccess final : public FolderAccess {
   /// Both outlive this.
   LinuxFolderAccess(SessionBus& bus, SystemLog& log) : chooser_(bus, log) {}
 
-  /// See `PortalChooser::setFallback`.
-  void setFallbackChooser(FolderChooser* chooser) { chooser_.setFallback(chooser); }
+  /// See `PortalChooser::setFallbackChooser`.
+  void setFallbackChooser(FolderChooser* chooser) { chooser_.setFallbackChooser(chooser); }
 
   void chooseFolder(const QString& title, const QString& prompt,
                     std::function<void(std::optional<QUrl>)> chosen) override;

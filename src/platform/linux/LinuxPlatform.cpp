@@ -23,7 +23,7 @@ class LinuxPlatform final : public Platform {
   [[nodiscard]] SystemLog& log() override { return *log_; }
   [[nodiscard]] SchemeHandler& schemeHandler() override { return schemeHandler_; }
   [[nodiscard]] FolderAccess& folderAccess() override { return folderAccess_; }
-  void setFolderChooser(FolderChooser* chooser) override {
+  void setFallbackChooser(FolderChooser* chooser) override {
     folderAccess_.setFallbackChooser(chooser);
   }
   [[nodiscard]] std::shared_ptr<AudioComponents> audioComponents() override {

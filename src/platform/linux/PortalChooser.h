@@ -18,7 +18,7 @@ class PortalChooser final : public FolderChooser {
   PortalChooser(SessionBus& bus, SystemLog& log) : bus_(bus), log_(log) {}
 
   /// Used where no portal can be asked; null for none. Outlives this, or is taken back.
-  void setFallback(FolderChooser* fallback) { fallback_ = fallback; }
+  void setFallbackChooser(FolderChooser* fallback) { fallback_ = fallback; }
 
   void choose(const QString& title, const QString& prompt, Chosen chosen) override;
 

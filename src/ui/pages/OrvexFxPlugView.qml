@@ -10,7 +10,7 @@ LibraryPage {
 
     required property FxPlugRegistry registry
 
-    signal revealFile(file: url)
+    signal reveal(file: url)
 
     accessMessage: "Örn. /Library/Plug-Ins/FxPlug veya ~/Library/Plug-Ins/FxPlug klasörünü seçebilirsin."
     accessTitle: "FxPlug klasörüne erişim gerekli"
@@ -47,7 +47,7 @@ LibraryPage {
         title: name
         width: page.cardWidth
 
-        onClicked: page.revealFile(fileURL)
+        onClicked: page.reveal(fileURL)
         onTouched: page.select(index)
     }
 }

@@ -15,7 +15,7 @@ LibraryPage {
     readonly property var kindNames: ["Tümü", "Effects", "Generators", "Titles", "Transitions"]
     readonly property var kindIcons: ["wand.and.stars", "square.3.layers.3d", "textformat", "rectangle.split.2x1"]
 
-    signal revealFile(file: url)
+    signal reveal(file: url)
 
     accessMessage: "Sandbox nedeniyle klasörü bir kez seç. Vantrelo Orvex güvenlik kapsamlı bookmark ile sonraki açılışlarda erişimi geri yükler."
     accessTitle: "Motion Templates erişimi gerekli"
@@ -67,7 +67,7 @@ LibraryPage {
         title: name
         width: page.cardWidth
 
-        onClicked: page.revealFile(fileURL)
+        onClicked: page.reveal(fileURL)
         onTouched: page.select(index)
     }
 }

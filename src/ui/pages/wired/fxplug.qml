@@ -8,5 +8,5 @@ OrvexFxPlugView {
 
     registry: page.view.fxplug
     onRefused: reason => page.view.state.showToast(reason, OrvexToast.Error, 5.0)
-    onRevealFile: file => page.view.desktop.reveal(file)
+    onReveal: file => page.view.desktop.reveal(file)
 }

@@ -8,5 +8,5 @@ OrvexMotionView {
 
     registry: page.view.motion
     onRefused: reason => page.view.state.showToast(reason, OrvexToast.Error, 5.0)
-    onRevealFile: file => page.view.desktop.reveal(file)
+    onReveal: file => page.view.desktop.reveal(file)
 }

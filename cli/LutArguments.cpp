@@ -1,4 +1,4 @@
-#include "LutRequest.h"
+#include "LutArguments.h"
 
 #include "Arguments.h"
 
@@ -15,19 +15,19 @@ QByteArray absolute(const QString& path) {
 
 }  // namespace
 
-QString LutRequest::usage() {
+QString LutArguments::usage() {
   return QStringLiteral(
       "prepare SOURCE --root DIR [--library DIR] [--json] | apply SOURCE --root DIR [--json]");
 }
 
-std::expected<LutRequest, QString> LutRequest::parse(const QStringList& arguments) {
+std::expected<LutArguments, QString> LutArguments::parse(const QStringList& arguments) {
   const auto refused = [](const QString& reason) {
     return wrongUsage(QStringLiteral("lut"), usage(), reason);
   };
   const auto given =
       Arguments::split(arguments, {QStringLiteral("--root"), QStringLiteral("--library")});
   if (!given) return refused(given.error());
-  LutRequest request{.json = given->json};
+  LutArguments request{.json = given->json};
   const QStringList& words = given->words;
   const QString root = given->values.value(QStringLiteral("--root"));
   const QString library = given->values.value(QStringLiteral("--library"));
