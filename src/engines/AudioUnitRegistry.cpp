@@ -3,6 +3,7 @@
 #include "platform/AudioComponents.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace orvex {
 
@@ -16,8 +17,8 @@ AudioUnitRegistry::AudioUnitRegistry(std::shared_ptr<AudioComponents> components
 
 void AudioUnitRegistry::refresh() {
   background_.run(
-      [components = components_, gate = firstReading_](const WorkControl& control) {
-        awaitFirstReading(gate, control.stop);
+      [components = components_, gate = firstReading_](const WorkControl& control) mutable {
+        awaitFirstReading(std::exchange(gate, nullptr), control.stop);
         Inventory<AudioUnitItem> found{listAudioUnits(*components, control.stop)};
         for (const AudioUnitItem& item : found.items)
           found.search.add({item.name, item.manufacturer});
