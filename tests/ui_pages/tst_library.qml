@@ -130,6 +130,8 @@ PanelCase {
         keyClick(Qt.Key_Return);
         for (const text of ["Yankı", "1265988199 · Kurg", "7 · 0x00000007", "Geçti", "Güvenli değil"])
             verify(OrvexClipboard.text.includes(text), OrvexClipboard.text);
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => cards()[0].visualFocus, 5000, "the keyboard goes on where it was");
     }
 
     function test_bundles() {

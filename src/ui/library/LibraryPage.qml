@@ -57,6 +57,11 @@ OrvexScrollPage {
         grid.currentIndex = index;
     }
 
+    /// Leads the keyboard to the card that was last used.
+    function focusCard(): void {
+        grid.move(0);
+    }
+
     function drop(folder: url): void {
         const reason = page.folder.useFolder(folder);
         if (reason)

@@ -84,6 +84,8 @@ LibraryPage {
         // The panel may be smaller than the window.
         parent: page
 
+        // What had the focus before does not get it back.
+        onClosed: page.focusCard()
         onCopied: page.copied()
     }
 }
