@@ -1,5 +1,8 @@
 #include "Arguments.h"
 
+#include <QDir>
+#include <QFile>
+
 namespace orvex {
 
 std::expected<Arguments, QString> Arguments::split(const QStringList& arguments,
@@ -23,6 +26,12 @@ std::expected<Arguments, QString> Arguments::split(const QStringList& arguments,
     }
   }
   return split;
+}
+
+QByteArray absolutePath(const QString& path) {
+  QByteArray absolute = QFile::encodeName(QDir::current().absoluteFilePath(path));
+  while (absolute.size() > 1 && absolute.endsWith('/')) absolute.chop(1);
+  return absolute;
 }
 
 std::unexpected<QString> wrongUsage(const QString& command, const QString& usage,

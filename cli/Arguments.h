@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QMap>
 #include <QStringList>
 
@@ -20,6 +21,10 @@ struct Arguments {
   [[nodiscard]] static std::expected<Arguments, QString> split(const QStringList& arguments,
                                                                const QStringList& valued = {});
 };
+
+/// The path that was written, from the top of the file system, raw bytes. Links stay, and what ".."
+/// leads to is left to the system; slashes at its end go.
+[[nodiscard]] QByteArray absolutePath(const QString& path);
 
 /// The error of a command that was called wrongly: `reason`, then what can be written.
 [[nodiscard]] std::unexpected<QString> wrongUsage(const QString& command, const QString& usage,

@@ -1,5 +1,6 @@
 #include "CloudCommand.h"
 
+#include "Arguments.h"
 #include "CloudRequest.h"
 #include "Interrupt.h"
 #include "Output.h"
@@ -11,7 +12,6 @@
 #include "cloud/RequestStore.h"
 #include "shell/OrvexConfig.h"
 
-#include <QDir>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -27,13 +27,6 @@ namespace {
 
 // What the server keeps to itself: requests and the key of its authority.
 constexpr auto kPrivate = "private";
-
-QByteArray absolutePath(const QString& path) {
-  // Otherwise not cleaned: what ".." behind a link leads to is for the system to say.
-  QByteArray absolute = QFile::encodeName(QDir::current().absoluteFilePath(path));
-  while (absolute.size() > 1 && absolute.endsWith('/')) absolute.chop(1);
-  return absolute;
-}
 
 void build(const CloudRequest& request, const Finish& finish) {
   const QString base =

@@ -14,7 +14,7 @@ namespace orvex {
 namespace {
 
 // As the system names the folder; one that cannot be asked for is named as it was written.
-QByteArray absolutePath(const QByteArray& path) {
+QByteArray canonicalPath(const QByteArray& path) {
   const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.constData(), nullptr),
                                                          &std::free);
   if (real) return real.get();
@@ -36,7 +36,7 @@ std::expected<InventoryRequest, QString> InventoryRequest::parse(const QString& 
   if (words.isEmpty() || words[0].isEmpty())
     return refused(QStringLiteral("Hangi klasörün listeleneceğini yaz."));
   if (words.size() > 1) return refused(QStringLiteral("\"%1\" fazla.").arg(words[1]));
-  return InventoryRequest{absolutePath(QFile::encodeName(words[0])), given->json};
+  return InventoryRequest{canonicalPath(QFile::encodeName(words[0])), given->json};
 }
 
 // What the panel would show as an empty library needs a reason here: nobody chose the folder in a

@@ -1,6 +1,6 @@
 #include "LutCommand.h"
 
-#include "LutArguments.h"
+#include "LutRequest.h"
 #include "NoLog.h"
 #include "Output.h"
 #include "base/Bundle.h"
@@ -16,7 +16,7 @@
 namespace orvex {
 namespace {
 
-ExitCode prepare(const LutArguments& request) {
+ExitCode prepare(const LutRequest& request) {
   try {
     const QUrl copy = CloudLUTPreparation::prepare(
         fileUrl(request.source), fileUrl(request.root),
@@ -35,7 +35,7 @@ ExitCode prepare(const LutArguments& request) {
 // One run of the bridge.
 class LutSession final : public QObject {
  public:
-  LutSession(const LutArguments& request, Finish finish, QObject& owner)
+  LutSession(const LutRequest& request, Finish finish, QObject& owner)
       : QObject(&owner),
         json_(request.json),
         finish_(std::move(finish)),
@@ -72,19 +72,19 @@ class LutSession final : public QObject {
 };
 
 void runLut(const QStringList& arguments, QObject& owner, const Finish& finish) {
-  const auto request = LutArguments::parse(arguments);
+  const auto request = LutRequest::parse(arguments);
   if (!request) {
     printError(request.error());
     return finish(WrongUsage);
   }
-  if (request->verb == LutArguments::Verb::Prepare) return finish(prepare(*request));
+  if (request->verb == LutRequest::Verb::Prepare) return finish(prepare(*request));
   new LutSession(*request, finish, owner);
 }
 
 }  // namespace
 
 Command lutCommand() {
-  return {QStringLiteral("lut"), LutArguments::usage(),
+  return {QStringLiteral("lut"), LutRequest::usage(),
           QStringLiteral("LUT'un yönetilen kopyasını hazırlar; LUT'u kullanımdaki hosta uygular"),
           &runLut};
 }

@@ -38,7 +38,7 @@ std::unexpected<QString> refused(const QByteArray& name, const QString& reason) 
 LUTRequests::LUTRequests(const Directory& library)
     : library_(library), requests_(ManagedLibrary::requests(library)) {}
 
-std::optional<std::expected<LUTRequest, QString>> LUTRequests::take() const {
+std::optional<std::expected<PendingLUT, QString>> LUTRequests::take() const {
   for (const QByteArray& name : requests_.names()) {
     if (!ManagedLibrary::isRequestName(name)) continue;
     std::optional<QByteArray> bytes;
@@ -61,7 +61,7 @@ std::optional<std::expected<LUTRequest, QString>> LUTRequests::take() const {
   return std::nullopt;
 }
 
-std::expected<LUTRequest, QString> LUTRequests::decode(const QByteArray& bytes) const {
+std::expected<PendingLUT, QString> LUTRequests::decode(const QByteArray& bytes) const {
   const auto list = PropertyList::parse(bytes);
   if (!list) return std::unexpected(QStringLiteral("property list değil ya da bozuk."));
   const QVariantMap fields = list->toMap();
@@ -73,10 +73,10 @@ std::expected<LUTRequest, QString> LUTRequests::decode(const QByteArray& bytes) 
   const QByteArray replyName = replyPath.sliced(replyPath.lastIndexOf('/') + 1);
   if (replyPath != library_.path(replyName) || !ManagedLibrary::isReplyName(replyName))
     return std::unexpected(QStringLiteral("cevabı LUT kitaplığında bir yere yazılmıyor."));
-  return LUTRequest{path.toString().toUtf8(), replyName};
+  return PendingLUT{path.toString().toUtf8(), replyName};
 }
 
-void LUTRequests::reply(const LUTRequest& request,
+void LUTRequests::reply(const PendingLUT& request,
                         const std::expected<QString, QString>& outcome) const {
   // A title from elsewhere can hold what no property list can, and go on for ever.
   const QString sentence = (outcome ? *outcome : outcome.error()).left(kMaximumMessage);

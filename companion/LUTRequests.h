@@ -10,7 +10,7 @@
 namespace orvex {
 
 /// A request to apply a LUT that this process alone has taken.
-struct LUTRequest {
+struct PendingLUT {
   /// Of the managed copy; raw bytes, as the panel wrote it.
   QByteArray path;
   /// In the library.
@@ -26,13 +26,13 @@ class LUTRequests {
 
   /// Takes a request: of all processes that ask for it, one gets it. Nothing when none is left. The
   /// error, in Turkish, says why something that was left could not be understood; it is gone then.
-  [[nodiscard]] std::optional<std::expected<LUTRequest, QString>> take() const;
+  [[nodiscard]] std::optional<std::expected<PendingLUT, QString>> take() const;
 
   /// Answers a request with a sentence in Turkish; whoever looks for the reply finds it whole.
-  void reply(const LUTRequest& request, const std::expected<QString, QString>& outcome) const;
+  void reply(const PendingLUT& request, const std::expected<QString, QString>& outcome) const;
 
  private:
-  [[nodiscard]] std::expected<LUTRequest, QString> decode(const QByteArray& bytes) const;
+  [[nodiscard]] std::expected<PendingLUT, QString> decode(const QByteArray& bytes) const;
 
   const Directory& library_;
   Directory requests_;

@@ -102,7 +102,7 @@ class Serving {
   }
 
  private:
-  void serve(const LUTRequest& request) {
+  void serve(const PendingLUT& request) {
     const auto done = [this, request](const std::expected<QString, QString>& outcome) {
       log(outcome ? *outcome : outcome.error());
       try {

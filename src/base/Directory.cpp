@@ -44,13 +44,18 @@ Directory Directory::make(const QByteArray& path) {
   } catch (const FileError& error) {
     const qsizetype slash = path.lastIndexOf('/');
     if (error.code() != ENOENT || slash < 0) throw;
-    const Directory parent = make(slash == 0 ? QByteArray("/") : path.first(slash));
+    const Directory parent = makeAbove(path);
     // Somebody else may have been faster.
     if (::mkdirat(parent.descriptor(), path.constData() + slash + 1, 0777) != 0 && errno != EEXIST)
       throw failure(QStringLiteral("oluşturulamadı"), path);
     parent.sync();
     return open(path);
   }
+}
+
+Directory Directory::makeAbove(const QByteArray& path) {
+  const qsizetype slash = path.lastIndexOf('/');
+  return make(slash == 0 ? QByteArray("/") : path.first(slash));
 }
 
 QList<QByteArray> Directory::names() const {

@@ -18,6 +18,8 @@ class Directory {
   [[nodiscard]] static Directory open(const QByteArray& path);
   /// The same; the folder and those above it are made where they are missing, durably.
   [[nodiscard]] static Directory make(const QByteArray& path);
+  /// The folder that `path`, which holds a slash, lies or would lie in, made like that.
+  [[nodiscard]] static Directory makeAbove(const QByteArray& path);
 
   [[nodiscard]] const QByteArray& path() const noexcept { return path_; }
   [[nodiscard]] QByteArray path(const QByteArray& name) const { return path_ + '/' + name; }

@@ -59,11 +59,10 @@ void replaceDurably(const Directory& folder, const QByteArray& name, QByteArrayV
 
 bool replaceFile(const QByteArray& path, QByteArrayView bytes) {
   try {
-    const qsizetype slash = path.lastIndexOf('/');
-    const Directory folder = Directory::make(slash == 0 ? QByteArray("/") : path.first(slash));
+    const Directory folder = Directory::makeAbove(path);
     NewFile file(folder);
     file.write(bytes);
-    file.moveTo(path.sliced(slash + 1));
+    file.moveTo(path.sliced(path.lastIndexOf('/') + 1));
     return true;
   } catch (const FileError&) {
     return false;

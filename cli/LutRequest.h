@@ -8,7 +8,7 @@
 namespace orvex {
 
 /// What `orvex lut` is asked to do. Absolute paths, raw bytes.
-struct LutArguments {
+struct LutRequest {
   enum class Verb { Prepare, Apply };
 
   Verb verb = Verb::Prepare;
@@ -19,11 +19,11 @@ struct LutArguments {
   bool json = false;
 
   /// Reads the arguments after "lut"; the error, in Turkish, says what can be written.
-  [[nodiscard]] static std::expected<LutArguments, QString> parse(const QStringList& arguments);
+  [[nodiscard]] static std::expected<LutRequest, QString> parse(const QStringList& arguments);
   /// What `parse` reads.
   [[nodiscard]] static QString usage();
 
-  friend bool operator==(const LutArguments&, const LutArguments&) = default;
+  friend bool operator==(const LutRequest&, const LutRequest&) = default;
 };
 
 }  // namespace orvex

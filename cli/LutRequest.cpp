@@ -1,33 +1,22 @@
-#include "LutArguments.h"
+#include "LutRequest.h"
 
 #include "Arguments.h"
 
-#include <QDir>
-#include <QFile>
-
 namespace orvex {
-namespace {
 
-// Links are kept: what a path leads to is looked at by whoever uses it.
-QByteArray absolute(const QString& path) {
-  return QFile::encodeName(QDir::current().absoluteFilePath(path));
-}
-
-}  // namespace
-
-QString LutArguments::usage() {
+QString LutRequest::usage() {
   return QStringLiteral(
       "prepare SOURCE --root DIR [--library DIR] [--json] | apply SOURCE --root DIR [--json]");
 }
 
-std::expected<LutArguments, QString> LutArguments::parse(const QStringList& arguments) {
+std::expected<LutRequest, QString> LutRequest::parse(const QStringList& arguments) {
   const auto refused = [](const QString& reason) {
     return wrongUsage(QStringLiteral("lut"), usage(), reason);
   };
   const auto given =
       Arguments::split(arguments, {QStringLiteral("--root"), QStringLiteral("--library")});
   if (!given) return refused(given.error());
-  LutArguments request{.json = given->json};
+  LutRequest request{.json = given->json};
   const QStringList& words = given->words;
   const QString root = given->values.value(QStringLiteral("--root"));
   const QString library = given->values.value(QStringLiteral("--library"));
@@ -43,9 +32,9 @@ std::expected<LutArguments, QString> LutArguments::parse(const QStringList& argu
     return refused(QStringLiteral("--root ile LUT'un içinde olması gereken klasörü yaz."));
   if (request.verb == Verb::Apply && !library.isEmpty())
     return refused(QStringLiteral("--library yalnız \"prepare\" ile yazılır."));
-  request.source = absolute(words[1]);
-  request.root = absolute(root);
-  if (!library.isEmpty()) request.library = absolute(library);
+  request.source = absolutePath(words[1]);
+  request.root = absolutePath(root);
+  if (!library.isEmpty()) request.library = absolutePath(library);
   return request;
 }
 
