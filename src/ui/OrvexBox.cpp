@@ -1,6 +1,7 @@
 #include "ui/OrvexBox.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace orvex {
 
