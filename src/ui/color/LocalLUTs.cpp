@@ -24,7 +24,7 @@ LUTCatalog::Entry LocalLUTs::entry(qsizetype position) const {
   const LUTItem& item = registry_->items().at(position);
   const QString caption =
       item.title ? *item.title + QStringLiteral(" • ") + item.dimension : item.dimension;
-  return {item.name, caption, item.fileURL(), registry_->rootURL().value_or(QUrl())};
+  return {item.name(), caption, item.fileURL(), registry_->rootURL().value_or(QUrl())};
 }
 
 }  // namespace orvex
