@@ -20,7 +20,9 @@ FocusScope {
 
     readonly property int columns: Math.max(1, Math.floor((width + spacing) / (minimumWidth + spacing)))
     readonly property real pitch: cardHeight + spacing
-    readonly property real cardWidth: view.cellWidth - spacing
+    // A cell has its spacing to the right.
+    readonly property real columnPitch: Math.floor((width + spacing) / columns)
+    readonly property real cardWidth: columnPitch - spacing
 
     function move(step: int): bool {
         const target = currentIndex + step;
@@ -31,8 +33,7 @@ FocusScope {
             page.scrollTo(top - spacing);
         else if (top + cardHeight > page.contentY + page.height)
             page.scrollTo(top + cardHeight + spacing - page.height);
-        view.forceLayout();
-        const card = view.itemAtIndex(target);
+        const card = view.cardAt(target);
         // A card with several things to press says which.
         if (card?.takeFocus)
             card.takeFocus();
@@ -63,24 +64,14 @@ FocusScope {
             event.accepted = true;
     }
 
-    GridView {
+    OrvexCardView {
         id: view
 
-        // As high as the page and moved along with it, showing what would be there.
-        readonly property real offset: Math.max(0, Math.min(grid.page.contentY - grid.page.padding - grid.y, grid.height - height))
-
-        cacheBuffer: Math.ceil(grid.pitch)
-        cellHeight: grid.pitch
-        cellWidth: Math.floor((grid.width + grid.spacing) / grid.columns)
-        contentY: offset
-        currentIndex: -1
-        focus: true
-        height: Math.min(grid.height + grid.spacing, grid.page.height)
-        interactive: false
-        keyNavigationEnabled: false
-        reuseItems: true
-        // A cell has its spacing to the right.
-        width: grid.width + grid.spacing
-        y: offset
+        anchors.fill: parent
+        columnPitch: grid.columnPitch
+        columns: grid.columns
+        rowPitch: grid.pitch
+        shownHeight: grid.page.height
+        shownTop: grid.page.contentY - grid.page.padding - grid.y
     }
 }

@@ -16,7 +16,7 @@ PanelCase {
     }
 
     function cards() {
-        return allItems(panel, item => item.revealDescription !== undefined && item.index >= 0);
+        return allItems(panel, item => item.revealDescription !== undefined && item.index >= 0 && item.visible);
     }
     function card(name) {
         return cards().find(item => item.name === name);

@@ -15,7 +15,7 @@ PanelCase {
 
     // Without those that are about to be deleted.
     function cards() {
-        return allItems(named(panel, "items"), item => item.takeFocus !== undefined && item.visible && item.index >= 0);
+        return allItems(named(panel, "items"), item => item.takeFocus !== undefined && item.visible);
     }
     function titles() {
         waitForRendering(panel);

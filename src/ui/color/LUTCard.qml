@@ -82,8 +82,6 @@ FocusScope {
                     previews: card.previews
                     radius: OrvexTheme.buttonRadius
                     split: card.keyHeld ? 1 : compare.split
-                    // A card that the view keeps for later stands for no LUT.
-                    visible: card.index >= 0
 
                     Behavior on opacity {
                         enabled: card.OrvexMotion.animated

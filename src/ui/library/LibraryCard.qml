@@ -32,9 +32,6 @@ OrvexPressable {
     // What has the focus must not lose its place in the order of the Tab key.
     activeFocusOnTab: card.current || card.activeFocus
     padding: 12
-    // A view that keeps a card for later only stops drawing it.
-    GridView.onPooled: card.visible = false
-    GridView.onReused: card.visible = true
     onActiveFocusChanged: if (card.activeFocus)
         card.touched()
 
