@@ -49,10 +49,12 @@ class OpenDialog final : public QObject {
     std::exchange(chosen_, nullptr)(folder);
   }
 
-  // What the toolkit does not do; it comes after what it does when the dialog has closed.
+  // What the toolkit does not do; it comes after what it does when the dialog has closed. The
+  // button can be hidden by then, as there is a folder now: the Tab key goes on from its place all
+  // the same.
   void giveFocusBack() {
-    if (!focused_ || !focused_->isVisible()) return;
-    focused_->forceActiveFocus(ringShown_ ? Qt::TabFocusReason : Qt::PopupFocusReason);
+    if (focused_)
+      focused_->forceActiveFocus(ringShown_ ? Qt::TabFocusReason : Qt::PopupFocusReason);
   }
 
   QObject* const dialog_;
