@@ -20,6 +20,7 @@
 #include "ui/color/ColorServices.h"
 
 #include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QQuickItem>
 
 #include <cmath>
@@ -35,7 +36,7 @@ void openFonts() {
     font.setPixelSize(pixels);
     std::ignore = QFontMetricsF(font).horizontalAdvance(character);
   };
-  const QString texts = QStringLiteral("Inter");
+  const QString texts = QGuiApplication::font().family();
   for (const int pixels : {7, 8, 9, 10}) open(texts, pixels, QFont::Black, u'A');
   for (const int pixels : {10, 12}) open(texts, pixels, QFont::Bold, u'A');
   for (const int pixels : {9, 16}) open(texts, pixels, QFont::Normal, u'A');

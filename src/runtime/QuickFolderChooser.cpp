@@ -2,8 +2,10 @@
 
 #include "platform/SystemLog.h"
 
+#include <QPointer>
 #include <QQmlComponent>
 #include <QQmlEngine>
+#include <QQuickItem>
 #include <QQuickWindow>
 
 namespace orvex {
@@ -15,8 +17,12 @@ class OpenDialog final : public QObject {
   Q_OBJECT
 
  public:
-  OpenDialog(QObject* dialog, FolderChooser::Chosen chosen, QObject* parent)
-      : QObject(parent), dialog_(dialog), chosen_(std::move(chosen)) {
+  OpenDialog(QObject* dialog, QQuickItem* focused, FolderChooser::Chosen chosen, QObject* parent)
+      : QObject(parent),
+        dialog_(dialog),
+        focused_(focused),
+        ringShown_(focused != nullptr && focused->property("visualFocus").toBool()),
+        chosen_(std::move(chosen)) {
     dialog->setParent(this);
     connect(dialog, SIGNAL(accepted()), this, SLOT(accepted()));
     connect(dialog, SIGNAL(rejected()), this, SLOT(rejected()));
@@ -38,11 +44,23 @@ class OpenDialog final : public QObject {
  private:
   void end(const std::optional<QUrl>& folder) {
     if (!chosen_) return;
+    QMetaObject::invokeMethod(this, &OpenDialog::giveFocusBack, Qt::QueuedConnection);
     deleteLater();
     std::exchange(chosen_, nullptr)(folder);
   }
 
+  // What the toolkit does not do; it comes after what it does when the dialog has closed. The
+  // button can be hidden by then, as there is a folder now: the Tab key goes on from its place all
+  // the same.
+  void giveFocusBack() {
+    if (focused_)
+      focused_->forceActiveFocus(ringShown_ ? Qt::TabFocusReason : Qt::PopupFocusReason);
+  }
+
   QObject* const dialog_;
+  // What had the focus, and whether a ring said so.
+  const QPointer<QQuickItem> focused_;
+  const bool ringShown_;
   FolderChooser::Chosen chosen_;
 };
 
@@ -54,9 +72,10 @@ void QuickFolderChooser::choose(const QString& title, const QString& prompt, Cho
   QObject* dialog = component.createWithInitialProperties(
       {{QStringLiteral("title"), title},
        {QStringLiteral("acceptLabel"), prompt},
+       {QStringLiteral("rejectLabel"), QStringLiteral("İptal")},
        {QStringLiteral("parentWindow"), QVariant::fromValue<QWindow*>(&window_)}});
   if (dialog != nullptr) {
-    new OpenDialog(dialog, std::move(chosen), &dialogs_);
+    new OpenDialog(dialog, window_.activeFocusItem(), std::move(chosen), &dialogs_);
     return;
   }
   log_.line(QStringLiteral("[Vantrelo Orvex] no folder dialog: %1").arg(component.errorString()));

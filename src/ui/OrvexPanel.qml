@@ -11,10 +11,7 @@ OrvexPane {
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
 
-    background: OrvexSurface {
-        endColor: OrvexTheme.fade(OrvexTheme.panel, 0.96)
-        outlineColor: panel.glow ? OrvexTheme.borderBlue : OrvexTheme.border
-        radius: OrvexTheme.panelRadius
-        startColor: OrvexTheme.fade(OrvexTheme.panelStrong, 0.95)
+    background: OrvexPanelSurface {
+        glow: panel.glow
     }
 }

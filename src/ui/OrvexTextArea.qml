@@ -29,11 +29,10 @@ Item {
         font: edit.font
     }
 
-    Rectangle {
+    OrvexFieldGround {
         anchors.fill: parent
-        border.color: edit.activeFocus ? OrvexTheme.fade(OrvexTheme.cyan, 0.6) : OrvexTheme.fade(OrvexTheme.text, edit.hovered ? 0.18 : 0.1)
-        color: Qt.rgba(0, 0, 0, 0.18)
-        radius: 10
+        focused: edit.activeFocus
+        hovered: edit.hovered
     }
 
     Flickable {

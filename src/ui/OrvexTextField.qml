@@ -25,10 +25,9 @@ T.TextField {
     topPadding: 9
     verticalAlignment: TextInput.AlignVCenter
 
-    background: Rectangle {
-        border.color: field.activeFocus ? OrvexTheme.fade(OrvexTheme.cyan, 0.6) : OrvexTheme.fade(OrvexTheme.text, field.hovered ? 0.18 : 0.1)
-        color: Qt.rgba(0, 0, 0, 0.18)
-        radius: 10
+    background: OrvexFieldGround {
+        focused: field.activeFocus
+        hovered: field.hovered
     }
 
     OrvexText {

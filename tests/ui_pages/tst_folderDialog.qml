@@ -20,9 +20,12 @@ PanelCase {
         mouseClick(opened());
         tryVerify(() => objects.answers.length === 1);
         verify(/^\/.*[^\/]$/.test(objects.answers[0]), objects.answers[0]);
+        test.forceActiveFocus();
         opened();
+        verify(!test.activeFocus);
         keyClick(Qt.Key_Escape);
         tryVerify(() => objects.answers.length === 2);
+        tryVerify(() => test.activeFocus);
         compare(objects.answers[1], "nothing");
         opened();
         objects.dropChooser();

@@ -96,6 +96,10 @@ PanelCase {
         compare(objects.state.activePage.id, "request");
         keyClick(Qt.Key_2, Qt.ControlModifier);
         compare(objects.state.activePage.id, "timeline");
+        keyClick(Qt.Key_3, Qt.ControlModifier);
+        waitForRendering(panel);
+        keyClick(Qt.Key_PageDown);
+        verify(page().contentY > 0, "the page gets what the navigation does not take");
         keyClick(Qt.Key_4, Qt.ControlModifier);
         named(page(), "kind").popup.open();
         keyClick(Qt.Key_2, Qt.ControlModifier);

@@ -36,6 +36,7 @@ class BuiltInHost : public QObject, public FCPXHost, private FCPXTimeline {
   Q_PROPERTY(QString sequenceName READ sequenceName CONSTANT FINAL)
   Q_PROPERTY(QStringList frameRates READ frameRates CONSTANT FINAL)
   Q_PROPERTY(QString frameRate READ frameRate WRITE setFrameRate NOTIFY frameRateChanged FINAL)
+  Q_PROPERTY(double frameDurationSeconds READ frameDurationSeconds NOTIFY frameRateChanged FINAL)
   Q_PROPERTY(double durationSeconds READ durationSeconds NOTIFY frameRateChanged FINAL)
   Q_PROPERTY(double playheadSeconds READ playheadSeconds NOTIFY playheadChanged FINAL)
   Q_PROPERTY(bool playing READ playing WRITE setPlaying NOTIFY playingChanged FINAL)
@@ -61,6 +62,7 @@ class BuiltInHost : public QObject, public FCPXHost, private FCPXTimeline {
   /// Takes one of `frameRates`, ignores anything else. Playhead and speed points move to the
   /// nearest frames.
   void setFrameRate(const QString& rate);
+  [[nodiscard]] double frameDurationSeconds() const { return rate_.frameDuration().seconds(); }
   [[nodiscard]] double durationSeconds() const;
   [[nodiscard]] double playheadSeconds() const { return playheadTime().seconds(); }
   [[nodiscard]] bool playing() const noexcept { return playing_; }

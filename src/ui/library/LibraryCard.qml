@@ -39,12 +39,9 @@ OrvexPressable {
         hovering: hover.hovered
         pressed: card.pressed
 
-        OrvexSurface {
+        OrvexPanelSurface {
             anchors.fill: parent
-            endColor: OrvexTheme.fade(OrvexTheme.panel, 0.96)
-            outlineColor: hover.hovered ? OrvexTheme.borderBlue : OrvexTheme.border
-            radius: OrvexTheme.panelRadius
-            startColor: OrvexTheme.fade(OrvexTheme.panelStrong, 0.95)
+            glow: hover.hovered
         }
     }
 

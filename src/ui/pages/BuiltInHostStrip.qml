@@ -18,7 +18,7 @@ FocusScope {
     implicitHeight: 132
 
     Accessible.role: Accessible.Pane
-    Accessible.name: "Dahili host kurgusu"
+    Accessible.name: "Yerleşik host kurgusu"
     Keys.onSpacePressed: event => {
         if (!event.isAutoRepeat)
             strip.togglePlaying();

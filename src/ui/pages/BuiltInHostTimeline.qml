@@ -12,17 +12,13 @@ OrvexControl {
     required property BuiltInHost host
 
     readonly property real duration: timeline.host.durationSeconds
-    readonly property real frameDuration: {
-        const parts = timeline.host.frameRate.split("/");
-        return (parts.length > 1 ? Number(parts[1]) : 1) / Number(parts[0]);
-    }
     readonly property real rulerHeight: 18
 
     // What the toolkit tells assistive technology of a slider, by these names; in seconds.
     readonly property real value: timeline.host.playheadSeconds
     readonly property real minimumValue: 0
     readonly property real maximumValue: timeline.duration
-    readonly property real stepSize: timeline.frameDuration
+    readonly property real stepSize: timeline.host.frameDurationSeconds
 
     function xOf(seconds: real): real {
         return timeline.duration > 0 ? seconds / timeline.duration * timeline.width : 0;
@@ -33,7 +29,7 @@ OrvexControl {
     }
 
     function step(frames: int): void {
-        timeline.host.seek(timeline.host.playheadSeconds + frames * timeline.frameDuration);
+        timeline.host.seek(timeline.host.playheadSeconds + frames * timeline.host.frameDurationSeconds);
     }
 
     Accessible.role: Accessible.Slider

@@ -4,7 +4,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Orvex
 
-// A choice from a list of texts. The list opens to the side where the window has room for it.
+// A choice from a list of texts.
 T.ComboBox {
     id: picker
 
@@ -75,9 +75,8 @@ T.ComboBox {
     }
 
     popup: T.Popup {
-        readonly property real below: picker.Window.height - picker.mapToItem(null, 0, picker.height).y
-
-        y: below >= implicitHeight + 4 ? picker.height + 4 : -implicitHeight - 4
+        // Where the window has no room for it there, the toolkit turns it to the other side.
+        y: picker.height + 4
         width: picker.width
         implicitHeight: list.contentHeight + 2 * padding
         padding: 5

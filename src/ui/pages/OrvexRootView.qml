@@ -35,6 +35,9 @@ Item {
     }
 
     clip: true
+    focus: true
+    // What the navigation does not take, and what is pressed before anything has the focus.
+    Keys.forwardTo: content.page ? [content.page] : []
 
     Connections {
         target: root.state
@@ -70,6 +73,8 @@ Item {
         }
 
         OrvexPageSwitch {
+            id: content
+
             objectName: "content"
             x: root.compact ? 0 : OrvexPanelMetrics.sidebarWidth + 1
             y: root.compact ? OrvexPanelMetrics.compactHeaderHeight : OrvexPanelMetrics.topbarHeight + 1

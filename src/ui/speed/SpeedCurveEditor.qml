@@ -37,14 +37,11 @@ Item {
     Rectangle {
         id: marker
 
-        readonly property real period: 1.8
+        // Milliseconds. 2001 began a whole number of periods after 1970: counted from either, the
+        // marker is at the same place.
+        readonly property real period: 1800
         property real phase: 0
         readonly property point place: marker.placeAt(marker.phase, drawing.curve, drawing.width, drawing.height)
-
-        // Seconds since the start of 2001, UTC.
-        function now(): real {
-            return Date.now() / 1000 - 978307200;
-        }
 
         // The curve and the size are arguments so that the place follows them too.
         function placeAt(phase: real, curve: var, width: real, height: real): point {
@@ -66,7 +63,7 @@ Item {
             repeat: true
             running: editor.OrvexMotion.animated && editor.visible
 
-            onTriggered: marker.phase = (marker.now() % marker.period) / marker.period
+            onTriggered: marker.phase = (Date.now() % marker.period) / marker.period
         }
     }
 

@@ -83,8 +83,10 @@ OrvexControl {
         onCanceled: handle.editing.endGesture()
     }
 
+    // Apart from the disc's outline, which has its colour.
     OrvexFocusRing {
-        targetRadius: 11
+        anchors.margins: -7
+        radius: width / 2
         shown: handle.visualFocus
     }
 }
