@@ -71,6 +71,10 @@ class PanelObjects : public QQmlPropertyMap, public RecordedDesktop {
         {"host", dynamic_cast<BuiltInHost*>(runtime_->hostSingleton().get())}};
     for (const auto& [name, part] : parts.asKeyValueRange())
       insert(QString::fromLatin1(name), QVariant::fromValue(part));
+    for (const FolderRegistry* registry : std::initializer_list<FolderRegistry*>{&motion_, &luts_})
+      connect(registry, &FolderRegistry::refused, this, [this](const QString& reason) {
+        state_->showToast(reason, OrvexToast::Kind::error, 5.0);
+      });
   }
 
   /// Puts a pack with these files into the store; the values name files of the corpus of odd LUTs.
