@@ -15,9 +15,11 @@ std::expected<Arguments, QString> Arguments::split(const QStringList& arguments,
     if (argument == u"--json") {
       split.json = true;
     } else if (valued.contains(argument)) {
-      const QString value = arguments.value(++i);
-      if (value.isEmpty())
+      if (++i == arguments.size())
         return std::unexpected(QStringLiteral("\"%1\" bir değer ister.").arg(argument));
+      const QString& value = arguments[i];
+      if (value.isEmpty())
+        return std::unexpected(QStringLiteral("\"%1\" boş bırakılmış.").arg(argument));
       split.values.insert(argument, value);
     } else if (argument.startsWith(u"--")) {
       return std::unexpected(QStringLiteral("\"%1\" diye bir seçenek yok.").arg(argument));

@@ -24,6 +24,9 @@ struct RequestDraft {
   friend bool operator==(const RequestDraft&, const RequestDraft&) = default;
 };
 
+/// The request that was written, without the blanks around its texts, with what is known of `host`.
+[[nodiscard]] FeatureRequest featureRequest(const RequestDraft& written, const HostSnapshot& host);
+
 /// Sends a user's request, and goes on when its page is left. Keeps what the page had not sent, so
 /// that the user can take it up again. Main thread only.
 class RequestSubmission final : public QObject {
