@@ -1,5 +1,7 @@
 #include "Arguments.h"
 
+#include "base/FileName.h"
+
 #include <QDir>
 #include <QFile>
 
@@ -31,9 +33,7 @@ std::expected<Arguments, QString> Arguments::split(const QStringList& arguments,
 }
 
 QByteArray absolutePath(const QString& path) {
-  QByteArray absolute = QFile::encodeName(QDir::current().absoluteFilePath(path));
-  while (absolute.size() > 1 && absolute.endsWith('/')) absolute.chop(1);
-  return absolute;
+  return withoutEndSlashes(QFile::encodeName(QDir::current().absoluteFilePath(path)));
 }
 
 std::unexpected<QString> wrongUsage(const QString& command, const QString& usage,

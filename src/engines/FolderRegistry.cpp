@@ -1,5 +1,6 @@
 #include "engines/FolderRegistry.h"
 
+#include "base/FileName.h"
 #include "base/FileUrl.h"
 #include "engines/FolderBookmarkStore.h"
 #include "platform/FolderAccess.h"
@@ -31,8 +32,7 @@ void FolderRegistry::chooseFolder() {
 }
 
 void FolderRegistry::useFolder(const QUrl& folder) {
-  QByteArray path = filePath(folder);
-  while (path.size() > 1 && path.endsWith('/')) path.chop(1);
+  const QByteArray path = withoutEndSlashes(filePath(folder));
   const QUrl root = path.isEmpty() ? folder : fileUrl(path);
   keep(root, [this, root](const Kept& kept) {
     if (kept) return setRoot(root);
@@ -70,9 +70,7 @@ EngineSummary FolderRegistry::summary() const {
 }
 
 std::shared_ptr<void> FolderRegistry::openAccess() const {
-  FolderAccess& access = bookmarks_.access();
-  if (!access.startAccess(*rootURL_)) return nullptr;
-  return {nullptr, [&access, root = *rootURL_](void*) { access.stopAccess(root); }};
+  return bookmarks_.access().use(*rootURL_);
 }
 
 void FolderRegistry::succeed() {

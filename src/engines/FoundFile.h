@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QByteArray>
-#include <QString>
-#include <QUrl>
+#include "base/FileUrl.h"
 
 namespace orvex {
 
@@ -17,7 +15,7 @@ struct FoundFile {
 
   /// The path below the folder: without every occurrence of the root and a slash.
   [[nodiscard]] QString id() const;
-  [[nodiscard]] QUrl fileURL() const;
+  [[nodiscard]] QUrl fileURL() const { return fileUrl(path); }
 
   friend bool operator==(const FoundFile&, const FoundFile&) = default;
 };
