@@ -8,12 +8,12 @@ namespace orvex {
 namespace {
 
 QStringList columns(const LUTItem& item) {
-  return {item.name, item.dimension, item.title.value_or(QStringLiteral("—")), item.id()};
+  return {item.name(), item.dimension, item.title.value_or(QStringLiteral("—")), item.id()};
 }
 
 QJsonObject fields(const LUTItem& item) {
   return {{QStringLiteral("id"), item.id()},
-          {QStringLiteral("name"), item.name},
+          {QStringLiteral("name"), item.name()},
           {QStringLiteral("title"), item.title ? QJsonValue(*item.title) : QJsonValue()},
           {QStringLiteral("dimension"), item.dimension},
           {QStringLiteral("path"), fileText(item.fileURL())}};

@@ -8,15 +8,15 @@ namespace orvex {
 namespace {
 
 QStringList columns(const MotionTemplateItem& item) {
-  return {item.name, rawValue(item.kind), item.category, item.id()};
+  return {item.name(), rawValue(item.kind), item.category(), item.id()};
 }
 
 QJsonObject fields(const MotionTemplateItem& item) {
   const auto preview = item.previewURL();
   return {{QStringLiteral("id"), item.id()},
-          {QStringLiteral("name"), item.name},
+          {QStringLiteral("name"), item.name()},
           {QStringLiteral("kind"), rawValue(item.kind)},
-          {QStringLiteral("category"), item.category},
+          {QStringLiteral("category"), item.category()},
           {QStringLiteral("path"), fileText(item.fileURL())},
           {QStringLiteral("previewPath"), preview ? QJsonValue(fileText(*preview)) : QJsonValue()}};
 }

@@ -40,7 +40,7 @@ void sortByName(
   std::ranges::sort(items, {}, &Item::path);
   QList<QString> names;
   names.reserve(items.size());
-  for (const Item& item : items) names.append(item.name);
+  for (const Item& item : items) names.append(std::invoke(&Item::name, item));
   QList<qsizetype> order = collation.sorted(names);
   std::ranges::stable_sort(order, {}, [&](qsizetype i) { return rank(items[i]); });
   QList<Item> sorted;

@@ -15,6 +15,8 @@ struct FoundFile {
 
   /// The path below the folder: without every occurrence of the root and a slash.
   [[nodiscard]] QString id() const;
+  /// The file's name without its extension.
+  [[nodiscard]] QString name() const;
   [[nodiscard]] QUrl fileURL() const { return fileUrl(path); }
 
   friend bool operator==(const FoundFile&, const FoundFile&) = default;

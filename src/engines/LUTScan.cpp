@@ -6,6 +6,8 @@
 #include "engines/FolderScan.h"
 #include "engines/LUTHeaderCache.h"
 
+#include <QSet>
+
 #include <atomic>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -98,17 +100,15 @@ class Scan {
 
   void makeItems(Inventory<LUTItem>& inventory) {
     inventory.items.reserve(static_cast<qsizetype>(found_.size()));
-    for (Found& found : found_) {
-      const FileName name(QByteArrayView(found.path).sliced(found.path.lastIndexOf('/') + 1));
-      QString stem = QString::fromUtf8(name.stem);
+    // A library has few different ones.
+    QSet<QString> dimensions;
+    for (Found& found : found_)
       inventory.items.append({{folder_.root(), std::move(found.path)},
-                              std::move(stem),
                               std::move(found.header.title),
-                              std::move(found.header.dimension)});
-    }
+                              *dimensions.insert(found.header.dimension)});
     sortByName(inventory.items, Collation(locale_));
     for (const LUTItem& item : std::as_const(inventory.items))
-      inventory.search.add({item.name, item.title.value_or(QString())});
+      inventory.search.add({item.name(), item.title.value_or(QString())});
   }
 
   FolderScan folder_;

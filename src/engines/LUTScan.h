@@ -9,8 +9,6 @@ namespace orvex {
 
 /// A `.cube` file of the library.
 struct LUTItem : FoundFile {
-  /// The file's name without its extension.
-  QString name;
   std::optional<QString> title;
   /// As `LUTHeader::dimension`.
   QString dimension;

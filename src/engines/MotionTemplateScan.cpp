@@ -30,16 +30,16 @@ QByteArrayView folderOf(QByteArrayView path) {
   return path.first(std::max<qsizetype>(path.lastIndexOf('/'), 0));
 }
 
-QString categoryOf(const QByteArray& file) {
-  const QByteArrayView folder = folderOf(folderOf(file));
-  const QString name = QString::fromUtf8(folder.sliced(folder.lastIndexOf('/') + 1));
-  return name.isEmpty() ? QStringLiteral("Uncategorized") : name;
-}
-
 }  // namespace
 
 QString rawValue(MotionTemplateKind kind) {
   return kKinds.at(static_cast<std::size_t>(kind)).rawValue.toString();
+}
+
+QString MotionTemplateItem::category() const {
+  const QByteArrayView folder = folderOf(folderOf(path));
+  const QString name = QString::fromUtf8(folder.sliced(folder.lastIndexOf('/') + 1));
+  return name.isEmpty() ? QStringLiteral("Uncategorized") : name;
 }
 
 std::optional<QUrl> MotionTemplateItem::previewURL() const {
@@ -54,21 +54,16 @@ Inventory<MotionTemplateItem> scanMotionTemplates(const QByteArray& root,
   Inventory<MotionTemplateItem> inventory{{}, SearchIndex(options.locale)};
   inventory.skippedFolders = folder.walk([&](const FileTreeEntry& entry) {
     const FileName name(entry.name());
-    if (const auto kind = kindOf(name)) {
-      QByteArray file = folder.absolute(entry.path);
-      QString category = categoryOf(file);
-      inventory.items.append({{folder.root(), std::move(file)},
-                              QString::fromUtf8(name.stem),
+    if (const auto kind = kindOf(name))
+      inventory.items.append({{folder.root(), folder.absolute(entry.path)},
                               *kind,
-                              std::move(category),
                               ::faccessat(entry.parent, kPreview, F_OK, 0) == 0});
-    }
     return FileTree::Next::Descend;
   });
   sortByName<MotionTemplateItem>(inventory.items, Collation(options.locale),
                                  [](const auto& item) { return static_cast<int>(item.kind); });
   for (const MotionTemplateItem& item : std::as_const(inventory.items))
-    inventory.search.add({item.name, item.category});
+    inventory.search.add({item.name(), item.category()});
   return inventory;
 }
 

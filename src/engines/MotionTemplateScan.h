@@ -16,14 +16,12 @@ enum class MotionTemplateKind : std::uint8_t { Effect, Generator, Title, Transit
 
 /// A Motion template's project file.
 struct MotionTemplateItem : FoundFile {
-  /// The file's name without its extension.
-  QString name;
   MotionTemplateKind kind = MotionTemplateKind::Effect;
-  /// The name of the folder two levels above the file, or "Uncategorized".
-  QString category;
   /// There is a picture beside the file.
   bool hasPreview = false;
 
+  /// The name of the folder two levels above the file, or "Uncategorized".
+  [[nodiscard]] QString category() const;
   /// The picture, when there is one.
   [[nodiscard]] std::optional<QUrl> previewURL() const;
 

@@ -7,6 +7,9 @@
 #include <QQmlExtensionPlugin>
 
 #include <cstdio>
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 Q_IMPORT_QML_PLUGIN(OrvexPlugin)
 Q_IMPORT_QML_PLUGIN(Orvex_ColorPlugin)
@@ -24,6 +27,12 @@ int wrongUsage(const QString& text) {
 }  // namespace
 
 int main(int argc, char** argv) {
+#ifdef __GLIBC__
+  // Scans and first layouts free most of what they took. Left to itself the library soon keeps
+  // blocks of up to 32 MiB for later, in the heap of the thread that freed them.
+  ::mallopt(M_MMAP_THRESHOLD, 64 * 1024);
+#endif
+
   // Options are read before there is a display to connect to; the program's own location, which its
   // version is read from, needs an application object all the same.
   const auto options = [&] {

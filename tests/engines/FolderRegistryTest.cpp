@@ -125,7 +125,7 @@ TEST_F(FolderRegistryTest, TheNewestScanWinsAndAnAbandonedOneEnds) {
   const LUTRegistry other(store);
   ASSERT_TRUE(finish(other));
   EXPECT_THAT(published, ElementsAre(1));
-  EXPECT_EQ(luts.items().value(0).name, u"one");
+  EXPECT_EQ(luts.items().value(0).name(), u"one");
   EXPECT_THAT(access.used, IsEmpty());
 }
 

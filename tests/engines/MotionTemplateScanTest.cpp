@@ -22,7 +22,7 @@ TEST(MotionTemplateScan, TellsKindCategoryAndPreview) {
     const auto items = scan(tree.path("above/root")).items;
     ASSERT_EQ(items.size(), 1) << path.data();
     EXPECT_EQ(rawValue(items[0].kind), kind) << path.data();
-    EXPECT_EQ(items[0].category, category) << path.data();
+    EXPECT_EQ(items[0].category(), category) << path.data();
     EXPECT_EQ(items[0].previewURL().has_value(), preview) << path.data();
   }
 }

@@ -41,7 +41,7 @@ void CloudLUTs::setState(OrvexState* state) {
 }
 
 void CloudLUTs::rebuild() {
-  entries_.clear();
+  QList<Entry> entries;
   index_ = SearchIndex();
   const QList<UniversalInstalledPack> packs =
       state_ ? state_->installedPacks() : QList<UniversalInstalledPack>();
@@ -50,16 +50,16 @@ void CloudLUTs::rebuild() {
     for (const QString& file : pack.files) {
       if (file.sliced(extensionDot(file)).toLower() != u".cube") continue;
       const QString name = displayName(file);
-      entries_.append({name, pack.name + QStringLiteral(" • v") + pack.version,
-                       fileUrl(folder + '/' + file.toUtf8()), pack.directoryURL});
+      entries.append({name, pack.name + QStringLiteral(" • v") + pack.version,
+                      fileUrl(folder + '/' + file.toUtf8()), pack.directoryURL});
       index_.add({name, pack.name});
     }
   }
-  refresh();
+  replace([&] { entries_ = std::move(entries); });
 }
 
-QList<qsizetype> CloudLUTs::find(QStringView query) const {
-  return index_.find(query);
+QList<qsizetype> CloudLUTs::matching(QStringView search) const {
+  return index_.find(search);
 }
 
 LUTCatalog::Entry CloudLUTs::entry(qsizetype position) const {

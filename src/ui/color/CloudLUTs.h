@@ -16,8 +16,6 @@ class CloudLUTs : public orvex::LUTCatalog {
   Q_PROPERTY(orvex::OrvexState* state READ state WRITE setState NOTIFY stateChanged REQUIRED FINAL)
 
  public:
-  using LUTCatalog::LUTCatalog;
-
   [[nodiscard]] OrvexState* state() const noexcept { return state_; }
   void setState(OrvexState* state);
   [[nodiscard]] int total() const override { return static_cast<int>(entries_.size()); }
@@ -32,7 +30,7 @@ class CloudLUTs : public orvex::LUTCatalog {
 
  private:
   void rebuild();
-  [[nodiscard]] QList<qsizetype> find(QStringView query) const override;
+  [[nodiscard]] QList<qsizetype> matching(QStringView search) const override;
   [[nodiscard]] Entry entry(qsizetype position) const override;
 
   QPointer<OrvexState> state_;

@@ -3,8 +3,6 @@
 #include "engines/LUTRegistry.h"
 #include "ui/color/LUTCatalog.h"
 
-#include <QPointer>
-
 namespace orvex {
 
 /// The LUTs of the user's own library, in its order and with its search.
@@ -15,20 +13,15 @@ class LocalLUTs : public orvex::LUTCatalog {
                  REQUIRED FINAL)
 
  public:
-  using LUTCatalog::LUTCatalog;
-
-  [[nodiscard]] LUTRegistry* registry() const noexcept { return registry_; }
-  void setRegistry(LUTRegistry* registry);
-  [[nodiscard]] int total() const override;
-
- Q_SIGNALS:
-  void registryChanged();
+  [[nodiscard]] LUTRegistry* registry() const noexcept { return source_.registry; }
+  void setRegistry(LUTRegistry* registry) { observe(source_, registry); }
+  [[nodiscard]] int total() const override { return static_cast<int>(source_.items.size()); }
 
  private:
-  [[nodiscard]] QList<qsizetype> find(QStringView query) const override;
+  [[nodiscard]] QList<qsizetype> matching(QStringView search) const override;
   [[nodiscard]] Entry entry(qsizetype position) const override;
 
-  QPointer<LUTRegistry> registry_;
+  Source<LUTRegistry, LUTItem> source_;
 };
 
 }  // namespace orvex

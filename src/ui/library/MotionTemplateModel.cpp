@@ -23,11 +23,11 @@ QVariant MotionTemplateModel::data(const QModelIndex& index, int role) const {
   switch (role) {
     case Qt::DisplayRole:
     case Name:
-      return template_.name;
+      return template_.name();
     case Kind:
       return static_cast<int>(template_.kind);
     case Category:
-      return template_.category;
+      return template_.category();
     case FileURL:
       return template_.fileURL();
     case PreviewURL:
