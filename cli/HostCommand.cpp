@@ -133,9 +133,9 @@ class HostSession final : public QObject, private FCPXTimelineObserver {
   void fail() {
     printError(*host_.notice());
     if (choice_.kind == HostChoice::Kind::Mpv && !host_.runtime().hostSingleton())
-      printError(QStringLiteral("\"%1\" soketinde mpv yanıt vermiyor. mpv'yi "
-                                "--input-ipc-server=%1 ile başlat ya da ORVEX_HOST'a mpv'nin "
-                                "soketini yaz.")
+      printError(QStringLiteral("mpv'ye \"%1\" soketinden bağlanılamadı. mpv'yi "
+                                "--input-ipc-server=%1 ile başlat ya da ORVEX_HOST'a onun soketini "
+                                "yaz.")
                      .arg(choice_.socketPath));
     end(Failed);
   }
