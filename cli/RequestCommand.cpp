@@ -14,15 +14,6 @@
 namespace orvex {
 namespace {
 
-// The first is the one that counts where none is given.
-const QStringList& modules() {
-  static const QStringList values{QStringLiteral("final-cut"), QStringLiteral("timeline"),
-                                  QStringLiteral("motion"),    QStringLiteral("audio"),
-                                  QStringLiteral("color"),     QStringLiteral("fxplug"),
-                                  QStringLiteral("release")};
-  return values;
-}
-
 QString usage() {
   return QStringLiteral("--title T --detail D [--module M] [--json]");
 }
@@ -39,6 +30,7 @@ std::expected<Options, QString> parse(const QStringList& arguments) {
   const QString title = QStringLiteral("--title");
   const QString detail = QStringLiteral("--detail");
   const QString module = QStringLiteral("--module");
+  const QStringList& modules = RequestSubmission::modules();
   const auto given = Arguments::split(arguments, {title, detail, module});
   if (!given) return refused(given.error());
   if (!given->words.isEmpty())
@@ -51,11 +43,11 @@ std::expected<Options, QString> parse(const QStringList& arguments) {
     if (given->values[text].trimmed().isEmpty())
       return refused(QStringLiteral("\"%1\" boş bırakılmış.").arg(text));
   const Options options{
-      {given->values[title], given->values[detail], given->values.value(module, modules().first())},
+      {given->values[title], given->values[detail], given->values.value(module, modules.first())},
       given->json};
-  if (!modules().contains(options.written.module))
+  if (!modules.contains(options.written.module))
     return refused(QStringLiteral("\"%1\" diye bir modül yok; modüller: %2.")
-                       .arg(options.written.module, modules().join(QStringLiteral(", "))));
+                       .arg(options.written.module, modules.join(QStringLiteral(", "))));
   return options;
 }
 

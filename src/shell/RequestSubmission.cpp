@@ -16,6 +16,14 @@ FeatureRequest featureRequest(const RequestDraft& written, const HostSnapshot& h
 
 RequestSubmission::RequestSubmission(RequestCenterClient client) : client_(std::move(client)) {}
 
+const QStringList& RequestSubmission::modules() {
+  static const QStringList values{QStringLiteral("final-cut"), QStringLiteral("timeline"),
+                                  QStringLiteral("motion"),    QStringLiteral("audio"),
+                                  QStringLiteral("color"),     QStringLiteral("fxplug"),
+                                  QStringLiteral("release")};
+  return values;
+}
+
 void RequestSubmission::send(const QString& title, const QString& detail, const QString& module,
                              const HostSnapshot& host) {
   if (background_.isRunning()) return;
