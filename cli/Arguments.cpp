@@ -1,5 +1,7 @@
 #include "Arguments.h"
 
+#include "base/FileName.h"
+
 #include <QDir>
 #include <QFile>
 
@@ -15,9 +17,11 @@ std::expected<Arguments, QString> Arguments::split(const QStringList& arguments,
     if (argument == u"--json") {
       split.json = true;
     } else if (valued.contains(argument)) {
-      const QString value = arguments.value(++i);
-      if (value.isEmpty())
+      if (++i == arguments.size())
         return std::unexpected(QStringLiteral("\"%1\" bir değer ister.").arg(argument));
+      const QString& value = arguments[i];
+      if (value.isEmpty())
+        return std::unexpected(QStringLiteral("\"%1\" boş bırakılmış.").arg(argument));
       split.values.insert(argument, value);
     } else if (argument.startsWith(u"--")) {
       return std::unexpected(QStringLiteral("\"%1\" diye bir seçenek yok.").arg(argument));
@@ -29,9 +33,7 @@ std::expected<Arguments, QString> Arguments::split(const QStringList& arguments,
 }
 
 QByteArray absolutePath(const QString& path) {
-  QByteArray absolute = QFile::encodeName(QDir::current().absoluteFilePath(path));
-  while (absolute.size() > 1 && absolute.endsWith('/')) absolute.chop(1);
-  return absolute;
+  return withoutEndSlashes(QFile::encodeName(QDir::current().absoluteFilePath(path)));
 }
 
 std::unexpected<QString> wrongUsage(const QString& command, const QString& usage,

@@ -28,8 +28,10 @@ void run(const QStringList& arguments, QObject&, const Finish& finish) {
 }  // namespace
 
 Command fxPlugCommand() {
-  return {QStringLiteral("fxplug"), InventoryRequest::usage(),
-          QStringLiteral("DIR altındaki plug-in bundle'ları"), &run};
+  return {
+      QStringLiteral("fxplug"), InventoryRequest::usage(),
+      QStringLiteral("DIR altındaki plug-in bundle'ları (Mac'te DIR: /Library/Plug-Ins/FxPlug)"),
+      &run};
 }
 
 }  // namespace orvex

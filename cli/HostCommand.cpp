@@ -57,7 +57,11 @@ void printSnapshot(const HostSnapshot& host, bool json) {
 class HostSession final : public QObject, private FCPXTimelineObserver {
  public:
   HostSession(const HostChoice& choice, HostRequest request, Finish finish, QObject& owner)
-      : QObject(&owner), request_(std::move(request)), finish_(std::move(finish)), host_(choice) {
+      : QObject(&owner),
+        choice_(choice),
+        request_(std::move(request)),
+        finish_(std::move(finish)),
+        host_(choice) {
     deadline_.setSingleShot(true);
     connect(&deadline_, &QTimer::timeout, this, &HostSession::failToMove);
     host_.start([this] { handleHost(); });
@@ -128,6 +132,11 @@ class HostSession final : public QObject, private FCPXTimelineObserver {
 
   void fail() {
     printError(*host_.notice());
+    if (choice_.kind == HostChoice::Kind::Mpv && !host_.runtime().hostSingleton())
+      printError(QStringLiteral("mpv'ye \"%1\" soketinden bağlanılamadı. mpv'yi "
+                                "--input-ipc-server=%1 ile başlat ya da ORVEX_HOST'a onun soketini "
+                                "yaz.")
+                     .arg(choice_.socketPath));
     end(Failed);
   }
 
@@ -143,6 +152,7 @@ class HostSession final : public QObject, private FCPXTimelineObserver {
     if (finish_) std::exchange(finish_, nullptr)(code);
   }
 
+  const HostChoice choice_;
   HostRequest request_;
   Finish finish_;
   HostConnection host_;

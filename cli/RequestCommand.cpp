@@ -4,7 +4,7 @@
 #include "HostConnection.h"
 #include "Output.h"
 #include "Service.h"
-#include "shell/OrvexConfig.h"
+#include "shell/RequestSubmission.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -14,23 +14,12 @@
 namespace orvex {
 namespace {
 
-// The first is the one that counts where none is given.
-const QStringList& modules() {
-  static const QStringList values{QStringLiteral("final-cut"), QStringLiteral("timeline"),
-                                  QStringLiteral("motion"),    QStringLiteral("audio"),
-                                  QStringLiteral("color"),     QStringLiteral("fxplug"),
-                                  QStringLiteral("release")};
-  return values;
-}
-
 QString usage() {
   return QStringLiteral("--title T --detail D [--module M] [--json]");
 }
 
 struct Options {
-  QString title;
-  QString detail;
-  QString module;
+  RequestDraft written;
   bool json = false;
 };
 
@@ -41,32 +30,30 @@ std::expected<Options, QString> parse(const QStringList& arguments) {
   const QString title = QStringLiteral("--title");
   const QString detail = QStringLiteral("--detail");
   const QString module = QStringLiteral("--module");
+  const QStringList& modules = RequestSubmission::modules();
   const auto given = Arguments::split(arguments, {title, detail, module});
   if (!given) return refused(given.error());
   if (!given->words.isEmpty())
     return refused(QStringLiteral("\"%1\" anlaşılmadı.").arg(given->words[0]));
-  const Options options{given->values.value(title), given->values.value(detail),
-                        given->values.value(module, modules().first()), given->json};
-  if (options.title.trimmed().isEmpty())
+  if (!given->values.contains(title))
     return refused(QStringLiteral("Talebin başlığını --title ile yaz."));
-  if (options.detail.trimmed().isEmpty())
+  if (!given->values.contains(detail))
     return refused(QStringLiteral("Talebin ayrıntısını --detail ile yaz."));
-  if (!modules().contains(options.module))
+  for (const QString& text : {title, detail})
+    if (given->values[text].trimmed().isEmpty())
+      return refused(QStringLiteral("\"%1\" boş bırakılmış.").arg(text));
+  const Options options{
+      {given->values[title], given->values[detail], given->values.value(module, modules.first())},
+      given->json};
+  if (!modules.contains(options.written.module))
     return refused(QStringLiteral("\"%1\" diye bir modül yok; modüller: %2.")
-                       .arg(options.module, modules().join(QStringLiteral(", "))));
+                       .arg(options.written.module, modules.join(QStringLiteral(", "))));
   return options;
 }
 
 void send(const Options& options, const HostSnapshot& host, const Finish& finish) {
   runService(finish, [&](const OrvexServices& services) {
-    const QString id = services.requests.send(
-        {.title = options.title,
-         .description = options.detail,
-         .module = options.module,
-         .hostName = host.hostName,
-         .hostVersion = host.hostVersion,
-         .sequenceName = host.sequenceAvailable ? host.sequenceName : QString(),
-         .extensionVersion = OrvexConfig::version()});
+    const QString id = services.requests.send(featureRequest(options.written, host));
     if (options.json)
       printJson(QJsonDocument(QJsonObject{{QStringLiteral("id"), id}}));
     else

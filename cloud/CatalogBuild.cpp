@@ -9,6 +9,7 @@
 #include "services/HttpsAddress.h"
 #include "services/Product.h"
 #include "services/ReleaseManifest.h"
+#include "services/ServicePaths.h"
 #include "services/UniversalPackCatalog.h"
 
 #include <algorithm>
@@ -17,7 +18,7 @@ namespace orvex {
 namespace {
 
 constexpr std::int64_t kSchemaVersion = 1;
-constexpr auto kManifest = "manifest.json";
+constexpr auto kManifest = ServicePaths::kManifest + 1;
 // Far beyond what any catalog or release manifest needs.
 constexpr qsizetype kMaximumDocument = 256 * 1024 * 1024;
 
@@ -37,7 +38,7 @@ class Builder {
   Builder(const Directory& vendor, const QUrl& catalogURL)
       : vendor_(vendor),
         packsURL_(catalogURL.resolved(QUrl(QStringLiteral("."))).toString(QUrl::FullyEncoded)),
-        packs_(Directory::make(vendor.path("public/downloads/orvex/packs"))),
+        packs_(Directory::make(vendor.path("public" + QByteArray(ServicePaths::kPacks)))),
         lock_(packs_, {}) {
     previousBytes_ = readSmallFile(packs_.descriptor(), kManifest, kMaximumDocument);
     if (!previousBytes_) return;
@@ -228,7 +229,8 @@ class Builder {
   }
 
   void publishRelease(const std::optional<QByteArray>& manifest) {
-    const Directory folder = Directory::make(vendor_.path("public/downloads/finalcut"));
+    const Directory folder =
+        Directory::make(vendor_.path("public" + QByteArray(ServicePaths::kReleases)));
     if (manifest) return changed(replaceIfOther(folder, kManifest, *manifest));
     changed(folder.has(kManifest));
     folder.remove(kManifest);

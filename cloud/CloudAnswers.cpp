@@ -2,6 +2,7 @@
 
 #include "base/Json.h"
 #include "cloud/RequestStore.h"
+#include "services/ServicePaths.h"
 
 #include <QJsonDocument>
 
@@ -9,7 +10,9 @@ namespace orvex {
 namespace {
 
 // Below this folder a name stands for the same bytes for ever.
-constexpr QByteArrayView kPackFiles("/downloads/orvex/packs/files/");
+bool isPackFile(const QByteArray& path) {
+  return path.startsWith(QByteArray(ServicePaths::kPacks) + "/files/");
+}
 
 CloudAnswer jsonAnswer(int status, const QJsonObject& object) {
   return {status,
@@ -62,13 +65,13 @@ CloudAnswer sendFile(const CloudExchange& exchange, const Directory& published) 
   constexpr qint64 kSecond = 1'000'000'000;
   const qint64 modified = file->modified / kSecond;
   const FileAnswer part = answerFor(conditions, file->entityTag(), modified, file->bytes);
-  CloudAnswer answer{part.status,
-                     {{"ETag", file->entityTag()},
-                      {"Last-Modified", httpDate(modified)},
-                      {"Accept-Ranges", "bytes"},
-                      {"Cache-Control", exchange.path.startsWith(kPackFiles)
-                                            ? "public, max-age=31536000, immutable"
-                                            : "no-cache"}}};
+  CloudAnswer answer{
+      part.status,
+      {{"ETag", file->entityTag()},
+       {"Last-Modified", httpDate(modified)},
+       {"Accept-Ranges", "bytes"},
+       {"Cache-Control",
+        isPackFile(exchange.path) ? "public, max-age=31536000, immutable" : "no-cache"}}};
   const QByteArray total = '/' + QByteArray::number(file->bytes);
   if (part.status == 416) answer.headers.append({"Content-Range", "bytes *" + total});
   if (part.status == 206)
@@ -88,8 +91,8 @@ CloudAnswer sendFile(const CloudExchange& exchange, const Directory& published) 
 
 CloudAnswer answer(const CloudExchange& exchange, const Directory& published,
                    RequestStore& requests) {
-  CloudAnswer made = exchange.path == kRequestsPath ? takeRequest(exchange, requests)
-                                                    : sendFile(exchange, published);
+  CloudAnswer made = exchange.path == ServicePaths::kRequests ? takeRequest(exchange, requests)
+                                                              : sendFile(exchange, published);
   made.headers.emplace_back("X-Content-Type-Options", "nosniff");
   return made;
 }

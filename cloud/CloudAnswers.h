@@ -35,12 +35,11 @@ struct CloudAnswer {
   qint64 bytes = 0;
 };
 
-/// Where requests are sent to; everything else is a file.
-inline constexpr auto kRequestsPath = "/api/orvex/requests";
 /// The longest request that is taken, in bytes.
 inline constexpr qint64 kMaximumRequest = 64 * 1024;
 
-/// Answers any exchange. Never throws; any thread.
+/// Answers any exchange: what is sent to the request centre is taken, everything else is a file.
+/// Never throws; any thread.
 [[nodiscard]] CloudAnswer answer(const CloudExchange& exchange, const Directory& published,
                                  RequestStore& requests);
 

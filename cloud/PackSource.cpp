@@ -20,11 +20,8 @@ const QString kShared = QStringLiteral("shared");
 
 // Sorted, without what is hidden.
 QList<QString> namesIn(const Directory& folder, const QString& where) {
-  QList<QByteArray> names = folder.names();
-  names.removeIf([](const QByteArray& name) { return name.startsWith('.'); });
-  std::ranges::sort(names);
   QList<QString> texts;
-  for (const QByteArray& name : std::as_const(names)) {
+  for (const QByteArray& name : visibleNames(folder.names())) {
     texts.append(QString::fromUtf8(name));
     if (texts.last().toUtf8() != name)
       refuse(where + u'/' + texts.last(),

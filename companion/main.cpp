@@ -12,6 +12,7 @@
 #include <QTimer>
 
 #include <cstdio>
+#include <unistd.h>
 
 namespace {
 
@@ -39,10 +40,12 @@ QString scheme() {
   return QStringLiteral("vantrelo-finalcut");
 }
 
-// Says how it went to who called and to the system's log.
+// Says how it went to who called and, where that is not a person who would read it twice, to the
+// system's log.
 int finish(SystemLog& log, const std::expected<QString, QString>& result, ExitCode failure) {
   const QString& sentence = result ? *result : result.error();
-  log.line(QStringLiteral("[Vantrelo Orvex] companion: %1").arg(sentence));
+  if (::isatty(STDERR_FILENO) == 0)
+    log.line(QStringLiteral("[Vantrelo Orvex] companion: %1").arg(sentence));
   std::fprintf(result ? stdout : stderr, "%s\n", qUtf8Printable(sentence));
   return result ? kDone : failure;
 }

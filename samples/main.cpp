@@ -25,10 +25,18 @@ void grantLibrary(const QString& folder) {
   QSettings settings(QStringLiteral("Vantrelo"), QStringLiteral("Vantrelo Orvex"));
   FolderBookmarkStore bookmarks(platform->folderAccess(), settings, platform->log());
   const auto grant = [&](FolderRegistry&& registry, const char* name) {
+    const auto awaitRoot = [&registry] {
+      while (registry.isScanning() && !registry.rootURL())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    };
+    awaitRoot();
     if (registry.rootURL()) return;
-    const QString path = QDir(folder).absoluteFilePath(QString::fromUtf8(name));
-    if (const QString refused = registry.useFolder(QUrl::fromLocalFile(path)); !refused.isEmpty())
-      throw DescribedError(refused);
+    QString refusal;
+    QObject::connect(&registry, &FolderRegistry::refused, &registry,
+                     [&](const QString& reason) { refusal = reason; });
+    registry.useFolder(QUrl::fromLocalFile(QDir(folder).absoluteFilePath(QString::fromUtf8(name))));
+    awaitRoot();
+    if (!refusal.isEmpty()) throw DescribedError(refusal);
   };
   grant(LUTRegistry(bookmarks), samples::kLutFolder);
   grant(MotionTemplateRegistry(bookmarks), samples::kMotionFolder);

@@ -26,8 +26,7 @@ constexpr std::array kLayouts{Layout{"Contents/Info.plist", "Contents/Resources"
                               Layout{"Info.plist", "."}};
 
 FileDescriptor openFolder(int parent, const QByteArray& path) {
-  return FileDescriptor(
-      ::openat(parent, path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK));
+  return FileDescriptor(::openat(parent, path.constData(), kReadFolder));
 }
 
 // What the folder of a language's texts may be called: by its tag in two ways of writing, by the

@@ -4,10 +4,8 @@
 
 #include <QUuid>
 
+#include <algorithm>
 #include <cerrno>
-#include <dirent.h>
-#include <fcntl.h>
-#include <memory>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <tuple>
@@ -15,12 +13,6 @@
 
 namespace orvex {
 namespace {
-
-constexpr int kFolder = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK;
-
-struct CloseListing {
-  void operator()(DIR* listing) const noexcept { ::closedir(listing); }
-};
 
 FileError failure(const QString& what, const QByteArray& path) {
   return {what, path, errno};
@@ -33,7 +25,7 @@ bool isDots(QByteArrayView name) {
 }  // namespace
 
 Directory Directory::open(const QByteArray& path) {
-  FileDescriptor folder(::open(path.constData(), kFolder));
+  FileDescriptor folder(::open(path.constData(), kReadFolder));
   if (!folder) throw failure(QStringLiteral("açılamadı"), path);
   return {std::move(folder), path};
 }
@@ -60,8 +52,8 @@ Directory Directory::makeAbove(const QByteArray& path) {
 
 QList<QByteArray> Directory::names() const {
   // Opened anew: a listing has a position, which copies of a descriptor share.
-  FileDescriptor own(::openat(folder_.get(), ".", kFolder));
-  const std::unique_ptr<DIR, CloseListing> listing(own ? ::fdopendir(own.get()) : nullptr);
+  FileDescriptor own(::openat(folder_.get(), ".", kReadFolder));
+  const FolderStream listing(own ? ::fdopendir(own.get()) : nullptr);
   if (!listing) throw failure(QStringLiteral("okunamadı"), path_);
   std::ignore = own.release();
   QList<QByteArray> names;
@@ -90,7 +82,7 @@ bool Directory::has(const QByteArray& name, const Directory& entry) const {
 }
 
 Directory Directory::folder(const QByteArray& name) const {
-  FileDescriptor folder(::openat(folder_.get(), name.constData(), kFolder | O_NOFOLLOW));
+  FileDescriptor folder(::openat(folder_.get(), name.constData(), kReadFolder | O_NOFOLLOW));
   if (!folder) throw failure(QStringLiteral("açılamadı"), path(name));
   return {std::move(folder), path(name)};
 }
@@ -110,8 +102,7 @@ Directory Directory::makeFolder(const QByteArray& name) const {
 }
 
 FileDescriptor Directory::file(const QByteArray& name) const {
-  FileDescriptor file(::openat(folder_.get(), name.constData(),
-                               O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW));
+  FileDescriptor file(::openat(folder_.get(), name.constData(), kReadFile | O_NOFOLLOW));
   struct stat status {};
   if (!file || ::fstat(file.get(), &status) != 0)
     throw failure(QStringLiteral("açılamadı"), path(name));
@@ -195,6 +186,12 @@ void Directory::sync() const {
   // A file system that keeps its folders in another way says that there is nothing to do.
   if (::fsync(folder_.get()) != 0 && errno != EINVAL)
     throw failure(QStringLiteral("diske yazılamadı"), path_);
+}
+
+QList<QByteArray> visibleNames(QList<QByteArray> names) {
+  names.removeIf([](const QByteArray& name) { return name.startsWith('.'); });
+  std::ranges::sort(names);
+  return names;
 }
 
 }  // namespace orvex

@@ -64,4 +64,7 @@ class Directory {
   QByteArray path_;
 };
 
+/// Those of `names` that are not hidden, sorted by their bytes.
+[[nodiscard]] QList<QByteArray> visibleNames(QList<QByteArray> names);
+
 }  // namespace orvex

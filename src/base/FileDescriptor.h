@@ -1,10 +1,24 @@
 #pragma once
 
 #include <cerrno>
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
 #include <unistd.h>
 #include <utility>
 
 namespace orvex {
+
+/// How files and folders that others made are opened for reading: a pipe is not waited for, and a
+/// terminal does not become ours.
+inline constexpr int kReadFile = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+inline constexpr int kReadFolder = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK;
+
+struct CloseFolder {
+  void operator()(DIR* folder) const noexcept { ::closedir(folder); }
+};
+/// Owns the stream of a folder's entries.
+using FolderStream = std::unique_ptr<DIR, CloseFolder>;
 
 /// Owns a file descriptor.
 class FileDescriptor {

@@ -9,4 +9,9 @@ FileName::FileName(QByteArrayView name) : stem(name) {
   extension = name.sliced(dot + 1);
 }
 
+QByteArray withoutEndSlashes(QByteArray path) {
+  while (path.size() > 1 && path.endsWith('/')) path.chop(1);
+  return path;
+}
+
 }  // namespace orvex

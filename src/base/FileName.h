@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QByteArrayView>
+#include <QByteArray>
 
 namespace orvex {
 
@@ -16,5 +16,8 @@ struct FileName {
   QByteArrayView stem;
   QByteArrayView extension;
 };
+
+/// The path of a folder as it is kept; "/" stays.
+[[nodiscard]] QByteArray withoutEndSlashes(QByteArray path);
 
 }  // namespace orvex

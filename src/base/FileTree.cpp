@@ -3,27 +3,18 @@
 #include "base/FileDescriptor.h"
 
 #include <cerrno>
-#include <dirent.h>
-#include <fcntl.h>
-#include <memory>
 #include <sys/stat.h>
 #include <vector>
 
 namespace orvex {
 namespace {
 
-struct CloseFolder {
-  void operator()(DIR* folder) const noexcept { ::closedir(folder); }
-};
-using Folder = std::unique_ptr<DIR, CloseFolder>;
-
-Folder openFolder(int parent, const char* name, int flags) {
-  FileDescriptor fd(
-      ::openat(parent, name, O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK | flags));
+FolderStream openFolder(int parent, const char* name, int flags) {
+  FileDescriptor fd(::openat(parent, name, kReadFolder | flags));
   if (!fd) return nullptr;
   DIR* folder = ::fdopendir(fd.get());
   if (folder != nullptr) std::ignore = fd.release();
-  return Folder(folder);
+  return FolderStream(folder);
 }
 
 FileTreeEntry::Kind kindOf(DIR* folder, const dirent& found) {
@@ -50,7 +41,7 @@ FileTreeEntry::Kind kindOf(DIR* folder, const dirent& found) {
 
 // A folder being read, and how much of the entry's path leads to it.
 struct Level {
-  Folder folder;
+  FolderStream folder;
   qsizetype prefix;
 };
 
@@ -60,7 +51,7 @@ FileTree::Result FileTree::walk(const QByteArray& root, const Visitor& visit,
                                 const std::stop_token& stop) {
   Result result;
   std::vector<Level> levels;
-  if (Folder folder = openFolder(AT_FDCWD, root.constData(), 0))
+  if (FolderStream folder = openFolder(AT_FDCWD, root.constData(), 0))
     levels.push_back({std::move(folder), 0});
   else
     ++result.skippedFolders;
@@ -84,7 +75,7 @@ FileTree::Result FileTree::walk(const QByteArray& root, const Visitor& visit,
     entry.nameOffset = prefix;
     entry.kind = kindOf(folder, *found);
     entry.parent = ::dirfd(folder);
-    Folder below;
+    FolderStream below;
     if (entry.kind == FileTreeEntry::Kind::Folder) {
       // A folder that was swapped for a link since it was read is not followed either.
       if (levels.size() <= kMaximumDepth)

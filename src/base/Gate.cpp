@@ -2,9 +2,9 @@
 
 namespace orvex {
 
-void Gate::wait(const std::stop_token& stop, std::chrono::milliseconds patience) {
+bool Gate::wait(const std::stop_token& stop, std::chrono::milliseconds patience) {
   std::unique_lock lock(mutex_);
-  opened_.wait_for(lock, stop, patience, [this] { return open_; });
+  return opened_.wait_for(lock, stop, patience, [this] { return open_; });
 }
 
 void Gate::open() {

@@ -12,8 +12,8 @@ namespace orvex {
 class Gate {
  public:
   /// Blocks until the gate is open, a stop is requested or `patience` has passed: what is waited
-  /// for may never come, and the work is to be done all the same.
-  void wait(const std::stop_token& stop, std::chrono::milliseconds patience);
+  /// for may never come, and the work is to be done all the same. Returns whether it is open.
+  bool wait(const std::stop_token& stop, std::chrono::milliseconds patience);
   void open();
 
  private:

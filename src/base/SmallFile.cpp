@@ -7,9 +7,7 @@
 namespace orvex {
 
 std::optional<QByteArray> readSmallFile(int folder, const QByteArray& path, qsizetype maximum) {
-  return readSmallFile(FileDescriptor(::openat(folder, path.constData(),
-                                               O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)),
-                       maximum);
+  return readSmallFile(FileDescriptor(::openat(folder, path.constData(), kReadFile)), maximum);
 }
 
 std::optional<QByteArray> readSmallFile(const FileDescriptor& file, qsizetype maximum) {

@@ -46,7 +46,7 @@ class FirstLines {
   // `isAll`: no text followed that did not fit.
   [[nodiscard]] QByteArray take(bool isAll) {
     if (left_ > 0 && !isAll) text_.truncate(text_.lastIndexOf('\n') + 1);
-    if (text_.startsWith("\xEF\xBB\xBF")) text_.remove(0, 3);
+    if (text_.startsWith(kByteOrderMark)) text_.remove(0, kByteOrderMark.size());
     return std::move(text_);
   }
 

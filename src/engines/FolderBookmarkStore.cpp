@@ -1,49 +1,76 @@
 #include "engines/FolderBookmarkStore.h"
 
+#include "base/Background.h"
+#include "base/DescribedError.h"
 #include "platform/FolderAccess.h"
 #include "platform/SystemLog.h"
 
-#include <QPointer>
 #include <QSettings>
 
 namespace orvex {
+namespace {
+
+struct Restored {
+  QUrl folder;
+  // In place of a stale grant.
+  std::optional<QByteArray> fresh;
+};
+
+template <typename Value>
+Value valueOf(std::expected<Value, QString> result) {
+  if (!result) throw DescribedError(result.error());
+  return *std::move(result);
+}
+
+}  // namespace
 
 FolderBookmarkStore::FolderBookmarkStore(FolderAccess& access, QSettings& settings, SystemLog& log)
     : access_(access), settings_(settings), log_(log) {}
 
-void FolderBookmarkStore::chooseDirectory(const QString& title, const QString& key,
+void FolderBookmarkStore::chooseDirectory(const QString& title,
                                           std::function<void(std::optional<QUrl>)> chosen) {
-  access_.chooseFolder(
-      title, QStringLiteral("Seç"),
-      [self = QPointer(this), key, chosen = std::move(chosen)](const std::optional<QUrl>& folder) {
-        if (!self) return;
-        if (folder) self->keepDirectory(*folder, key);
-        chosen(folder);
+  access_.chooseFolder(title, QStringLiteral("Seç"), std::move(chosen));
+}
+
+void FolderBookmarkStore::keepDirectory(const QUrl& folder, const QString& key,
+                                        Background& background,
+                                        std::function<void(std::expected<void, QString>)> kept) {
+  background.run(
+      [grants = access_.grants(), folder](const WorkControl&) {
+        return valueOf(grants->makeGrant(folder));
+      },
+      [this, key, kept = std::move(kept)](std::expected<QByteArray, std::exception_ptr> grant) {
+        if (grant) {
+          settings_.setValue(key, *grant);
+          return kept({});
+        }
+        const QString reason = descriptionOf(grant.error());
+        log_.line(QStringLiteral("[Vantrelo Orvex] bookmark write error ") + reason);
+        kept(std::unexpected(reason));
       });
 }
 
-void FolderBookmarkStore::keepDirectory(const QUrl& folder, const QString& key) {
-  if (const auto grant = access_.makeGrant(folder))
-    settings_.setValue(key, *grant);
-  else
-    log_.line(QStringLiteral("[Vantrelo Orvex] bookmark write error ") + grant.error());
-}
-
-std::optional<QUrl> FolderBookmarkStore::restoreDirectory(const QString& key) {
+void FolderBookmarkStore::restoreDirectory(const QString& key, Background& background,
+                                           std::function<void(std::optional<QUrl>)> restored) {
   const QVariant stored = settings_.value(key);
-  if (stored.typeId() != QMetaType::QByteArray) return std::nullopt;
-  const auto fail = [this](const QString& reason) {
-    log_.line(QStringLiteral("[Vantrelo Orvex] bookmark resolve error ") + reason);
-    return std::nullopt;
-  };
-  const auto resolved = access_.resolveGrant(stored.toByteArray());
-  if (!resolved) return fail(resolved.error());
-  if (resolved->stale) {
-    const auto fresh = access_.makeGrant(resolved->url);
-    if (!fresh) return fail(fresh.error());
-    settings_.setValue(key, *fresh);
-  }
-  return resolved->url;
+  if (stored.typeId() != QMetaType::QByteArray) return restored(std::nullopt);
+  background.run(
+      [grants = access_.grants(), bytes = stored.toByteArray()](const WorkControl&) {
+        const FolderGrants::Resolved resolved = valueOf(grants->resolveGrant(bytes));
+        return Restored{resolved.url, resolved.stale
+                                          ? std::optional(valueOf(grants->makeGrant(resolved.url)))
+                                          : std::nullopt};
+      },
+      [this, key,
+       restored = std::move(restored)](const std::expected<Restored, std::exception_ptr>& found) {
+        if (!found) {
+          log_.line(QStringLiteral("[Vantrelo Orvex] bookmark resolve error ") +
+                    descriptionOf(found.error()));
+          return restored(std::nullopt);
+        }
+        if (found->fresh) settings_.setValue(key, *found->fresh);
+        restored(found->folder);
+      });
 }
 
 }  // namespace orvex

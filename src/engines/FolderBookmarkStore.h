@@ -4,6 +4,7 @@
 #include <QString>
 #include <QUrl>
 
+#include <expected>
 #include <functional>
 #include <optional>
 
@@ -11,12 +12,14 @@ class QSettings;
 
 namespace orvex {
 
+class Background;
 class FolderAccess;
 class SystemLog;
 
 /// Asks the user for folders and keeps what they granted in the settings, one entry for each key.
 /// It never begins to use a folder: who reads one brackets that with `startAccess` and
-/// `stopAccess`.
+/// `stopAccess`. The file system is asked on the `background` of whoever asks, who is told nothing
+/// of what is superseded there. Main thread only.
 class FolderBookmarkStore final : public QObject {
   Q_OBJECT
 
@@ -24,20 +27,19 @@ class FolderBookmarkStore final : public QObject {
   /// All of it outlives the store.
   FolderBookmarkStore(FolderAccess& access, QSettings& settings, SystemLog& log);
 
-  /// Asks for one folder under the heading `title` and stores the grant under `key`. Returns at
-  /// once; `chosen` is called later with the folder, or with nothing when the user cancelled. A
-  /// folder whose grant cannot be stored is handed on all the same; it lasts as long as the panel.
-  void chooseDirectory(const QString& title, const QString& key,
-                       std::function<void(std::optional<QUrl>)> chosen);
+  /// Asks for one folder under the heading `title`. Returns at once; `chosen` is called later with
+  /// the folder, or with nothing when the user cancelled.
+  void chooseDirectory(const QString& title, std::function<void(std::optional<QUrl>)> chosen);
 
-  /// Stores the grant of a folder that the user pointed at in another way than by being asked,
-  /// under `key`. One that cannot be stored is logged and, as above, usable as long as the panel
-  /// lives.
-  void keepDirectory(const QUrl& folder, const QString& key);
+  /// Stores the grant of a folder that the user pointed at under `key`, then calls `kept`. Why one
+  /// cannot be stored, in Turkish, is logged and handed on.
+  void keepDirectory(const QUrl& folder, const QString& key, Background& background,
+                     std::function<void(std::expected<void, QString>)> kept);
 
-  /// The folder whose grant is stored under `key`, with the grant renewed if it is stale. Nothing
-  /// when there is none that can be used.
-  [[nodiscard]] std::optional<QUrl> restoreDirectory(const QString& key);
+  /// Calls `restored` with the folder whose grant is stored under `key`, after a stale grant was
+  /// renewed; with nothing when there is none that can be used, at once when none is stored.
+  void restoreDirectory(const QString& key, Background& background,
+                        std::function<void(std::optional<QUrl>)> restored);
 
   [[nodiscard]] FolderAccess& access() const noexcept { return access_; }
 

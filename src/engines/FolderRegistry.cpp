@@ -1,66 +1,59 @@
 #include "engines/FolderRegistry.h"
 
+#include "base/FileName.h"
 #include "base/FileUrl.h"
 #include "engines/FolderBookmarkStore.h"
 #include "platform/FolderAccess.h"
 
 #include <QPointer>
 
-#include <sys/stat.h>
-
 namespace orvex {
-namespace {
-
-// Names need not be text.
-bool isFolder(const QByteArray& path) {
-  struct stat status {};
-  return ::stat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode);
-}
-
-}  // namespace
 
 FolderRegistry::FolderRegistry(FolderBookmarkStore& bookmarks, Engine engine, QObject* parent)
     : EngineRegistry(parent), bookmarks_(bookmarks), engine_(std::move(engine)) {}
 
 void FolderRegistry::restore() {
-  rootURL_ = bookmarks_.restoreDirectory(engine_.bookmarkKey);
-  scan();
+  bookmarks_.restoreDirectory(engine_.bookmarkKey, granting_,
+                              [this](const std::optional<QUrl>& folder) {
+                                if (folder) return setRoot(*folder);
+                                finish(EngineHealth::NeedsAccess);
+                              });
 }
 
 void FolderRegistry::chooseFolder() {
   if (std::exchange(choosing_, true)) return;
-  bookmarks_.chooseDirectory(engine_.chooserTitle, engine_.bookmarkKey,
-                             [self = QPointer(this)](const std::optional<QUrl>& folder) {
-                               if (!self) return;
-                               self->choosing_ = false;
-                               if (folder) self->setRoot(*folder);
-                             });
+  bookmarks_.chooseDirectory(
+      engine_.chooserTitle, [self = QPointer(this)](const std::optional<QUrl>& folder) {
+        if (!self) return;
+        self->choosing_ = false;
+        if (!folder) return;
+        self->keep(*folder, [self, folder](const Kept&) { self->setRoot(*folder); });
+      });
 }
 
-QString FolderRegistry::useFolder(const QUrl& folder) {
-  QByteArray path = filePath(folder);
-  while (path.size() > 1 && path.endsWith('/')) path.chop(1);
-  if (path.isEmpty() || !isFolder(path))
-    return QStringLiteral("%1 bir klasör değil. Bir klasör bırak.")
-        .arg(path.isEmpty() ? folder.toDisplayString() : fileText(folder));
-  const QUrl url = fileUrl(path);
-  bookmarks_.keepDirectory(url, engine_.bookmarkKey);
-  setRoot(url);
-  return {};
+void FolderRegistry::useFolder(const QUrl& folder) {
+  const QByteArray path = withoutEndSlashes(filePath(folder));
+  const QUrl root = path.isEmpty() ? folder : fileUrl(path);
+  keep(root, [this, root](const Kept& kept) {
+    if (kept) return setRoot(root);
+    Q_EMIT scanningChanged();
+    Q_EMIT refused(kept.error() + QStringLiteral(" Bir klasör bırak."));
+  });
+}
+
+void FolderRegistry::keep(const QUrl& folder, std::function<void(const Kept&)> kept) {
+  bookmarks_.keepDirectory(folder, engine_.bookmarkKey, granting_, std::move(kept));
+  Q_EMIT scanningChanged();
 }
 
 void FolderRegistry::setRoot(const QUrl& folder) {
   rootURL_ = folder;
-  Q_EMIT changed();
   scan();
+  Q_EMIT changed();
 }
 
 void FolderRegistry::scan() {
-  if (!rootURL_) {
-    background_.cancel();
-    clearItems();
-    return finish(EngineHealth::NeedsAccess);
-  }
+  if (!rootURL_) return;
   progress_ = {};
   beginScan(filePath(*rootURL_));
   Q_EMIT scanningChanged();
@@ -77,9 +70,7 @@ EngineSummary FolderRegistry::summary() const {
 }
 
 std::shared_ptr<void> FolderRegistry::openAccess() const {
-  FolderAccess& access = bookmarks_.access();
-  if (!access.startAccess(*rootURL_)) return nullptr;
-  return {nullptr, [&access, root = *rootURL_](void*) { access.stopAccess(root); }};
+  return bookmarks_.access().use(*rootURL_);
 }
 
 void FolderRegistry::succeed() {

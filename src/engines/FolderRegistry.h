@@ -17,7 +17,8 @@ class FolderBookmarkStore;
 
 /// The life of an inventory that is made of one folder which the user granted: it finds the folder
 /// again at the start, asks for another one, scans on a worker thread and publishes what came of
-/// it. A newer scan supersedes an older one. Main thread only.
+/// it. A newer scan supersedes an older one. Main thread only; it never touches the file system
+/// there.
 class FolderRegistry : public EngineRegistry {
   Q_OBJECT
   Q_PROPERTY(orvex::EngineHealth health READ health NOTIFY changed FINAL)
@@ -31,12 +32,13 @@ class FolderRegistry : public EngineRegistry {
  public:
   /// Asks the user for a folder, without waiting. When one is chosen it becomes the root and is
   /// scanned; otherwise nothing changes. A further call while the user is being asked does nothing.
+  /// A folder whose grant cannot be stored lasts as long as the panel.
   Q_INVOKABLE void chooseFolder();
-  /// Takes the folder that the user dropped: as good as one chosen. Without waiting for the scan.
-  /// Returns why it is refused, in Turkish, in which case nothing changes; empty when it is taken.
-  Q_INVOKABLE QString useFolder(const QUrl& folder);
+  /// Takes the folder that the user dropped, without waiting: as good as one chosen. What is no
+  /// folder is `refused` and changes nothing.
+  Q_INVOKABLE void useFolder(const QUrl& folder);
   /// Scans the root anew, without waiting. Until the scan has ended, what the one before it found
-  /// stays published. Without a root there are no items at once.
+  /// stays published. Does nothing without a root.
   Q_INVOKABLE void scan();
 
   [[nodiscard]] EngineSummary summary() const final;
@@ -48,7 +50,10 @@ class FolderRegistry : public EngineRegistry {
   /// Folders that the last scan could not read.
   [[nodiscard]] virtual qint64 skippedFolders() const noexcept = 0;
 
-  [[nodiscard]] bool isScanning() const noexcept { return background_.isRunning(); }
+  /// From the moment that a folder is looked for until its scan has ended.
+  [[nodiscard]] bool isScanning() const noexcept {
+    return granting_.isRunning() || background_.isRunning();
+  }
   /// How far the scan is: entries met while the total is 0, then files read of so many.
   [[nodiscard]] qint64 scanDone() const noexcept { return progress_.done; }
   [[nodiscard]] qint64 scanTotal() const noexcept { return progress_.total; }
@@ -56,6 +61,8 @@ class FolderRegistry : public EngineRegistry {
  Q_SIGNALS:
   void scanningChanged();
   void scanProgressChanged();
+  /// What was dropped is not taken; `reason` is in Turkish.
+  void refused(const QString& reason);
 
  protected:
   /// What sets one registry apart from the others.
@@ -69,7 +76,8 @@ class FolderRegistry : public EngineRegistry {
 
   FolderRegistry(FolderBookmarkStore& bookmarks, Engine engine, QObject* parent);
 
-  /// Finds the stored folder and scans it. Called once, by the constructor of the registry.
+  /// Finds the stored folder and scans it, without waiting. Called once, by the constructor of the
+  /// registry.
   void restore();
 
   /// Begins a scan of `root` by calling `run`.
@@ -93,6 +101,9 @@ class FolderRegistry : public EngineRegistry {
   [[nodiscard]] virtual qint64 itemCount() const = 0;
 
  private:
+  using Kept = std::expected<void, QString>;
+  // Makes the folder's grant, then calls `kept`.
+  void keep(const QUrl& folder, std::function<void(const Kept&)> kept);
   void setRoot(const QUrl& folder);
   // Uses the root from now until the last copy of what is returned is gone.
   [[nodiscard]] std::shared_ptr<void> openAccess() const;
@@ -110,6 +121,8 @@ class FolderRegistry : public EngineRegistry {
   std::optional<QString> lastError_;
   bool choosing_ = false;
   Progress progress_;
+  // Apart, so that what is refused stops no scan.
+  Background granting_{Background::Priority::Equal};
   Background background_;
 };
 

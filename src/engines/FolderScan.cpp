@@ -1,5 +1,7 @@
 #include "engines/FolderScan.h"
 
+#include "base/FileName.h"
+
 #include <cerrno>
 #include <sys/stat.h>
 
@@ -33,8 +35,7 @@ QString unreachable(const QByteArray& root, int error) {
 }  // namespace
 
 FolderScan::FolderScan(QByteArray root, const WorkControl& control)
-    : root_(std::move(root)), control_(control) {
-  while (root_.size() > 1 && root_.endsWith('/')) root_.chop(1);
+    : root_(withoutEndSlashes(std::move(root))), control_(control) {
   struct stat status {};
   if (::stat(root_.constData(), &status) != 0) throw DescribedError(unreachable(root_, errno));
 }

@@ -1,7 +1,6 @@
 #include "engines/FoundFile.h"
 
 #include "base/FileName.h"
-#include "base/FileUrl.h"
 
 namespace orvex {
 
@@ -11,10 +10,6 @@ QString FoundFile::id() const {
 
 QString FoundFile::name() const {
   return QString::fromUtf8(FileName(QByteArrayView(path).sliced(path.lastIndexOf('/') + 1)).stem);
-}
-
-QUrl FoundFile::fileURL() const {
-  return fileUrl(path);
 }
 
 }  // namespace orvex

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QByteArray>
-#include <QString>
-#include <QUrl>
+#include "base/FileUrl.h"
 
 namespace orvex {
 
@@ -19,7 +17,7 @@ struct FoundFile {
   [[nodiscard]] QString id() const;
   /// The file's name without its extension.
   [[nodiscard]] QString name() const;
-  [[nodiscard]] QUrl fileURL() const;
+  [[nodiscard]] QUrl fileURL() const { return fileUrl(path); }
 
   friend bool operator==(const FoundFile&, const FoundFile&) = default;
 };

@@ -1,7 +1,6 @@
 #include "engines/FxPlugScan.h"
 
 #include "base/Bundle.h"
-#include "base/FileUrl.h"
 #include "engines/FolderScan.h"
 
 #include <QHash>
@@ -56,10 +55,6 @@ Found read(const FileTreeEntry& entry, const QByteArray& path, const QStringList
 }
 
 }  // namespace
-
-QUrl FxPlugItem::fileURL() const {
-  return fileUrl(path);
-}
 
 Inventory<FxPlugItem> scanFxPlugs(const QByteArray& root, const WorkControl& control,
                                   const ScanOptions& options) {

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "base/FileUrl.h"
 #include "engines/Inventory.h"
-
-#include <QUrl>
 
 namespace orvex {
 
@@ -18,7 +17,7 @@ struct FxPlugItem {
   /// Of the bundle, absolute, raw bytes.
   QByteArray path;
 
-  [[nodiscard]] QUrl fileURL() const;
+  [[nodiscard]] QUrl fileURL() const { return fileUrl(path); }
 
   friend bool operator==(const FxPlugItem&, const FxPlugItem&) = default;
 };

@@ -83,8 +83,7 @@ class Scan {
   }
 
   void read(Found& found, Utf8Reader& reader) const {
-    const FileDescriptor file(
-        ::open(found.path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    const FileDescriptor file(::open(found.path.constData(), kReadFile));
     struct stat status {};
     if (!file || ::fstat(file.get(), &status) != 0) {
       found.toRead.reset();

@@ -5,6 +5,7 @@
 #include "base/FileUrl.h"
 #include "base/NewFile.h"
 #include "base/Sha256.h"
+#include "base/Utf8Reader.h"
 
 #include <algorithm>
 #include <array>
@@ -24,7 +25,6 @@ using Kind = PreparationError::Kind;
 constexpr qsizetype kPiece = qsizetype{1} << 20;
 
 constexpr QByteArrayView kSizeKeyword("LUT_3D_SIZE ");
-constexpr QByteArrayView kByteOrderMark("\xEF\xBB\xBF");
 
 constexpr std::array<QByteArrayView, 7> kNewlines{"\n",       "\r",           "\v",          "\f",
                                                   "\xC2\x85", "\xE2\x80\xA8", "\xE2\x80\xA9"};
@@ -97,8 +97,8 @@ QByteArray readSource(const QByteArray& root, const QByteArray& path, const std:
   if (::fstatat(folder.descriptor(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) != 0)
     throw failure();
   requireUsable(status);
-  const FileDescriptor file(::openat(folder.descriptor(), name.constData(),
-                                     O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW));
+  const FileDescriptor file(
+      ::openat(folder.descriptor(), name.constData(), kReadFile | O_NOFOLLOW));
   if (!file || ::fstat(file.get(), &status) != 0) throw failure();
   requireUsable(status);
 

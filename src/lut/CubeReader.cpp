@@ -1,3 +1,4 @@
+#include "base/Utf8Reader.h"
 #include "lut/CubeLattice.h"
 
 #include <algorithm>
@@ -304,7 +305,7 @@ int badLine(QByteArrayView text) {
 }  // namespace
 
 std::expected<CubeLattice, CubeError> readCube(QByteArrayView text) {
-  if (text.startsWith("\xEF\xBB\xBF")) text = text.sliced(3);
+  if (text.startsWith(kByteOrderMark)) text = text.sliced(kByteOrderMark.size());
   if (!text.isValidUtf8())
     return std::unexpected(CubeError{badLine(text), QStringLiteral("UTF-8 metin değil.")});
   try {

@@ -21,11 +21,6 @@ struct Left {
   std::optional<QUrl> helper;
 };
 
-std::shared_ptr<void> openAccess(FolderAccess& access, const QUrl& folder) {
-  if (!access.startAccess(folder)) return nullptr;
-  return {nullptr, [&access, folder](void*) { access.stopAccess(folder); }};
-}
-
 }  // namespace
 
 LUTApplyBridge::LUTApplyBridge(Environment environment, QObject* parent)
@@ -44,7 +39,7 @@ void LUTApplyBridge::apply(const QUrl& source, const QUrl& permittedRoot) {
   Q_EMIT activePathChanged();
   if (hadResult) Q_EMIT lastResultChanged();
 
-  rootAccess_ = openAccess(environment_.access, permittedRoot);
+  rootAccess_ = environment_.access.use(permittedRoot);
   background_.run(
       [source, permittedRoot,
        extension = environment_.extensionBundle](const WorkControl& control) {

@@ -6,13 +6,14 @@
 
 #include <expected>
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace orvex {
 
-/// Folders that the user lets the program read: asking for one, and keeping the grant beyond the
-/// life of the process. Main thread, except where said.
-class FolderAccess {
+/// Keeps the folders that the user lets the program read beyond the life of the process. It asks
+/// the file system, which may hang where the network does. Any thread.
+class FolderGrants {
  public:
   /// What grant bytes lead to.
   struct Resolved {
@@ -23,6 +24,21 @@ class FolderAccess {
     bool stale = false;
   };
 
+  virtual ~FolderGrants() = default;
+
+  /// Bytes from which `resolveGrant` finds the folder again in a later process. They widen nothing:
+  /// whoever has them can reach that folder only. The error is one sentence in Turkish.
+  [[nodiscard]] virtual std::expected<QByteArray, QString> makeGrant(const QUrl& folder) = 0;
+
+  /// The folder that grant bytes stand for. Any bytes are safe to hand in; those that were not made
+  /// by `makeGrant`, or whose folder is gone, are an error, one sentence in Turkish.
+  [[nodiscard]] virtual std::expected<Resolved, QString> resolveGrant(const QByteArray& grant) = 0;
+};
+
+/// Folders that the user lets the program read: asking for one, and using it. Main thread, except
+/// where said.
+class FolderAccess {
+ public:
   virtual ~FolderAccess() = default;
 
   /// Asks the user for one existing folder; no file, no second folder can be chosen. Returns at
@@ -32,19 +48,20 @@ class FolderAccess {
   virtual void chooseFolder(const QString& title, const QString& prompt,
                             std::function<void(std::optional<QUrl>)> chosen) = 0;
 
-  /// Bytes from which `resolveGrant` finds the folder again in a later process. They widen nothing:
-  /// whoever has them can reach that folder only. The error is one sentence for the log.
-  [[nodiscard]] virtual std::expected<QByteArray, QString> makeGrant(const QUrl& folder) = 0;
-
-  /// The folder that grant bytes stand for. Any bytes are safe to hand in; those that were not made
-  /// by `makeGrant`, or whose folder is gone, are an error, one sentence for the log.
-  [[nodiscard]] virtual std::expected<Resolved, QString> resolveGrant(const QByteArray& grant) = 0;
+  /// Shared, because a folder that hangs is left behind by whoever asked for it.
+  [[nodiscard]] virtual std::shared_ptr<FolderGrants> grants() = 0;
 
   /// Begins to use a granted folder. Returns whether `stopAccess` has to be called; false is no
   /// failure where a system needs no such bracket. Nests. Any thread.
   [[nodiscard]] virtual bool startAccess(const QUrl& folder) = 0;
   /// Ends what one `startAccess` that returned true began. Any thread.
   virtual void stopAccess(const QUrl& folder) = 0;
+  /// Uses a granted folder from now until the last copy of what is returned is gone; this outlives
+  /// it. Any thread.
+  [[nodiscard]] std::shared_ptr<void> use(const QUrl& folder) {
+    if (!startAccess(folder)) return nullptr;
+    return {nullptr, [this, folder](void*) { stopAccess(folder); }};
+  }
 };
 
 }  // namespace orvex

@@ -70,12 +70,6 @@ std::optional<UniversalInstalledPack> readVersion(const Directory& pack, const Q
   }
 }
 
-QList<QByteArray> visibleNames(QList<QByteArray> names) {
-  names.removeIf([](const QByteArray& name) { return name.startsWith('.'); });
-  std::ranges::sort(names);
-  return names;
-}
-
 QList<UniversalInstalledPack> readPack(const Directory& root, const QByteArray& name) {
   QList<UniversalInstalledPack> versions;
   for (int attempt = 0; attempt < kAttempts; ++attempt) {

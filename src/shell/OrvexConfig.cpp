@@ -3,6 +3,7 @@
 #include "base/Bundle.h"
 #include "services/HttpsAddress.h"
 #include "services/OrvexServices.h"
+#include "services/ServicePaths.h"
 
 namespace orvex {
 namespace {
@@ -20,8 +21,8 @@ QString& serviceBase() {
   return base;
 }
 
-QUrl endpoint(QLatin1String path) {
-  return QUrl(serviceBase() + path, QUrl::StrictMode);
+QUrl endpoint(const char* path, const char* below = "") {
+  return QUrl(serviceBase() + QLatin1String(path) + QLatin1String(below), QUrl::StrictMode);
 }
 
 }  // namespace
@@ -42,13 +43,13 @@ std::expected<void, QString> OrvexConfig::useService(const QString& service) {
 }
 
 QUrl OrvexConfig::requestCenterURL() {
-  return endpoint(QLatin1String("/api/orvex/requests"));
+  return endpoint(ServicePaths::kRequests);
 }
 QUrl OrvexConfig::updateManifestURL() {
-  return endpoint(QLatin1String("/downloads/finalcut/manifest.json"));
+  return endpoint(ServicePaths::kReleases, ServicePaths::kManifest);
 }
 QUrl OrvexConfig::packsManifestURL() {
-  return endpoint(QLatin1String("/downloads/orvex/packs/manifest.json"));
+  return endpoint(ServicePaths::kPacks, ServicePaths::kManifest);
 }
 
 OrvexServices OrvexConfig::services() {

@@ -4,30 +4,39 @@
 
 namespace orvex {
 
+FeatureRequest featureRequest(const RequestDraft& written, const HostSnapshot& host) {
+  return {.title = written.title.trimmed(),
+          .description = written.detail.trimmed(),
+          .module = written.module,
+          .hostName = host.hostName,
+          .hostVersion = host.hostVersion,
+          .sequenceName = host.sequenceAvailable ? host.sequenceName : QString(),
+          .extensionVersion = OrvexConfig::version()};
+}
+
 RequestSubmission::RequestSubmission(RequestCenterClient client) : client_(std::move(client)) {}
+
+const QStringList& RequestSubmission::modules() {
+  static const QStringList values{QStringLiteral("final-cut"), QStringLiteral("timeline"),
+                                  QStringLiteral("motion"),    QStringLiteral("audio"),
+                                  QStringLiteral("color"),     QStringLiteral("fxplug"),
+                                  QStringLiteral("release")};
+  return values;
+}
 
 void RequestSubmission::send(const QString& title, const QString& detail, const QString& module,
                              const HostSnapshot& host) {
   if (background_.isRunning()) return;
-  const RequestDraft written{title.trimmed(), detail.trimmed(), module};
-  const FeatureRequest request{
-      .title = written.title,
-      .description = written.detail,
-      .module = module,
-      .hostName = host.hostName,
-      .hostVersion = host.hostVersion,
-      .sequenceName = host.sequenceAvailable ? host.sequenceName : QString(),
-      .extensionVersion = OrvexConfig::version(),
-  };
+  const FeatureRequest request = featureRequest({title, detail, module}, host);
   background_.run(
       [client = client_, request](const WorkControl& control) {
         return client.send(request, control.stop);
       },
-      [this, written](const std::expected<QString, std::exception_ptr>& id) {
+      [this, title = request.title,
+       detail = request.description](const std::expected<QString, std::exception_ptr>& id) {
         if (id) {
           // The page may have been left while this was on its way.
-          if (draft_.title.trimmed() == written.title && draft_.detail.trimmed() == written.detail)
-            dropDraft();
+          if (draft_.title.trimmed() == title && draft_.detail.trimmed() == detail) dropDraft();
           Q_EMIT sent();
           Q_EMIT toast(QStringLiteral("Talep gönderildi • ") + *id, OrvexToast::Kind::success, 3.2);
         } else {

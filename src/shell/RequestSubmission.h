@@ -24,15 +24,22 @@ struct RequestDraft {
   friend bool operator==(const RequestDraft&, const RequestDraft&) = default;
 };
 
+/// The request that was written, without the blanks around its texts, with what is known of `host`.
+[[nodiscard]] FeatureRequest featureRequest(const RequestDraft& written, const HostSnapshot& host);
+
 /// Sends a user's request, and goes on when its page is left. Keeps what the page had not sent, so
 /// that the user can take it up again. Main thread only.
 class RequestSubmission final : public QObject {
   Q_OBJECT
+  Q_PROPERTY(QStringList modules READ modules CONSTANT FINAL)
   Q_PROPERTY(bool hasDraft READ hasDraft NOTIFY draftChanged FINAL)
   Q_PROPERTY(orvex::RequestDraft draft READ draft NOTIFY draftChanged FINAL)
 
  public:
   explicit RequestSubmission(RequestCenterClient client);
+
+  /// What a request can be about. The first is the one that counts where nothing was chosen.
+  [[nodiscard]] static const QStringList& modules();
 
   /// Does nothing while a request is on its way.
   Q_INVOKABLE void send(const QString& title, const QString& detail, const QString& module,

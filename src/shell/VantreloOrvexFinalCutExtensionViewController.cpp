@@ -56,6 +56,12 @@ VantreloOrvexFinalCutExtensionViewController::VantreloOrvexFinalCutExtensionView
   connect(&environment_.hostRuntime, &HostRuntime::hostSingletonChanged, this, [this] {
     if (connected_) hostAdapter().connect();
   });
+  const auto tellRefused = [this](const QString& reason) {
+    orvexState_->showToast(reason, OrvexToast::Kind::error, 5.0);
+  };
+  for (const FolderRegistry* registry : std::initializer_list<FolderRegistry*>{
+           motionRegistry_.get(), lutRegistry_.get(), fxPlugRegistry_.get()})
+    connect(registry, &FolderRegistry::refused, this, tellRefused);
   panelSizing_.setSingleShot(true);
   connect(&panelSizing_, &QTimer::timeout, this,
           &VantreloOrvexFinalCutExtensionViewController::grantPanelSize);

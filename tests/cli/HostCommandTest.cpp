@@ -47,7 +47,7 @@ TEST_F(CommandLine, WaitsForAPlayerThatIsOnItsWay) {
 TEST_F(CommandLine, SaysWhatAHostDoesNotDo) {
   const std::tuple<const char*, QString, int, QString> rows[] = {
       {"none", u"host"_s, 1, u"Final Cut Pro host proxy bulunamadı.\n"_s},
-      {"mpv:/nonexistent/s", u"host end"_s, 1, u"Final Cut Pro host proxy bulunamadı.\n"_s},
+      {"mpv:/nonexistent/s", u"host end"_s, 1, u"--input-ipc-server=/nonexistent/s "_s},
       {"vlc", u"host"_s, 2, u"ORVEX_HOST: "_s},
       {"builtin", u"host action Toggle-Retime"_s, 2,
        u"toggle-retime, blade-speed, normal-speed."_s},

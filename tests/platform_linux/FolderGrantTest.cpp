@@ -10,37 +10,38 @@
 
 namespace {
 
-struct FolderGrants : PrivateSession {
+struct FolderGrantTest : PrivateSession {
   void rename(const char* from, const char* to) const {
     ASSERT_EQ(::rename(tree_.path(from).constData(), tree_.path(to).constData()), 0);
   }
   [[nodiscard]] QByteArray grant(const char* name) {
-    return access_.makeGrant(fileUrl(tree_.path(name))).value_or(QByteArray());
+    return grants_->makeGrant(fileUrl(tree_.path(name))).value_or(QByteArray());
   }
   // The path resolved to, with "*" behind it when it is stale; empty for an error.
   [[nodiscard]] QByteArray resolve(const QByteArray& bytes) {
-    const auto resolved = access_.resolveGrant(bytes);
+    const auto resolved = grants_->resolveGrant(bytes);
     return resolved ? filePath(resolved->url) + (resolved->stale ? "*" : "") : QByteArray();
   }
   const TemporaryTree tree_;
   const std::unique_ptr<Platform> platform_ = makePlatform();
-  FolderAccess& access_ = platform_->folderAccess();
+  const std::shared_ptr<FolderGrants> grants_ = platform_->folderAccess().grants();
 };
 
-TEST_F(FolderGrants, LeadBackToTheFolderInALaterProcess) {
+TEST_F(FolderGrantTest, LeadBackToTheFolderInALaterProcess) {
   for (const char* name : {"with space %41#?&é ı İ\n", "raw \xff\xfe"}) {
     tree_.folder(name);
     const QByteArray bytes = grant(name);
     EXPECT_EQ(resolve(bytes).toStdString(), tree_.path(name).toStdString());
-    EXPECT_EQ(makePlatform()->folderAccess().resolveGrant(bytes)->url, fileUrl(tree_.path(name)));
+    EXPECT_EQ(makePlatform()->folderAccess().grants()->resolveGrant(bytes)->url,
+              fileUrl(tree_.path(name)));
   }
   tree_.file("file");
   for (const QUrl& url :
        {fileUrl(tree_.path("file")), QUrl(QStringLiteral("file://elsewhere/tmp"))})
-    EXPECT_FALSE(access_.makeGrant(url)) << qPrintable(url.toString());
+    EXPECT_FALSE(grants_->makeGrant(url)) << qPrintable(url.toString());
 }
 
-TEST_F(FolderGrants, FollowTheFolderThroughWhatHappensToIt) {
+TEST_F(FolderGrantTest, FollowTheFolderThroughWhatHappensToIt) {
   tree_.folder("folder");
   tree_.folder("other");
   tree_.link("link", "folder");
@@ -67,7 +68,7 @@ TEST_F(FolderGrants, FollowTheFolderThroughWhatHappensToIt) {
 }
 
 // A folder made after another was removed is often given the same inode.
-TEST_F(FolderGrants, AYoungerFolderDoesNotPassForARemovedOne) {
+TEST_F(FolderGrantTest, AYoungerFolderDoesNotPassForARemovedOne) {
   tree_.folder("folder");
   // File systems date what they make by a clock that stands still for some milliseconds.
   QThread::msleep(20);
@@ -81,7 +82,7 @@ TEST_F(FolderGrants, AYoungerFolderDoesNotPassForARemovedOne) {
   EXPECT_EQ(resolve(bytes), tree_.path("folder") + "*");
 }
 
-TEST_F(FolderGrants, BytesThatAreDamagedOrNotOursResolveToNothing) {
+TEST_F(FolderGrantTest, BytesThatAreDamagedOrNotOursResolveToNothing) {
   tree_.folder("folder");
   const QByteArray bytes = grant("folder");
   for (qsizetype i = 0; i < bytes.size(); ++i) {

@@ -2,13 +2,16 @@
 
 #include "platform/FolderAccess.h"
 
+#include <QCoreApplication>
+#include <QFileInfo>
 #include <QStringList>
+#include <QThread>
 
 namespace orvex {
 
 /// Folder access as a test writes it: a grant is the folder's URL as text, the user answers when
-/// the test says so.
-struct ScriptedAccess final : FolderAccess {
+/// the test says so. Grants are looked into anywhere but on the thread of the window.
+struct ScriptedAccess final : FolderAccess, FolderGrants {
   void chooseFolder(const QString& title, const QString& prompt,
                     std::function<void(std::optional<QUrl>)> chosen) override {
     asked.append(title + u'|' + prompt);
@@ -16,11 +19,16 @@ struct ScriptedAccess final : FolderAccess {
   }
   void answer(const std::optional<QUrl>& folder) { std::exchange(pending, nullptr)(folder); }
 
+  std::shared_ptr<FolderGrants> grants() override { return {std::shared_ptr<void>(), this}; }
   std::expected<QByteArray, QString> makeGrant(const QUrl& folder) override {
+    expectWorker();
     if (!canGrant) return std::unexpected(QStringLiteral("no grant"));
+    if (QFileInfo(folder.toLocalFile()).isFile())
+      return std::unexpected(QStringLiteral("a file is no folder."));
     return "grant:" + folder.toEncoded();
   }
   std::expected<Resolved, QString> resolveGrant(const QByteArray& grant) override {
+    expectWorker();
     const QByteArray prefix = stale ? "stale:" : "grant:";
     if (!grant.startsWith(prefix)) return std::unexpected(QStringLiteral("no such grant"));
     return Resolved{QUrl::fromEncoded(grant.sliced(prefix.size())), stale};
@@ -42,6 +50,12 @@ struct ScriptedAccess final : FolderAccess {
   QList<QUrl> used;
   QList<QUrl> everUsed;
   bool stoppedUnused = false;
+
+ private:
+  static void expectWorker() {
+    if (QThread::currentThread() == QCoreApplication::instance()->thread())
+      qWarning("a grant is looked into on the window's thread");
+  }
 };
 
 }  // namespace orvex

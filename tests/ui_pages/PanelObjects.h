@@ -12,12 +12,15 @@
 #include "platform/HostRuntime.h"
 #include "platform/hosts/BuiltInHost.h"
 #include "platform/hosts/HostChoice.h"
+#include "runtime/PanelWindow.h"
 #include "runtime/QuickFolderChooser.h"
+#include "runtime/QuickPanelView.h"
 #include "shell/OrvexDesktop.h"
 #include "shell/OrvexState.h"
 #include "support/NoSystem.h"
 #include "support/TestCloud.h"
 #include "support/TestPack.h"
+#include "support/Wait.h"
 #include "ui/color/ColorServices.h"
 
 #include <QAbstractItemModelTester>
@@ -71,6 +74,10 @@ class PanelObjects : public QQmlPropertyMap, public RecordedDesktop {
         {"host", dynamic_cast<BuiltInHost*>(runtime_->hostSingleton().get())}};
     for (const auto& [name, part] : parts.asKeyValueRange())
       insert(QString::fromLatin1(name), QVariant::fromValue(part));
+    for (const FolderRegistry* registry : std::initializer_list<FolderRegistry*>{&motion_, &luts_})
+      connect(registry, &FolderRegistry::refused, this, [this](const QString& reason) {
+        state_->showToast(reason, OrvexToast::Kind::error, 5.0);
+      });
   }
 
   /// Puts a pack with these files into the store; the values name files of the corpus of odd LUTs.
@@ -96,6 +103,19 @@ class PanelObjects : public QQmlPropertyMap, public RecordedDesktop {
            replaceFile(asked.value(QStringLiteral("reply")).toString().toUtf8(), *reply);
   }
 
+  /// Whether a window with these objects lets the inventories read once it has shown a frame, and
+  /// not before.
+  Q_INVOKABLE bool readsFromTheFirstFrame(QQuickItem* item) {
+    const auto firstReading = std::make_shared<Gate>();
+    const auto mayRead = [&] { return firstReading->wait({}, std::chrono::milliseconds(0)); };
+    PanelWindow window;
+    QuickPanelView view(*qmlEngine(item), window, colorServices_, firstReading);
+    const auto hosted =
+        view.hostRootView({*state_, motion_, audio_, luts_, fxplug_, adapter_, desktop_});
+    if (mayRead()) return false;
+    window.show();
+    return waitUntil(mayRead);
+  }
   /// Opens the folder dialog over the window of `item`.
   Q_INVOKABLE void chooseFolder(QQuickItem* item) {
     chooser_ = std::make_unique<QuickFolderChooser>(*qmlEngine(item), *item->window(), *this);

@@ -84,6 +84,7 @@ PanelCase {
         objects.state.activePage = OrvexPages.byId("home");
         objects.state.activePage = OrvexPages.byId("timeline");
         verify(page() !== first);
+        verify(objects.readsFromTheFirstFrame(panel), "the inventories wait for the window");
     }
 
     function test_keyboard_data() {

@@ -1,5 +1,7 @@
 #include "platform/linux/FolderGrant.h"
 
+#include "base/FileDescriptor.h"
+
 #include <QCryptographicHash>
 #include <QDataStream>
 #include <QIODevice>
@@ -8,8 +10,6 @@
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
-#include <dirent.h>
-#include <fcntl.h>
 #include <memory>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
@@ -36,10 +36,6 @@ bool isNormalized(const QByteArray& path) {
     return component.isEmpty() || component == "." || component == "..";
   });
 }
-
-struct CloseFolder {
-  void operator()(DIR* folder) const noexcept { ::closedir(folder); }
-};
 
 }  // namespace
 
@@ -103,7 +99,7 @@ std::optional<FolderGrant::Place> FolderGrant::locate() const {
   // one.
   if (identity.birth == 0) return std::nullopt;
   const QByteArray parent = path.first(path.lastIndexOf('/') + 1);
-  const std::unique_ptr<DIR, CloseFolder> siblings(::opendir(parent.constData()));
+  const FolderStream siblings(::opendir(parent.constData()));
   if (!siblings) return std::nullopt;
   while (const dirent* entry = ::readdir(siblings.get())) {
     if (entry->d_ino != identity.inode || entry->d_type == DT_LNK) continue;

@@ -10,12 +10,14 @@ void LinuxFolderAccess::chooseFolder(const QString& title, const QString& prompt
   chooser_.choose(title, prompt, std::move(chosen));
 }
 
-std::expected<QByteArray, QString> LinuxFolderAccess::makeGrant(const QUrl& folder) {
+std::expected<QByteArray, QString> LinuxFolderGrants::makeGrant(const QUrl& folder) {
   const QByteArray path = filePath(folder);
   if (path.isEmpty())
     return std::unexpected(
         QStringLiteral("%1 bu bilgisayarda bir klasör değil.").arg(folder.toDisplayString()));
   const auto grant = FolderGrant::of(path);
+  if (!grant && grant.error() == std::errc::not_a_directory)
+    return std::unexpected(QStringLiteral("%1 bir klasör değil.").arg(QString::fromUtf8(path)));
   if (!grant)
     return std::unexpected(
         QStringLiteral("%1 klasör olarak açılamadı. (%2)")
@@ -23,7 +25,7 @@ std::expected<QByteArray, QString> LinuxFolderAccess::makeGrant(const QUrl& fold
   return grant->toBytes();
 }
 
-std::expected<FolderAccess::Resolved, QString> LinuxFolderAccess::resolveGrant(
+std::expected<FolderGrants::Resolved, QString> LinuxFolderGrants::resolveGrant(
     const QByteArray& grant) {
   const auto decoded = FolderGrant::fromBytes(grant);
   if (!decoded) return std::unexpected(QStringLiteral("Klasör izni bozuk. Klasörü yeniden seç."));

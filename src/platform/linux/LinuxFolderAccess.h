@@ -5,8 +5,14 @@
 
 namespace orvex {
 
-/// Folders on a system whose own rights decide what the panel may read: a grant is the memory of a
-/// choice, and using a folder needs no bracket.
+/// Grants on a system whose own rights decide what the panel may read: the memory of a choice.
+class LinuxFolderGrants final : public FolderGrants {
+ public:
+  [[nodiscard]] std::expected<QByteArray, QString> makeGrant(const QUrl& folder) override;
+  [[nodiscard]] std::expected<Resolved, QString> resolveGrant(const QByteArray& grant) override;
+};
+
+/// Folders on such a system: using one needs no bracket.
 class LinuxFolderAccess final : public FolderAccess {
  public:
   /// Both outlive this.
@@ -17,13 +23,13 @@ class LinuxFolderAccess final : public FolderAccess {
 
   void chooseFolder(const QString& title, const QString& prompt,
                     std::function<void(std::optional<QUrl>)> chosen) override;
-  [[nodiscard]] std::expected<QByteArray, QString> makeGrant(const QUrl& folder) override;
-  [[nodiscard]] std::expected<Resolved, QString> resolveGrant(const QByteArray& grant) override;
+  [[nodiscard]] std::shared_ptr<FolderGrants> grants() override { return grants_; }
   [[nodiscard]] bool startAccess(const QUrl&) override { return false; }
   void stopAccess(const QUrl&) override {}
 
  private:
   PortalChooser chooser_;
+  const std::shared_ptr<FolderGrants> grants_ = std::make_shared<LinuxFolderGrants>();
 };
 
 }  // namespace orvex

@@ -1,5 +1,6 @@
 #include "platform/linux/PortalRequest.h"
 
+#include "base/FileName.h"
 #include "base/FileUrl.h"
 #include "platform/linux/SessionBus.h"
 
@@ -49,8 +50,7 @@ std::optional<QUrl> onlyFolder(const QVariantMap& results) {
   if (uris.metaType() != QMetaType::fromType<QStringList>()) return std::nullopt;
   const QStringList list = uris.toStringList();
   if (list.size() != 1) return std::nullopt;
-  QByteArray path = filePath(QUrl(list.constFirst(), QUrl::StrictMode));
-  while (path.size() > 1 && path.endsWith('/')) path.chop(1);
+  const QByteArray path = withoutEndSlashes(filePath(QUrl(list.constFirst(), QUrl::StrictMode)));
   if (path.isEmpty()) return std::nullopt;
   return fileUrl(path);
 }

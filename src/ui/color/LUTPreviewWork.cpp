@@ -30,7 +30,7 @@ PreviewSource PreviewSource::of(const QImage& picture) {
 
 LUTPreviewResult makeLUTPreview(const QByteArray& path, const PreviewSource& source,
                                 PreviewStore& store) {
-  const FileDescriptor file(::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+  const FileDescriptor file(::open(path.constData(), kReadFile));
   struct stat status {};
   if (!file || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) return unreadable();
   if (status.st_size > kMaximumBytes)

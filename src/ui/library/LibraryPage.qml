@@ -62,12 +62,6 @@ OrvexScrollPage {
         grid.move(0);
     }
 
-    function drop(folder: url): void {
-        const reason = page.folder.useFolder(folder);
-        if (reason)
-            page.refused(reason);
-    }
-
     spacing: 16
     onScanningChanged: if (!page.scanning)
         page.settled = true
@@ -90,7 +84,7 @@ OrvexScrollPage {
         parent: page
         z: 2
 
-        onFolderDropped: folder => page.drop(folder)
+        onFolderDropped: folder => page.folder.useFolder(folder)
         onRefused: reason => page.refused(reason)
     }
 

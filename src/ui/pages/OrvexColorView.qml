@@ -29,12 +29,6 @@ OrvexScrollPage {
 
     signal reveal(file: url)
 
-    function drop(folder: url) {
-        const reason = page.folder.useFolder(folder);
-        if (reason)
-            page.refuse(reason);
-    }
-
     function refuse(reason: string) {
         page.state.showToast(reason, OrvexToast.Error, 5.0);
     }
@@ -72,7 +66,7 @@ OrvexScrollPage {
         parent: page
         z: 2
 
-        onFolderDropped: folder => page.drop(folder)
+        onFolderDropped: folder => page.folder.useFolder(folder)
         onRefused: reason => page.refuse(reason)
     }
 

@@ -9,7 +9,7 @@ OrvexScrollPage {
 
     required property OrvexState state
 
-    readonly property var moduleValues: ["final-cut", "timeline", "motion", "audio", "color", "fxplug", "release"]
+    readonly property list<string> moduleValues: page.state.request.modules
     readonly property string module: moduleValues[modulePicker.currentIndex] ?? moduleValues[0]
     readonly property bool sendable: titleField.text.trim().length > 0 && detailArea.text.trim().length > 0 && !page.locked
 
