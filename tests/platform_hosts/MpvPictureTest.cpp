@@ -19,9 +19,9 @@ std::optional<std::pair<QSize, int>> taken(MpvPicture& pictures) {
 TEST(MpvPicture, ShowsTheFrameBeforeThePanelsLut) {
   MpvPlayer player({u"av://lavfi:color=c=0x808080:size=64x36:duration=10:rate=25"_s});
   MpvPicture pictures(player.socketPath());
-  ASSERT_TRUE(waitUntil([&] { return player.property(u"time-pos"_s).isDouble(); }));
-  const auto before = taken(pictures);
-  ASSERT_TRUE(before);
+  // The player shows frames, and no longer shows them, some time after it has said so.
+  std::optional<std::pair<QSize, int>> before;
+  ASSERT_TRUE(waitUntil([&] { return (before = taken(pictures)).has_value(); }));
   EXPECT_EQ(before->first, QSize(64, 36));
   EXPECT_NEAR(before->second, 128, 3);
 
@@ -32,10 +32,10 @@ TEST(MpvPicture, ShowsTheFrameBeforeThePanelsLut) {
   MpvPicture later(player.socketPath());
   EXPECT_EQ(taken(later), std::nullopt);
   player.command({u"vf"_s, u"toggle"_s, u"@orvex-lut"_s});
-  EXPECT_EQ(taken(later), before);
+  EXPECT_TRUE(waitUntil([&] { return taken(later) == before; }));
 
   player.command({u"stop"_s});
-  EXPECT_EQ(taken(pictures), std::nullopt);
+  EXPECT_TRUE(waitUntil([&] { return !taken(pictures); }));
   player.kill();
   EXPECT_EQ(taken(pictures), std::nullopt);
 }
