@@ -67,11 +67,10 @@ class Program:
                              if line.startswith("voluntary_ctxt_switches"))
         return total
 
-    def private_mib(self):
+    def mib(self, *kinds):
+        """What the process holds of these kinds, as the system names them."""
         with open(f"/proc/{self.process.pid}/smaps_rollup") as rollup:
-            kib = sum(int(line.split()[1]) for line in rollup
-                      if line.startswith(("Private_Clean", "Private_Dirty")))
-        return kib / 1024
+            return sum(int(line.split()[1]) for line in rollup if line.startswith(kinds)) / 1024
 
     def stop(self):
         self.process.terminate()
@@ -89,7 +88,8 @@ def grant_libraries(home, items):
 
 def start_rows(home, title):
     times = {"panel": [], "empty": []}
-    memory = {"panel": [], "empty": []}
+    private = {"panel": [], "empty": []}
+    resident = {"panel": [], "empty": []}
     commands = {"panel": PANEL, "empty": EMPTY}
     for command in commands.values():  # warm the disk cache
         Program(command, environment(home)).stop()
@@ -98,11 +98,13 @@ def start_rows(home, title):
             program = Program(command, environment(home))
             times[name].append(program.first_frame * 1000)
             time.sleep(SETTLE_SECONDS)
-            memory[name].append(program.private_mib())
+            private[name].append(program.mib("Private_Clean", "Private_Dirty"))
+            resident[name].append(program.mib("Rss"))
             program.stop()
-    for what, unit, values in (("first frame", "ms", times), ("memory", "MiB", memory)):
+    for what, unit, values in (("first frame", "ms", times), ("private memory", "MiB", private),
+                               ("resident memory", "MiB", resident)):
         panel, empty = statistics.median(values["panel"]), statistics.median(values["empty"])
-        print(f"{what + ', ' + title:34} panel {panel:7.1f} {unit:4} empty window {empty:7.1f} {unit:4} "
+        print(f"{what + ', ' + title:42} panel {panel:7.1f} {unit:4} empty window {empty:7.1f} {unit:4} "
               f"ratio {panel / empty:.2f}")
 
 
