@@ -101,9 +101,8 @@ class Bench {
     OrvexMotion::setReduced(true);
     window_.resize(1040, 780);
     window_.show();
-    std::ignore = registry_.useFolder(
-        QUrl::fromLocalFile(QString::fromStdString(fs::absolute(data_ / "luts"))));
-    wait([this] { return !registry_.isScanning(); });
+    registry_.useFolder(QUrl::fromLocalFile(QString::fromStdString(fs::absolute(data_ / "luts"))));
+    wait([this] { return registry_.rootURL() && !registry_.isScanning(); });
   }
 
   void run() {

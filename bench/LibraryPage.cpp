@@ -127,8 +127,9 @@ class Bench {
   }
 
   static void use(FolderRegistry& registry, const fs::path& folder) {
-    std::ignore =
-        registry.useFolder(QUrl::fromLocalFile(QString::fromStdString(fs::absolute(folder))));
+    const QUrl root = QUrl::fromLocalFile(QString::fromStdString(fs::absolute(folder)));
+    registry.useFolder(root);
+    wait([&] { return registry.rootURL() == root; });
   }
 
   void row(const char* title, const std::function<void()>& begin) {

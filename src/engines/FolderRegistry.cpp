@@ -27,23 +27,21 @@ void FolderRegistry::chooseFolder() {
         if (!self) return;
         self->choosing_ = false;
         if (!folder) return;
-        self->keep(*folder, [self, folder](const Kept&) { self->setRoot(*folder); });
+        self->dropping_.cancel();
+        self->bookmarks_.keepDirectory(*folder, self->engine_.bookmarkKey, self->granting_,
+                                       [self, folder](const auto&) { self->setRoot(*folder); });
+        Q_EMIT self->scanningChanged();
       });
 }
 
 void FolderRegistry::useFolder(const QUrl& folder) {
   const QByteArray path = withoutEndSlashes(filePath(folder));
   const QUrl root = path.isEmpty() ? folder : fileUrl(path);
-  keep(root, [this, root](const Kept& kept) {
-    if (kept) return setRoot(root);
-    Q_EMIT scanningChanged();
-    Q_EMIT refused(kept.error() + QStringLiteral(" Bir klasör bırak."));
+  bookmarks_.keepDirectory(root, engine_.bookmarkKey, dropping_, [this, root](const auto& kept) {
+    if (!kept) return Q_EMIT refused(kept.error());
+    granting_.cancel();
+    setRoot(root);
   });
-}
-
-void FolderRegistry::keep(const QUrl& folder, std::function<void(const Kept&)> kept) {
-  bookmarks_.keepDirectory(folder, engine_.bookmarkKey, granting_, std::move(kept));
-  Q_EMIT scanningChanged();
 }
 
 void FolderRegistry::setRoot(const QUrl& folder) {

@@ -34,8 +34,8 @@ class FolderRegistry : public EngineRegistry {
   /// scanned; otherwise nothing changes. A further call while the user is being asked does nothing.
   /// A folder whose grant cannot be stored lasts as long as the panel.
   Q_INVOKABLE void chooseFolder();
-  /// Takes the folder that the user dropped, without waiting: as good as one chosen. What is no
-  /// folder is `refused` and changes nothing.
+  /// Takes the folder that the user dropped, without waiting: the next panel finds it again, too.
+  /// What is no folder is `refused` and changes nothing; until that is known, nothing scans.
   Q_INVOKABLE void useFolder(const QUrl& folder);
   /// Scans the root anew, without waiting. Until the scan has ended, what the one before it found
   /// stays published. Does nothing without a root.
@@ -101,9 +101,6 @@ class FolderRegistry : public EngineRegistry {
   [[nodiscard]] virtual qint64 itemCount() const = 0;
 
  private:
-  using Kept = std::expected<void, QString>;
-  // Makes the folder's grant, then calls `kept`.
-  void keep(const QUrl& folder, std::function<void(const Kept&)> kept);
   void setRoot(const QUrl& folder);
   // Uses the root from now until the last copy of what is returned is gone.
   [[nodiscard]] std::shared_ptr<void> openAccess() const;
@@ -121,7 +118,8 @@ class FolderRegistry : public EngineRegistry {
   std::optional<QString> lastError_;
   bool choosing_ = false;
   Progress progress_;
-  // Apart, so that what is refused stops no scan.
+  // Apart, so that what is refused stops nothing and counts as no scan.
+  Background dropping_{Background::Priority::Equal};
   Background granting_{Background::Priority::Equal};
   Background background_;
 };

@@ -56,6 +56,7 @@ class FolderAccess {
   [[nodiscard]] virtual bool startAccess(const QUrl& folder) = 0;
   /// Ends what one `startAccess` that returned true began. Any thread.
   virtual void stopAccess(const QUrl& folder) = 0;
+
   /// Uses a granted folder from now until the last copy of what is returned is gone; this outlives
   /// it. Any thread.
   [[nodiscard]] std::shared_ptr<void> use(const QUrl& folder) {

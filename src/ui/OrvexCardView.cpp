@@ -7,12 +7,6 @@
 #include <cmath>
 
 namespace orvex {
-namespace {
-
-constexpr const char* kIndex = "index";
-
-}  // namespace
-
 OrvexCardView::OrvexCardView(QQuickItem* parent) : QQuickItem(parent) {
   connect(this, &OrvexCardView::shapeChanged, this, &QQuickItem::polish);
   connect(this, &OrvexCardView::delegateChanged, this, &OrvexCardView::reset);
@@ -24,11 +18,11 @@ void OrvexCardView::setModel(QAbstractItemModel* model) {
   model_ = model;
   if (model != nullptr) {
     connect(model, &QAbstractItemModel::dataChanged, this,
-            [this](const QModelIndex& first, const QModelIndex& last) {
-              refresh(first.row(), last.row());
+            [this](const QModelIndex& first, const QModelIndex& last, const QList<int>& changed) {
+              refresh(first.row(), last.row(), changed);
             });
     const auto recount = [this](const QModelIndex&, int first) {
-      refresh(first, count() - 1);
+      refresh(first, count() - 1, {});
       polish();
       Q_EMIT countChanged();
     };
@@ -60,9 +54,9 @@ void OrvexCardView::reset() {
   Q_EMIT countChanged();
 }
 
-void OrvexCardView::refresh(int first, int last) {
+void OrvexCardView::refresh(int first, int last, const QList<int>& changed) {
   for (auto card = cards_.cbegin(); card != cards_.cend(); ++card)
-    if (card.key() >= first && card.key() <= last) give(*card.value(), card.key());
+    if (card.key() >= first && card.key() <= last) give(*card.value(), card.key(), changed);
 }
 
 // One row of cards above and below is made before it is needed.
@@ -74,18 +68,31 @@ void OrvexCardView::updatePolish() {
   const int first = std::clamp((line(shownTop_) - 1) * columns, 0, rows);
   const int end = std::clamp((line(shownTop_ + shownHeight_) + 2) * columns, first, rows);
 
-  for (auto card = cards_.begin(); card != cards_.end();) {
-    const bool kept = card.key() < rows &&
-                      (card.value()->hasActiveFocus() || (card.key() >= first && card.key() < end));
-    if (!kept) putAway(*card.value());
-    card = kept ? std::next(card) : cards_.erase(card);
+  for (const int row : cards_.keys()) {
+    QQuickItem* const card = cards_.value(row);
+    if (row >= rows) {
+      // Not kept for later: it may have the focus, or be about to take it.
+      card->setParentItem(nullptr);
+      card->deleteLater();
+    } else if ((row >= first && row < end) || card->hasFocus()) {
+      continue;
+    } else {
+      card->setVisible(false);
+      spare_.append(card);
+    }
+    cards_.remove(row);
   }
   for (int row = first; row < end; ++row) {
     if (cards_.contains(row)) continue;
-    QQuickItem* const card = spare_.isEmpty() ? make(row) : spare_.takeLast();
-    if (card == nullptr) return;
-    give(*card, row);
-    card->setVisible(true);
+    QQuickItem* card = nullptr;
+    if (spare_.isEmpty()) {
+      card = make(row);
+      if (card == nullptr) return;
+    } else {
+      card = spare_.takeLast();
+      give(*card, row, {});
+      card->setVisible(true);
+    }
     cards_.insert(row, card);
   }
   for (auto card = cards_.cbegin(); card != cards_.cend(); ++card)
@@ -105,30 +112,27 @@ QQuickItem* OrvexCardView::make(int row) {
   }
   card->setParent(this);
   card->setParentItem(this);
-  const QHash<int, QByteArray> roles = model_->roleNames();
-  QVariantMap values{{QString::fromLatin1(kIndex), row}};
-  for (auto role = roles.cbegin(); role != roles.cend(); ++role)
-    if (card->metaObject()->indexOfProperty(role.value().constData()) >= 0)
-      values.insert(QString::fromUtf8(role.value()),
-                    model_->data(model_->index(row, 0), role.key()));
-  delegate_->setInitialProperties(card, values);
+  delegate_->setInitialProperties(card, values(*card, row, {}));
   delegate_->completeCreate();
   return card;
 }
 
-void OrvexCardView::give(QQuickItem& card, int row) {
-  const QHash<int, QByteArray> roles = model_->roleNames();
-  const QMetaObject* const type = card.metaObject();
-  for (auto role = roles.cbegin(); role != roles.cend(); ++role)
-    if (const int property = type->indexOfProperty(role.value().constData()); property >= 0)
-      type->property(property).write(&card, model_->data(model_->index(row, 0), role.key()));
-  card.setProperty(kIndex, row);
+void OrvexCardView::give(QQuickItem& card, int row, const QList<int>& changed) const {
+  const QVariantMap given = values(card, row, changed);
+  for (auto value = given.cbegin(); value != given.cend(); ++value)
+    card.setProperty(value.key().toUtf8().constData(), value.value());
 }
 
-void OrvexCardView::putAway(QQuickItem& card) {
-  card.setFocus(false);
-  card.setVisible(false);
-  spare_.append(&card);
+QVariantMap OrvexCardView::values(const QQuickItem& card, int row,
+                                  const QList<int>& changed) const {
+  QVariantMap values{{QStringLiteral("index"), row}};
+  const QHash<int, QByteArray> roles = model_->roleNames();
+  for (auto role = roles.cbegin(); role != roles.cend(); ++role)
+    if ((changed.isEmpty() || changed.contains(role.key())) &&
+        card.metaObject()->indexOfProperty(role.value().constData()) >= 0)
+      values.insert(QString::fromUtf8(role.value()),
+                    model_->data(model_->index(row, 0), role.key()));
+  return values;
 }
 
 }  // namespace orvex

@@ -12,8 +12,8 @@ namespace orvex {
 /// is shown are made, and a card that is left behind stands for another row: the toolkit's own grid
 /// (6.4) frees it and makes a new one, whatever it is told. What has the focus is kept where it is.
 ///
-/// A card is given the model's roles, and `index`, where it has properties of these names. What it
-/// holds besides must not outlive a change of them. Lengths are in points.
+/// A card is given its `index`, and the model's roles where it has properties of their names. What
+/// it holds besides must not outlive a change of them. Lengths are in points.
 class OrvexCardView : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT
@@ -40,7 +40,7 @@ class OrvexCardView : public QQuickItem {
   void setModel(QAbstractItemModel* model);
   [[nodiscard]] int count() const { return model_ ? model_->rowCount() : 0; }
 
-  /// The card that stands for `row`; null where that is not near what is shown.
+  /// The card that stands for `row`; null where there is none now.
   Q_INVOKABLE QQuickItem* cardAt(int row);
 
  Q_SIGNALS:
@@ -55,10 +55,12 @@ class OrvexCardView : public QQuickItem {
 
  private:
   void reset();
-  void refresh(int first, int last);
+  // Of all roles where none is named.
+  void refresh(int first, int last, const QList<int>& changed);
   [[nodiscard]] QQuickItem* make(int row);
-  void give(QQuickItem& card, int row);
-  void putAway(QQuickItem& card);
+  void give(QQuickItem& card, int row, const QList<int>& changed) const;
+  [[nodiscard]] QVariantMap values(const QQuickItem& card, int row,
+                                   const QList<int>& changed) const;
 
   QPointer<QAbstractItemModel> model_;
   QQmlComponent* delegate_ = nullptr;

@@ -24,7 +24,8 @@ OrvexControl {
     Accessible.onPressAction: if (control.enabled)
         control.clicked()
     Keys.onPressed: event => {
-        if (!control.isPressKey(event.key))
+        // What is hidden can still have the focus, where that came from somewhere else.
+        if (!control.visible || !control.isPressKey(event.key))
             return;
         event.accepted = true;
         if (!event.isAutoRepeat)

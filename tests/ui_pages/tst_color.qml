@@ -10,7 +10,6 @@ PanelCase {
         objects.files.cube("broken.cube", "decimal-commas.cube");
         objects.files.cube("Film.cube", "crlf.cube");
         objects.luts.useFolder(objects.files.root);
-        tryCompare(objects.luts, "scanning", false);
         open(1040, 2000, "color");
         tryVerify(() => cards().filter(card => named(card, "picture").ready || !card.usable).length === 4);
     }

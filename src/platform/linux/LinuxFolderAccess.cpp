@@ -13,14 +13,15 @@ void LinuxFolderAccess::chooseFolder(const QString& title, const QString& prompt
 std::expected<QByteArray, QString> LinuxFolderGrants::makeGrant(const QUrl& folder) {
   const QByteArray path = filePath(folder);
   if (path.isEmpty())
-    return std::unexpected(
-        QStringLiteral("%1 bu bilgisayarda bir klasör değil.").arg(folder.toDisplayString()));
+    return std::unexpected(QStringLiteral("%1 bu bilgisayarda bir klasör değil. Bir klasör seç.")
+                               .arg(folder.toDisplayString()));
   const auto grant = FolderGrant::of(path);
   if (!grant && grant.error() == std::errc::not_a_directory)
-    return std::unexpected(QStringLiteral("%1 bir klasör değil.").arg(QString::fromUtf8(path)));
+    return std::unexpected(
+        QStringLiteral("%1 bir klasör değil. Bir klasör seç.").arg(QString::fromUtf8(path)));
   if (!grant)
     return std::unexpected(
-        QStringLiteral("%1 klasör olarak açılamadı. (%2)")
+        QStringLiteral("%1 klasör olarak açılamadı. (%2) Okunabilir olduğunu denetle.")
             .arg(QString::fromUtf8(path), QString::fromLocal8Bit(grant.error().message())));
   return grant->toBytes();
 }

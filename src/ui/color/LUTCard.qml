@@ -34,6 +34,10 @@ FocusScope {
     signal reveal
     signal touched
 
+    function takeFocus(): void {
+        (card.usable ? apply : reveal).forceActiveFocus(Qt.TabFocusReason);
+    }
+
     Accessible.description: error.length > 0 ? caption + ". " + error : caption
     Accessible.name: name
     Accessible.role: Accessible.Grouping
