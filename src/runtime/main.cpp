@@ -30,7 +30,7 @@ int main(int argc, char** argv) {
 #ifdef __GLIBC__
   // Scans and first layouts free most of what they took. Left to itself the library soon keeps
   // blocks of up to 32 MiB for later, in the heap of the thread that freed them.
-  ::mallopt(M_MMAP_THRESHOLD, 64 * 1024);
+  ::mallopt(M_MMAP_THRESHOLD, 256 * 1024);
 #endif
 
   // Options are read before there is a display to connect to; the program's own location, which its
