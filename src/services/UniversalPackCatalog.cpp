@@ -1,5 +1,6 @@
 #include "services/UniversalPackCatalog.h"
 
+#include "base/Discard.h"
 #include "base/Json.h"
 #include "services/Product.h"
 
@@ -77,11 +78,15 @@ QJsonObject encodePack(const UniversalPack& pack) {
 }  // namespace
 
 UniversalPackCatalog UniversalPackCatalog::decode(const QByteArray& json) {
-  const JsonReader root(json);
-  return {.schemaVersion = root[u"schemaVersion"].integer(),
-          .revision = root[u"revision"].string(),
-          .previousRevisionSHA256 = root.optional(u"previousRevisionSHA256", &JsonReader::string),
-          .packs = root[u"packs"].list(&decodePack)};
+  JsonReader root(json);
+  UniversalPackCatalog catalog{
+      .schemaVersion = root[u"schemaVersion"].integer(),
+      .revision = root[u"revision"].string(),
+      .previousRevisionSHA256 = root.optional(u"previousRevisionSHA256", &JsonReader::string),
+      .packs = root[u"packs"].list(&decodePack)};
+  // The document's tree is larger than what was made of it.
+  discard(std::move(root));
+  return catalog;
 }
 
 QByteArray UniversalPackCatalog::encode() const {
@@ -96,6 +101,7 @@ QList<UniversalPack> finalCutPacks(const UniversalPackCatalog& catalog,
                                    const Collation& collation) {
   QList<UniversalPack> packs;
   QList<QString> names;
+  packs.reserve(catalog.packs.size());
   for (const UniversalPack& pack : catalog.packs) {
     if (!pack.targets.contains(kPackTarget)) continue;
     packs.append(pack);
