@@ -31,7 +31,7 @@ struct RequestDraft {
 /// that the user can take it up again. Main thread only.
 class RequestSubmission final : public QObject {
   Q_OBJECT
-  Q_PROPERTY(QStringList modules READ modules CONSTANT FINAL)
+  Q_PROPERTY(QList<QString> modules READ modules CONSTANT FINAL)
   Q_PROPERTY(bool hasDraft READ hasDraft NOTIFY draftChanged FINAL)
   Q_PROPERTY(orvex::RequestDraft draft READ draft NOTIFY draftChanged FINAL)
 
