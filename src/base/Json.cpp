@@ -32,14 +32,22 @@ QString syntaxReason(QJsonParseError::ParseError error) {
   }
 }
 
+// The parser takes what a text begins with for a signature, too, where it is not escaped.
+QByteArray keepingMarks(const QByteArray& document) {
+  // Searched for by its first byte, which texts seldom have.
+  if (!document.contains('\xEF')) return document;
+  return QByteArray(document).replace("\"\xEF\xBB\xBF", "\"\\ufeff");
+}
+
 QJsonValue parsed(const QByteArray& document) {
   // The parser would pass over it; the standard has nobody send one.
   if (document.startsWith("\xEF\xBB\xBF")) fail(QStringLiteral("başında bir imza (BOM) var."));
+  const QByteArray text = keepingMarks(document);
   QJsonParseError error;
-  const QJsonDocument json = QJsonDocument::fromJson(document, &error);
+  const QJsonDocument json = QJsonDocument::fromJson(text, &error);
   if (error.error != QJsonParseError::NoError) {
-    const QByteArrayView before = QByteArrayView(document).first(
-        std::min<qsizetype>(std::max(error.offset, 0), document.size()));
+    const QByteArrayView before =
+        QByteArrayView(text).first(std::min<qsizetype>(std::max(error.offset, 0), text.size()));
     fail(QStringLiteral("%1. satır, %2. sütun: %3.")
              .arg(before.count('\n') + 1)
              .arg(before.size() - before.lastIndexOf('\n'))
