@@ -25,17 +25,17 @@ void grantLibrary(const QString& folder) {
   QSettings settings(QStringLiteral("Vantrelo"), QStringLiteral("Vantrelo Orvex"));
   FolderBookmarkStore bookmarks(platform->folderAccess(), settings, platform->log());
   const auto grant = [&](FolderRegistry&& registry, const char* name) {
-    const auto awaitRoot = [&registry] {
-      while (registry.isScanning() && !registry.rootURL())
+    const auto await = [&](const auto& ended) {
+      while (!registry.rootURL() && !ended())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     };
-    awaitRoot();
+    await([&] { return !registry.isScanning(); });
     if (registry.rootURL()) return;
     QString refusal;
     QObject::connect(&registry, &FolderRegistry::refused, &registry,
                      [&](const QString& reason) { refusal = reason; });
     registry.useFolder(QUrl::fromLocalFile(QDir(folder).absoluteFilePath(QString::fromUtf8(name))));
-    awaitRoot();
+    await([&] { return !refusal.isEmpty(); });
     if (!refusal.isEmpty()) throw DescribedError(refusal);
   };
   grant(LUTRegistry(bookmarks), samples::kLutFolder);
