@@ -34,7 +34,7 @@ OrvexScrollPage {
     required property string emptyMessage
 
     readonly property int currentIndex: grid.currentIndex
-    readonly property bool hasRoot: page.folder !== null && String(page.folder.rootURL).length > 0
+    readonly property bool folderChosen: page.folder !== null && String(page.folder.rootURL).length > 0
     readonly property string situation: {
         if (page.items.count > 0)
             return "list";
@@ -139,7 +139,7 @@ OrvexScrollPage {
         chooseTitle: page.chooseTitle
         found: page.items.count
         refreshTitle: page.refreshTitle
-        refreshable: page.folder === null || page.hasRoot
+        refreshable: page.folder === null || page.folderChosen
         scanDone: page.folder !== null ? page.folder.scanDone : 0
         scanTotal: page.folder !== null ? page.folder.scanTotal : 0
         scanning: page.scanning
