@@ -1,6 +1,7 @@
 #include "base/Directory.h"
 
 #include "base/FileError.h"
+#include "base/FolderStream.h"
 
 #include <QUuid>
 
