@@ -44,8 +44,12 @@ OrvexScrollPage {
             event.accepted = true;
     }
     onFrameChanged: settled.restart()
-    onScanningChanged: if (!page.scanning)
-        page.previews.forget()
+    onScanningChanged: {
+        // What it said may not hold any more.
+        page.preparationError = "";
+        if (!page.scanning)
+            page.previews.forget();
+    }
 
     OrvexAppearance {
         onAppeared: {
@@ -289,5 +293,11 @@ OrvexScrollPage {
 
         onApply: (file, root) => page.apply(file, root)
         onReveal: file => page.reveal(file)
+    }
+
+    // What lies last can be scrolled out from behind the notice.
+    Item {
+        implicitHeight: notice.height
+        visible: page.preparationError.length > 0
     }
 }
