@@ -68,7 +68,8 @@ class OpenDialog final : public QObject {
 
 void QuickFolderChooser::choose(const QString& title, const QString& prompt, Chosen chosen) {
   QQmlComponent component(&engine_);
-  component.setData("import QtQuick.Dialogs\nFolderDialog {}", QUrl());
+  component.setData("import QtQuick.Dialogs\nFolderDialog { options: FolderDialog.ReadOnly }",
+                    QUrl());
   QObject* dialog = component.createWithInitialProperties(
       {{QStringLiteral("title"), title},
        {QStringLiteral("acceptLabel"), prompt},

@@ -214,7 +214,7 @@ FocusScope {
                     Accessible.description: "Seçili Final Cut klibine uygula"
                     Layout.fillWidth: true
                     enabled: card.activePath.length === 0
-                    activeFocusOnTab: card.current
+                    activeFocusOnTab: card.current || activeFocus
                     icon: "camera.filters"
                     objectName: "apply"
                     title: card.applying ? "UYGULANIYOR…" : "UYGULA"
@@ -242,7 +242,7 @@ FocusScope {
 
                     focus: !card.usable
                     Accessible.description: card.revealDescription
-                    activeFocusOnTab: card.current
+                    activeFocusOnTab: card.current || activeFocus
                     icon: "folder"
                     name: "Finder’da göster"
                     objectName: "reveal"

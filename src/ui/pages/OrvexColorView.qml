@@ -22,7 +22,7 @@ OrvexScrollPage {
     readonly property LUTPreviews previews: page.color.previews
     readonly property bool applying: page.applyBridge.activePath.length > 0
     readonly property bool scanning: page.folder.scanning
-    readonly property bool hasFolder: page.scanning || page.folder.health !== EngineHealth.NeedsAccess
+    readonly property bool folderChosen: String(page.folder.rootURL).length > 0
 
     // What the host shows.
     readonly property string frame: page.state.host.sequenceName + " " + page.state.host.playheadSeconds
@@ -59,7 +59,7 @@ OrvexScrollPage {
     }
 
     Shortcut {
-        enabled: page.hasFolder && !page.scanning
+        enabled: page.folderChosen && !page.scanning
         sequences: ["F5"]
 
         onActivated: page.folder.scan()
@@ -232,7 +232,7 @@ OrvexScrollPage {
         skippedFolders: page.folder.skippedFolders
         summary: page.folder.summary
         unit: "LUT"
-        visible: page.hasFolder
+        visible: page.folderChosen || page.scanning
         wide: page.width >= 620
 
         onChoose: page.folder.chooseFolder()
@@ -245,7 +245,7 @@ OrvexScrollPage {
         message: page.folder.lastError
         objectName: "scanError"
         title: "LUT klasörü taranamadı"
-        visible: page.hasFolder && !page.scanning && page.folder.lastError.length > 0
+        visible: page.folderChosen && !page.scanning && page.folder.lastError.length > 0
 
         onClicked: page.folder.scan()
     }
@@ -257,7 +257,7 @@ OrvexScrollPage {
         message: "Bu alan isteğe bağlıdır. Cloud LUT'lar için klasör seçmen gerekmez."
         objectName: "noFolder"
         title: "Yerel LUT klasörü seçilmedi"
-        visible: !page.hasFolder
+        visible: !page.folderChosen && !page.scanning
 
         onClicked: page.folder.chooseFolder()
     }
@@ -269,7 +269,7 @@ OrvexScrollPage {
         message: "Seçilen dizinde .cube dosyası bulunamadı."
         objectName: "noLocal"
         title: "Yerel LUT bulunamadı"
-        visible: page.hasFolder && !page.scanning && page.folder.lastError.length === 0 && local.total === 0
+        visible: page.folderChosen && !page.scanning && page.folder.lastError.length === 0 && local.total === 0
 
         onClicked: page.folder.chooseFolder()
     }
