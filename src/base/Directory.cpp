@@ -1,6 +1,7 @@
 #include "base/Directory.h"
 
 #include "base/FileError.h"
+#include "base/FileName.h"
 
 #include <QUuid>
 
@@ -30,7 +31,8 @@ Directory Directory::open(const QByteArray& path) {
   return {std::move(folder), path};
 }
 
-Directory Directory::make(const QByteArray& path) {
+Directory Directory::make(const QByteArray& written) {
+  const QByteArray path = withoutEndSlashes(written);
   try {
     return open(path);
   } catch (const FileError& error) {

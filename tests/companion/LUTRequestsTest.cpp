@@ -15,6 +15,8 @@ namespace {
 
 struct LUTService : CompanionCase {
   LUTService() {
+    // As people write it, too.
+    qputenv("XDG_DATA_HOME", qgetenv("ORVEX_TEST_HOME") + "/./data/");
     host_ = u"builtin:25"_s;
     clip_ = u"Röportaj 1"_s;
   }
