@@ -28,7 +28,7 @@ bool isDots(QByteArrayView name) {
 Directory Directory::open(const QByteArray& path) {
   FileDescriptor folder(::open(path.constData(), kReadFolder));
   if (!folder) throw failure(QStringLiteral("açılamadı"), path);
-  return {std::move(folder), path};
+  return {std::move(folder), withoutEndSlashes(path)};
 }
 
 Directory Directory::make(const QByteArray& written) {
