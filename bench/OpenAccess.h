@@ -11,11 +11,9 @@ class OpenAccess final : public FolderAccess, public FolderGrants, public System
   void chooseFolder(const QString&, const QString&,
                     std::function<void(std::optional<QUrl>)>) override {}
   std::shared_ptr<FolderGrants> grants() override { return {std::shared_ptr<void>(), this}; }
-  std::expected<QByteArray, QString> makeGrant(const QUrl& folder) override {
-    return folder.toEncoded();
-  }
-  std::expected<Resolved, QString> resolveGrant(const QByteArray& grant) override {
-    return Resolved{QUrl::fromEncoded(grant), false};
+  QByteArray makeGrant(const QUrl& folder) override { return folder.toEncoded(); }
+  Resolved resolveGrant(const QByteArray& grant) override {
+    return {QUrl::fromEncoded(grant), false};
   }
   bool startAccess(const QUrl&) override { return false; }
   void stopAccess(const QUrl&) override {}

@@ -5,6 +5,7 @@
 #include "Output.h"
 #include "base/Bundle.h"
 #include "base/FileUrl.h"
+#include "base/Text.h"
 #include "lut/CloudLUTPreparation.h"
 #include "lut/LUTApplyBridge.h"
 #include "lut/ManagedLibrary.h"

@@ -1,5 +1,7 @@
 #include "Output.h"
 
+#include "base/Text.h"
+
 #include <QJsonDocument>
 
 #include <algorithm>
@@ -7,26 +9,12 @@
 
 namespace orvex {
 
-namespace {
-
-QString withoutControls(QString text, QStringView kept) {
-  for (QChar& c : text)
-    if (c.category() == QChar::Other_Control && !kept.contains(c)) c = QChar::ReplacementCharacter;
-  return text;
-}
-
-}  // namespace
-
-QString printable(const QString& text) {
-  return withoutControls(text, {});
-}
-
 void printLine(const QString& text) {
   std::printf("%s\n", qUtf8Printable(text));
 }
 
 void printError(const QString& text) {
-  std::fprintf(stderr, "%s\n", qUtf8Printable(withoutControls(text, u"\n")));
+  std::fprintf(stderr, "%s\n", qUtf8Printable(printable(text, u"\n")));
 }
 
 void printJson(const QJsonDocument& document) {

@@ -9,9 +9,6 @@ class QJsonDocument;
 
 namespace orvex {
 
-/// `text` with replacement characters for the control characters in it, which the names of files
-/// and what servers say may hold, and terminals obey.
-[[nodiscard]] QString printable(const QString& text);
 /// Writes `text` and a line break to standard output, as UTF-8.
 void printLine(const QString& text);
 /// Writes `text`, printable but for its line breaks, and a line break to standard error, as UTF-8.

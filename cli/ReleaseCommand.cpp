@@ -3,6 +3,7 @@
 #include "Arguments.h"
 #include "Output.h"
 #include "Service.h"
+#include "base/Text.h"
 #include "services/SemanticVersion.h"
 #include "shell/OrvexConfig.h"
 

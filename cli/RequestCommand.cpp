@@ -4,6 +4,7 @@
 #include "HostConnection.h"
 #include "Output.h"
 #include "Service.h"
+#include "base/Text.h"
 #include "shell/RequestSubmission.h"
 
 #include <QJsonDocument>

@@ -18,7 +18,6 @@ namespace orvex {
 namespace {
 
 constexpr std::int64_t kSchemaVersion = 1;
-constexpr auto kManifest = ServicePaths::kManifest + 1;
 // Far beyond what any catalog or release manifest needs.
 constexpr qsizetype kMaximumDocument = 256 * 1024 * 1024;
 
@@ -40,7 +39,7 @@ class Builder {
         packsURL_(catalogURL.resolved(QUrl(QStringLiteral("."))).toString(QUrl::FullyEncoded)),
         packs_(Directory::make(vendor.path("public" + QByteArray(ServicePaths::kPacks)))),
         lock_(packs_, {}) {
-    previousBytes_ = readSmallFile(packs_.descriptor(), kManifest, kMaximumDocument);
+    previousBytes_ = readSmallFile(packs_.descriptor(), ServicePaths::kManifest, kMaximumDocument);
     if (!previousBytes_) return;
     try {
       previous_ = UniversalPackCatalog::decode(*previousBytes_);
@@ -66,7 +65,7 @@ class Builder {
     catalog.previousRevisionSHA256 = previous_.previousRevisionSHA256;
     if (previousBytes_ && catalog.encode() != *previousBytes_)
       catalog.previousRevisionSHA256 = hexDigest(*previousBytes_);
-    changed(replaceIfOther(packs_, kManifest, catalog.encode()));
+    changed(replaceIfOther(packs_, ServicePaths::kManifest, catalog.encode()));
     publishRelease(release);
     result_.revision = catalog.revision;
     result_.packs = catalog.packs.size();
@@ -231,9 +230,9 @@ class Builder {
   void publishRelease(const std::optional<QByteArray>& manifest) {
     const Directory folder =
         Directory::make(vendor_.path("public" + QByteArray(ServicePaths::kReleases)));
-    if (manifest) return changed(replaceIfOther(folder, kManifest, *manifest));
-    changed(folder.has(kManifest));
-    folder.remove(kManifest);
+    if (manifest) return changed(replaceIfOther(folder, ServicePaths::kManifest, *manifest));
+    changed(folder.has(ServicePaths::kManifest));
+    folder.remove(ServicePaths::kManifest);
   }
 
   const Directory& vendor_;

@@ -15,6 +15,7 @@ enum Type : quint8 {
   Simple = 0x0,
   Integer = 0x1,
   Real = 0x2,
+  Date = 0x3,
   Data = 0x4,
   Ascii = 0x5,
   Utf16 = 0x6,
@@ -100,6 +101,9 @@ class Checker {
       case Real:
         require(low == 2 || low == 3, u"it holds an odd number");
         return requireRoom(at, 1, qsizetype{1} << low);
+      case Date:
+        require(low == 3, u"it holds an odd date");
+        return requireRoom(at, 1, sizeof(double));
       case Data:
       case Ascii:
         return visitBytes(at, low, 1);
@@ -118,7 +122,7 @@ class Checker {
         return;
       }
       default:
-        require(false, u"it holds a date or an odd object");
+        require(false, u"it holds an odd object");
     }
   }
 

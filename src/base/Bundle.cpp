@@ -29,11 +29,12 @@ FileDescriptor openFolder(int parent, const QByteArray& path) {
   return FileDescriptor(::openat(parent, path.constData(), kReadFolder));
 }
 
-// What the folder of a language's texts may be called: by its tag in two ways of writing, by the
-// language alone, or by the language's English name, as of old.
+// What the folder of a language's texts may be called: by its tag in two ways of writing, without
+// the region behind the script ("zh-Hans"), by the language alone, or by the language's English
+// name, as of old.
 QStringList folderNames(const QString& tag) {
   const QString language = tag.section(u'-', 0, 0);
-  QStringList names{tag, QString(tag).replace(u'-', u'_'), language};
+  QStringList names{tag, QString(tag).replace(u'-', u'_'), tag.section(u'-', 0, 1), language};
   if (const QLocale locale(language); locale.language() != QLocale::C)
     names.append(QLocale::languageToString(locale.language()));
   names.removeDuplicates();

@@ -2,6 +2,7 @@
 
 #include "base/FileError.h"
 #include "base/FileName.h"
+#include "base/FolderStream.h"
 
 #include <QUuid>
 

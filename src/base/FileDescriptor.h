@@ -1,9 +1,7 @@
 #pragma once
 
 #include <cerrno>
-#include <dirent.h>
 #include <fcntl.h>
-#include <memory>
 #include <unistd.h>
 #include <utility>
 
@@ -13,12 +11,6 @@ namespace orvex {
 /// terminal does not become ours.
 inline constexpr int kReadFile = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
 inline constexpr int kReadFolder = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK;
-
-struct CloseFolder {
-  void operator()(DIR* folder) const noexcept { ::closedir(folder); }
-};
-/// Owns the stream of a folder's entries.
-using FolderStream = std::unique_ptr<DIR, CloseFolder>;
 
 /// Owns a file descriptor.
 class FileDescriptor {

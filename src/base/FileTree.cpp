@@ -1,6 +1,7 @@
 #include "base/FileTree.h"
 
 #include "base/FileDescriptor.h"
+#include "base/FolderStream.h"
 
 #include <cerrno>
 #include <sys/stat.h>
@@ -47,25 +48,24 @@ struct Level {
 
 }  // namespace
 
-FileTree::Result FileTree::walk(const QByteArray& root, const Visitor& visit,
-                                const std::stop_token& stop) {
-  Result result;
+qint64 FileTree::walk(const QByteArray& root, const Visitor& visit, const std::stop_token& stop) {
+  qint64 skippedFolders = 0;
   std::vector<Level> levels;
   if (FolderStream folder = openFolder(AT_FDCWD, root.constData(), 0))
     levels.push_back({std::move(folder), 0});
   else
-    ++result.skippedFolders;
+    ++skippedFolders;
 
   FileTreeEntry entry;
   while (!levels.empty()) {
-    if (stop.stop_requested()) return result;
+    if (stop.stop_requested()) break;
     DIR* folder = levels.back().folder.get();
     const qsizetype prefix = levels.back().prefix;
     errno = 0;
     const dirent* found = ::readdir(folder);
     if (found == nullptr) {
       // A folder that could be read in part only.
-      if (errno != 0) ++result.skippedFolders;
+      if (errno != 0) ++skippedFolders;
       levels.pop_back();
       continue;
     }
@@ -80,15 +80,14 @@ FileTree::Result FileTree::walk(const QByteArray& root, const Visitor& visit,
       // A folder that was swapped for a link since it was read is not followed either.
       if (levels.size() <= kMaximumDepth)
         below = openFolder(entry.parent, found->d_name, O_NOFOLLOW);
-      if (!below) ++result.skippedFolders;
+      if (!below) ++skippedFolders;
     }
     entry.folder = below ? ::dirfd(below.get()) : -1;
     if (visit(entry) == Next::Skip || !below) continue;
     entry.path.append('/');
     levels.push_back({std::move(below), entry.path.size()});
   }
-  result.complete = true;
-  return result;
+  return skippedFolders;
 }
 
 }  // namespace orvex

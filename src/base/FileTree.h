@@ -39,16 +39,10 @@ class FileTree {
   /// Called for every entry; the answer matters for folders only.
   using Visitor = std::function<Next(const FileTreeEntry& entry)>;
 
-  struct Result {
-    /// False when the walk was stopped on the way.
-    bool complete = false;
-    /// Folders that could not be read or lie too deep, the root among them.
-    qint64 skippedFolders = 0;
-  };
-
   /// Walks the tree below `root`, which may be reached through a link, until its end or until
-  /// `stop` is requested. A root that cannot be read has no entries.
-  [[nodiscard]] static Result walk(const QByteArray& root, const Visitor& visit,
+  /// `stop` is requested. A root that cannot be read has no entries. Returns how many folders could
+  /// not be read or lie too deep, the root among them.
+  [[nodiscard]] static qint64 walk(const QByteArray& root, const Visitor& visit,
                                    const std::stop_token& stop);
 };
 

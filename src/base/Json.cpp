@@ -1,5 +1,7 @@
 #include "base/Json.h"
 
+#include "base/ByteOrderMark.h"
+
 #include <QJsonDocument>
 
 #include <algorithm>
@@ -41,7 +43,7 @@ QByteArray keepingMarks(const QByteArray& document) {
 
 QJsonValue parsed(const QByteArray& document) {
   // The parser would pass over it; the standard has nobody send one.
-  if (document.startsWith("\xEF\xBB\xBF")) fail(QStringLiteral("başında bir imza (BOM) var."));
+  if (document.startsWith(kByteOrderMark)) fail(QStringLiteral("başında bir imza (BOM) var."));
   const QByteArray text = keepingMarks(document);
   QJsonParseError error;
   const QJsonDocument json = QJsonDocument::fromJson(text, &error);

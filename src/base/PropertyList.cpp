@@ -1,9 +1,11 @@
 #include "base/PropertyList.h"
 
 #include "base/BinaryPropertyList.h"
+#include "base/Text.h"
 
 #include <QXmlStreamReader>
 
+#include <algorithm>
 #include <memory>
 #include <plist/plist.h>
 
@@ -14,14 +16,23 @@ struct NodeDeleter {
   void operator()(void* node) const noexcept { plist_free(node); }
 };
 
+// Whether `text` begins like `form`, in which "0" stands for any digit.
+bool beginsLike(QByteArrayView text, QByteArrayView form) {
+  return text.size() >= form.size() &&
+         std::ranges::equal(text.first(form.size()), form, [](char c, char wanted) {
+           return wanted == '0' ? c >= '0' && c <= '9' : c == wanted;
+         });
+}
+
 // libplist 2.2.0 reads past its buffer on odd <date> texts and recurses without a limit, so the
 // document is walked once by a reader that does neither before it is handed over. The two must not
 // be led to see different documents: declarations inside the document, which only one of them
-// reads, are refused, and so is "<date" where it would be no element; and as libplist takes every
-// document for UTF-8, so does the reader, whatever encoding is declared.
+// reads, are refused, and so is every "<date" that does not begin a date of the one form; and as
+// libplist takes every document for UTF-8, so does the reader, whatever encoding is declared.
 std::expected<void, QString> checkDocument(const QByteArray& bytes) {
-  if (bytes.contains("<date"))
-    return std::unexpected(QStringLiteral("the property list holds a date"));
+  for (qsizetype at = 0; (at = bytes.indexOf("<date", at)) >= 0; ++at)
+    if (!beginsLike(QByteArrayView(bytes).sliced(at), "<date>0000-00-00T00:00:00Z</date>"))
+      return std::unexpected(QStringLiteral("the property list holds an odd date"));
   QXmlStreamReader reader(QString::fromUtf8(bytes));
   int depth = 0;
   while (!reader.atEnd()) {
@@ -65,7 +76,7 @@ QVariant convert(plist_t node) {
     case PLIST_STRING: {
       uint64_t length = 0;
       const char* text = plist_get_string_ptr(node, &length);
-      return QVariant(QString::fromUtf8(text, static_cast<qsizetype>(length)));
+      return QVariant(utf8Text({text, static_cast<qsizetype>(length)}));
     }
     case PLIST_DATA: {
       uint64_t length = 0;
@@ -96,7 +107,7 @@ QVariant convert(plist_t node) {
         plist_dict_next_item(node, iterator.get(), &rawKey, &value);
         const std::unique_ptr<char, decltype(&free)> key(rawKey, &free);
         if (value == nullptr) break;
-        map.insert(QString::fromUtf8(key.get()), convert(value));
+        map.insert(utf8Text(key.get()), convert(value));
       }
       return map;
     }

@@ -1,11 +1,25 @@
 #include "base/Text.h"
 
+#include "base/ByteOrderMark.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <limits>
 
 namespace orvex {
+
+QString utf8Text(QByteArrayView utf8) {
+  if (!utf8.startsWith(kByteOrderMark)) return QString::fromUtf8(utf8);
+  // A mark is dropped at the beginning only.
+  return QString::fromUtf8('.' + utf8.toByteArray()).sliced(1);
+}
+
+QString printable(QString text, QStringView kept) {
+  for (QChar& c : text)
+    if (c.category() == QChar::Other_Control && !kept.contains(c)) c = QChar::ReplacementCharacter;
+  return text;
+}
 
 // QString's own formatting rounds ties away from zero and so differs from printf in the last digit
 // (0.125 becomes "0.13").

@@ -1,6 +1,6 @@
 #include "base/Utf8Reader.h"
 
-#include <QByteArrayView>
+#include "base/ByteOrderMark.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -10,9 +10,6 @@
 
 namespace orvex {
 
-/// What some programs put before UTF-8 text; it is no part of it.
-inline constexpr QByteArrayView kByteOrderMark("\xEF\xBB\xBF");
-
 /// Reads text files whose beginning is wanted and whose whole must be UTF-8. Memory does not grow
 /// with the file. One reader serves one thread, file after file.
 class Utf8Reader {

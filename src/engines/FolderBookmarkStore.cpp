@@ -16,12 +16,6 @@ struct Restored {
   std::optional<QByteArray> fresh;
 };
 
-template <typename Value>
-Value valueOf(std::expected<Value, QString> result) {
-  if (!result) throw DescribedError(result.error());
-  return *std::move(result);
-}
-
 }  // namespace
 
 FolderBookmarkStore::FolderBookmarkStore(FolderAccess& access, QSettings& settings, SystemLog& log)
@@ -36,9 +30,7 @@ void FolderBookmarkStore::keepDirectory(const QUrl& folder, const QString& key,
                                         Background& background,
                                         std::function<void(std::expected<void, QString>)> kept) {
   background.run(
-      [grants = access_.grants(), folder](const WorkControl&) {
-        return valueOf(grants->makeGrant(folder));
-      },
+      [grants = access_.grants(), folder](const WorkControl&) { return grants->makeGrant(folder); },
       [this, key, kept = std::move(kept)](std::expected<QByteArray, std::exception_ptr> grant) {
         if (grant) {
           settings_.setValue(key, *grant);
@@ -56,9 +48,9 @@ void FolderBookmarkStore::restoreDirectory(const QString& key, Background& backg
   if (stored.typeId() != QMetaType::QByteArray) return restored(std::nullopt);
   background.run(
       [grants = access_.grants(), bytes = stored.toByteArray()](const WorkControl&) {
-        const FolderGrants::Resolved resolved = valueOf(grants->resolveGrant(bytes));
+        const FolderGrants::Resolved resolved = grants->resolveGrant(bytes);
         return Restored{resolved.url, resolved.stale
-                                          ? std::optional(valueOf(grants->makeGrant(resolved.url)))
+                                          ? std::optional(grants->makeGrant(resolved.url))
                                           : std::nullopt};
       },
       [this, key,

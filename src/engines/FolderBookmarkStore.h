@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QObject>
 #include <QString>
 #include <QUrl>
 
@@ -20,9 +19,7 @@ class SystemLog;
 /// It never begins to use a folder: who reads one brackets that with `startAccess` and
 /// `stopAccess`. The file system is asked on the `background` of whoever asks, who is told nothing
 /// of what is superseded there. Main thread only.
-class FolderBookmarkStore final : public QObject {
-  Q_OBJECT
-
+class FolderBookmarkStore final {
  public:
   /// All of it outlives the store.
   FolderBookmarkStore(FolderAccess& access, QSettings& settings, SystemLog& log);

@@ -17,7 +17,7 @@ class FolderBookmarkStore;
 
 /// The life of an inventory that is made of one folder which the user granted: it finds the folder
 /// again at the start, asks for another one, scans on a worker thread and publishes what came of
-/// it. A newer scan supersedes an older one. Main thread only; it never touches the file system
+/// it. A newer scan supersedes an older one. Main thread only; it never looks into folders
 /// there.
 class FolderRegistry : public EngineRegistry {
   Q_OBJECT
@@ -82,8 +82,8 @@ class FolderRegistry : public EngineRegistry {
 
   /// Begins a scan of `root` by calling `run`.
   virtual void beginScan(const QByteArray& root) = 0;
-  /// Runs `work` on the worker thread, with the root open to it, then hands what it found to `take`
-  /// on the main thread.
+  /// Runs `work` on the worker thread, with the root open to it until it has ended or nobody waits
+  /// for what it finds any more, then hands that to `take` on the main thread.
   template <typename Found>
   void run(std::function<Found(const WorkControl&)> work, std::function<void(Found)> take) {
     background_.run(

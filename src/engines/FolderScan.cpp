@@ -42,7 +42,7 @@ FolderScan::FolderScan(QByteArray root, const WorkControl& control)
 
 qint64 FolderScan::walk(const FileTree::Visitor& visit) const {
   qint64 met = 0;
-  const FileTree::Result result = FileTree::walk(
+  const qint64 skippedFolders = FileTree::walk(
       root_,
       [&](const FileTreeEntry& entry) {
         if (++met % kReportEvery == 0) control_.report({met, 0});
@@ -50,7 +50,7 @@ qint64 FolderScan::walk(const FileTree::Visitor& visit) const {
       },
       control_.stop);
   throwIfStopped();
-  return result.skippedFolders;
+  return skippedFolders;
 }
 
 void FolderScan::throwIfStopped() const {

@@ -1,6 +1,7 @@
 #include "engines/FxPlugScan.h"
 
 #include "base/Bundle.h"
+#include "base/Text.h"
 #include "engines/FolderScan.h"
 
 #include <QHash>
@@ -38,14 +39,14 @@ struct Found {
 };
 
 Found read(const FileTreeEntry& entry, const QByteArray& path, const QStringList& languages) {
-  const QString text = QString::fromUtf8(path);
+  const QString text = utf8Text(path);
   const Bundle bundle(text, entry.folder, languages);
   // Bundles with an empty identifier have nothing in common.
   const QString identifier =
       textOf(bundle.infoValue(QStringLiteral("CFBundleIdentifier"))).value_or(QString());
   auto name = textOf(bundle.localizedInfoValue(QStringLiteral("CFBundleDisplayName")));
   if (!name) name = textOf(bundle.localizedInfoValue(QStringLiteral("CFBundleName")));
-  if (!name) name = QString::fromUtf8(FileName(entry.name()).stem);
+  if (!name) name = utf8Text(FileName(entry.name()).stem);
   const QString id = identifier.isEmpty() ? text : identifier;
   return {{id, *name, id,
            textOf(bundle.infoValue(QStringLiteral("CFBundleShortVersionString")))

@@ -7,7 +7,7 @@ namespace orvex {
 
 /// A plug-in bundle.
 struct FxPlugItem {
-  /// The bundle's identifier, or its path when it has none.
+  /// The bundle's identifier, or its path when it has none or an empty one.
   QString id;
   QString name;
   /// The same as `id`.

@@ -1,5 +1,7 @@
 #include "engines/LUTHeader.h"
 
+#include "base/Text.h"
+
 #include <array>
 
 namespace orvex {
@@ -40,7 +42,7 @@ LUTHeader LUTHeader::parse(const QByteArray& text) {
     begin = end + 1;
     if (bytes.isEmpty()) continue;
     ++lines;
-    const QString line = QString::fromUtf8(bytes).trimmed();
+    const QString line = utf8Text(bytes).trimmed();
     if (constexpr QLatin1StringView kTitle("TITLE "); line.startsWith(kTitle))
       header.title = trimmedOf(QStringView(line).sliced(kTitle.size()), isQuoteOrSpace).toString();
     for (const SizeLine& size : kSizeLines) {

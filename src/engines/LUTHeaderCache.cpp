@@ -3,6 +3,7 @@
 #include "base/NewFile.h"
 #include "base/Sha256.h"
 #include "base/SmallFile.h"
+#include "base/Text.h"
 
 #include <QDataStream>
 #include <QFile>
@@ -23,8 +24,10 @@ constexpr qsizetype kMaximumBytes = qsizetype{64} * 1024 * 1024;
 constexpr qsizetype kMaximumTitle = 256;
 constexpr qint64 kTrustedAge = 2'000'000'000;
 
+// Unsigned on the way, because a file system may claim any time; it is compared only.
 qint64 nanoseconds(const timespec& time) noexcept {
-  return qint64{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
+  return static_cast<qint64>(static_cast<quint64>(time.tv_sec) * 1'000'000'000U +
+                             static_cast<quint64>(time.tv_nsec));
 }
 
 }  // namespace
@@ -49,7 +52,7 @@ std::optional<LUTHeader> LUTHeaderCache::find(const FileIdentity& file) {
 void LUTHeaderCache::add(const FileIdentity& file, const LUTHeader& header) {
   timespec now{};
   ::clock_gettime(CLOCK_REALTIME, &now);
-  if (nanoseconds(now) - std::max(file.changed, file.modified) < kTrustedAge) return;
+  if (std::max(file.changed, file.modified) > nanoseconds(now) - kTrustedAge) return;
   if (header.title.value_or(QString()).size() + header.dimension.size() > kMaximumTitle) return;
   entries_.insert({file.device, file.inode}, {file, header, true});
   changed_ = true;
@@ -95,8 +98,8 @@ bool LUTHeaderCache::read(const QByteArray& bytes) {
     QByteArray dimension;
     stream >> file.device >> file.inode >> file.size >> file.modified >> file.changed >> titled >>
         title >> dimension;
-    if (titled) entry.header.title = QString::fromUtf8(title);
-    entry.header.dimension = QString::fromUtf8(dimension);
+    if (titled) entry.header.title = utf8Text(title);
+    entry.header.dimension = utf8Text(dimension);
     entries_.insert({file.device, file.inode}, entry);
   }
   return stream.status() == QDataStream::Ok;

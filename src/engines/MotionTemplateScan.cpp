@@ -1,6 +1,7 @@
 #include "engines/MotionTemplateScan.h"
 
 #include "base/FileUrl.h"
+#include "base/Text.h"
 #include "engines/FolderScan.h"
 
 #include <array>
@@ -38,7 +39,7 @@ QString rawValue(MotionTemplateKind kind) {
 
 QString MotionTemplateItem::category() const {
   const QByteArrayView folder = folderOf(folderOf(path));
-  const QString name = QString::fromUtf8(folder.sliced(folder.lastIndexOf('/') + 1));
+  const QString name = utf8Text(folder.sliced(folder.lastIndexOf('/') + 1));
   return name.isEmpty() ? QStringLiteral("Uncategorized") : name;
 }
 

@@ -1,11 +1,11 @@
 #include "lut/CloudLUTPreparation.h"
 
+#include "base/ByteOrderMark.h"
 #include "base/FileError.h"
 #include "base/FileName.h"
 #include "base/FileUrl.h"
 #include "base/NewFile.h"
 #include "base/Sha256.h"
-#include "base/Utf8Reader.h"
 
 #include <algorithm>
 #include <array>

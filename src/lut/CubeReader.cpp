@@ -1,4 +1,4 @@
-#include "base/Utf8Reader.h"
+#include "base/ByteOrderMark.h"
 #include "lut/CubeLattice.h"
 
 #include <algorithm>

@@ -4,7 +4,6 @@
 #include <QString>
 #include <QUrl>
 
-#include <expected>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -12,7 +11,8 @@
 namespace orvex {
 
 /// Keeps the folders that the user lets the program read beyond the life of the process. It asks
-/// the file system, which may hang where the network does. Any thread.
+/// the file system, which may hang where the network does, and throws `DescribedError` where that
+/// leads to no folder. Any thread.
 class FolderGrants {
  public:
   /// What grant bytes lead to.
@@ -27,12 +27,12 @@ class FolderGrants {
   virtual ~FolderGrants() = default;
 
   /// Bytes from which `resolveGrant` finds the folder again in a later process. They widen nothing:
-  /// whoever has them can reach that folder only. The error is one sentence in Turkish.
-  [[nodiscard]] virtual std::expected<QByteArray, QString> makeGrant(const QUrl& folder) = 0;
+  /// whoever has them can reach that folder only.
+  [[nodiscard]] virtual QByteArray makeGrant(const QUrl& folder) = 0;
 
   /// The folder that grant bytes stand for. Any bytes are safe to hand in; those that were not made
-  /// by `makeGrant`, or whose folder is gone, are an error, one sentence in Turkish.
-  [[nodiscard]] virtual std::expected<Resolved, QString> resolveGrant(const QByteArray& grant) = 0;
+  /// by `makeGrant`, or whose folder is gone, are an error.
+  [[nodiscard]] virtual Resolved resolveGrant(const QByteArray& grant) = 0;
 };
 
 /// Folders that the user lets the program read: asking for one, and using it. Main thread, except

@@ -35,8 +35,9 @@ class Platform {
   /// Makes the system's fonts ready for the first text. Takes a while; any thread.
   virtual void prepareFonts() = 0;
 
-  /// Offers `panel` to companions of this session until the platform is destroyed. False when
-  /// another panel already does, or the session has no message bus; the panel works without.
+  /// Offers `panel` to companions of this session until the platform is destroyed; behind a panel
+  /// that already does, from when that is gone. False when the session has no message bus; the
+  /// panel works without.
   virtual bool exportPanel(PanelEndpoint& panel) = 0;
   /// The panel of this session, seen from another process.
   [[nodiscard]] virtual PanelEndpoint& remotePanel() = 0;

@@ -7,6 +7,6 @@ inline constexpr auto kRequests = "/api/orvex/requests";
 inline constexpr auto kReleases = "/downloads/finalcut";
 inline constexpr auto kPacks = "/downloads/orvex/packs";
 /// The releases' manifest and the packs' catalog in their folders.
-inline constexpr auto kManifest = "/manifest.json";
+inline constexpr auto kManifest = "manifest.json";
 
 }  // namespace orvex::ServicePaths

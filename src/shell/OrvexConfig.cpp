@@ -21,8 +21,11 @@ QString& serviceBase() {
   return base;
 }
 
-QUrl endpoint(const char* path, const char* below = "") {
-  return QUrl(serviceBase() + QLatin1String(path) + QLatin1String(below), QUrl::StrictMode);
+QUrl endpoint(const QString& path) {
+  return QUrl(serviceBase() + path, QUrl::StrictMode);
+}
+QUrl manifest(const char* folder) {
+  return endpoint(QLatin1String(folder) + u'/' + QLatin1String(ServicePaths::kManifest));
 }
 
 }  // namespace
@@ -43,13 +46,13 @@ std::expected<void, QString> OrvexConfig::useService(const QString& service) {
 }
 
 QUrl OrvexConfig::requestCenterURL() {
-  return endpoint(ServicePaths::kRequests);
+  return endpoint(QLatin1String(ServicePaths::kRequests));
 }
 QUrl OrvexConfig::updateManifestURL() {
-  return endpoint(ServicePaths::kReleases, ServicePaths::kManifest);
+  return manifest(ServicePaths::kReleases);
 }
 QUrl OrvexConfig::packsManifestURL() {
-  return endpoint(ServicePaths::kPacks, ServicePaths::kManifest);
+  return manifest(ServicePaths::kPacks);
 }
 
 OrvexServices OrvexConfig::services() {

@@ -5,12 +5,12 @@ namespace {
 struct Walked {
   // With the kind behind each.
   std::vector<QByteArray> paths;
-  FileTree::Result result;
+  qint64 skippedFolders = 0;
 };
 
 Walked walk(const QByteArray& root) {
   Walked walked;
-  walked.result = FileTree::walk(
+  walked.skippedFolders = FileTree::walk(
       root,
       [&](const FileTreeEntry& entry) {
         using Kind = FileTreeEntry::Kind;
@@ -44,16 +44,14 @@ TEST(FileTree, MeetsWhatIsThereAndFollowsNoLink) {
               testing::UnorderedElementsAre("a open", "a/b open", "a/b/file file", "a/loop link",
                                             "a/\xff\xfe file", "dangling link", "fifo other",
                                             "outside link", "skipped open", "locked closed"));
-  EXPECT_TRUE(walked.result.complete);
-  EXPECT_EQ(walked.result.skippedFolders, 1);
+  EXPECT_EQ(walked.skippedFolders, 1);
 }
 
 TEST(FileTree, StopsWhereTheTreeIsTooDeep) {
   const TemporaryTree tree;
   tree.folder(QByteArray("dd/").repeated(600));
   const Walked walked = walk(tree.root());
-  EXPECT_TRUE(walked.result.complete);
-  EXPECT_EQ(walked.result.skippedFolders, 1);
+  EXPECT_EQ(walked.skippedFolders, 1);
   EXPECT_EQ(walked.paths.size(), FileTree::kMaximumDepth + 1);
 }
 
@@ -66,13 +64,16 @@ TEST(FileTree, StopsWhenAskedAndSurvivesATreeThatVanishes) {
     if (++met == 10) stop.request_stop();
     return FileTree::Next::Descend;
   };
-  EXPECT_FALSE(FileTree::walk(tree.root(), stopAtTheTenth, stop.get_token()).complete);
+  std::ignore = FileTree::walk(tree.root(), stopAtTheTenth, stop.get_token());
   EXPECT_EQ(met, 10);
+  met = 0;
   const auto remove = [&](const FileTreeEntry&) {
+    ++met;
     std::filesystem::remove_all(tree.root().toStdString());
     return FileTree::Next::Descend;
   };
-  EXPECT_TRUE(FileTree::walk(tree.root(), remove, {}).complete);
+  std::ignore = FileTree::walk(tree.root(), remove, {});
+  EXPECT_GE(met, 1);
 }
 
 }  // namespace

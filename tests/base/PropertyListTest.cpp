@@ -46,19 +46,22 @@ const QByteArray kDate = QByteArray("\x33") + "12345678";
 TEST(PropertyList, KeepsTypesApartInBothForms) {
   const auto fromXml = PropertyList::parse(
       xml("<dict><key>b</key><true/><key>i</key><integer>5</integer><key>s</key>"
-          "<string>ş</string><key>a</key><array><real>2</real><data>AAE=</data></array></dict>"));
-  // {b: true, i: 5, s: "ş" in UTF-16, a: [2.0, <00 01>]}
-  const auto fromBinary = PropertyList::parse(binary(
-      {"\xD4\x01\x02\x03\x04\x05\x06\x07\x08", text("b"), text("i"), text("s"), text("a"), kTrue,
-       "\x10\x05", "\x61\x01\x5F", "\xA2\x09\x0A",
-       QByteArray("\x23\x40\x00\x00\x00\x00\x00\x00\x00", 9), QByteArray("\x42\x00\x01", 3)}));
+          "<string>ş</string><key>a</key><array><real>2</real><data>AAE=</data>"
+          "<date>2026-01-31T23:59:59Z</date></array></dict>"));
+  // {b: true, i: 5, s: "ş" in UTF-16, a: [2.0, <00 01>, a date]}
+  const auto fromBinary = PropertyList::parse(
+      binary({"\xD4\x01\x02\x03\x04\x05\x06\x07\x08", text("b"), text("i"), text("s"), text("a"),
+              kTrue, "\x10\x05", "\x61\x01\x5F", "\xA3\x09\x0A\x0B",
+              QByteArray("\x23\x40\x00\x00\x00\x00\x00\x00\x00", 9), QByteArray("\x42\x00\x01", 3),
+              kDate}));
   for (const auto& parsed : {fromXml, fromBinary}) {
     ASSERT_TRUE(parsed);
     const QVariantMap map = parsed->toMap();
     EXPECT_EQ(map.value(u"b"_qs), QVariant(true));
     EXPECT_EQ(map.value(u"i"_qs), QVariant(qlonglong{5}));
     EXPECT_EQ(map.value(u"s"_qs), QVariant(u"ş"_qs));
-    EXPECT_EQ(map.value(u"a"_qs), QVariant(QVariantList{2.0, QByteArray("\x00\x01", 2)}));
+    EXPECT_EQ(map.value(u"a"_qs),
+              QVariant(QVariantList{2.0, QByteArray("\x00\x01", 2), QVariant()}));
   }
 }
 
@@ -68,6 +71,7 @@ TEST(PropertyList, RefusesWhatItsParserWouldNotSurvive) {
   const QByteArray rows[]{
       "",
       xml("<date>2020</date>"),
+      xml("<date>2020-01-02T03:04:05Z <"),
       // A date in what only one parser reads.
       {"<!DOCTYPE plist [<!ENTITY a \"]><plist><date>x</date></plist>\">]><plist><true/></plist>"},
       "<!DOCTYPE plist [<!ENTITY a \"b\">]><plist><string>&a;</string></plist>",
@@ -76,7 +80,9 @@ TEST(PropertyList, RefusesWhatItsParserWouldNotSurvive) {
       "<?xml version=\"1.0\" encoding=\"HZ-GB-2312\"?><plist><array><string>~{</string>" + levels +
           QByteArray("</array>").repeated(PropertyList::kMaximumDepth) +
           " <string>~}</string></array></plist>",
-      binary({"\xA1\x01", kDate}),
+      binary({"\xA1\x01",
+              "\x32"
+              "1234"}),
       nested(PropertyList::kMaximumDepth, 1),
       nested(40, 2),
       // Binary ones: holding itself, a reference too far, a length too large, a number for a key,
@@ -99,6 +105,7 @@ TEST(PropertyList, WritesWhatItReadsBackOrNothing) {
                                {u"no"_qs, false},
                                {u"message"_qs, u"Işık LUT'u \U0001F3AC kaydına"_qs},
                                {u"path"_qs, QString(3000, u'/')},
+                               {u"\uFEFFkey"_qs, u"\uFEFF\uFEFF.cube"_qs},
                                {u"boş"_qs, QString(u""_qs)}};
   const auto bytes = PropertyList::binary(dictionary);
   ASSERT_TRUE(bytes) << bytes.error();

@@ -59,6 +59,22 @@ TEST_F(CompanionProcess, PerformsOnThePanelOrSaysWhyNot) {
   }
 }
 
+TEST_F(CompanionProcess, ThePanelThatIsLeftIsAsked) {
+  auto first = makePlatform();
+  struct First final : PanelEndpoint {
+    bool focusPanel() override { return true; }
+    QString hostInUse() override { return {}; }
+    bool performOnBuiltInHost(const QString&) override { return false; }
+    QString applyLUTOnBuiltInHost(const QString&) override { return {}; }
+  } panel;
+  ASSERT_TRUE(first->exportPanel(panel) && platform_->exportPanel(*this));
+  EXPECT_EQ(run({kFocus}).exitCode, 0);
+  EXPECT_EQ(calls_, QStringList());
+  first.reset();
+  EXPECT_EQ(run({kFocus}).exitCode, 0);
+  EXPECT_EQ(calls_, QStringList{u"focus"_s});
+}
+
 TEST_F(CompanionProcess, RegisteredItIsWhatTheDesktopOpensAddressesWith) {
   const QString entry = home(u"data/applications/com.vantrelo.orvex.finalcut.desktop"_s);
   const QString associations = home(u"config/mimeapps.list"_s);

@@ -128,4 +128,17 @@ TEST_F(FolderRegistryTest, TheNewestScanWinsAndAnAbandonedOneEnds) {
   EXPECT_THAT(access.used, IsEmpty());
 }
 
+TEST(EngineHealth, IsItsRawValueAndNoOther) {
+  const std::pair<EngineHealth, QStringView> rows[]{{EngineHealth::Ready, u"ready"},
+                                                    {EngineHealth::NeedsAccess, u"needsAccess"},
+                                                    {EngineHealth::Empty, u"empty"},
+                                                    {EngineHealth::Unavailable, u"unavailable"},
+                                                    {EngineHealth::Error, u"error"}};
+  for (const auto& [health, raw] : rows) {
+    EXPECT_EQ(rawValue(health), raw);
+    EXPECT_EQ(engineHealthFromRawValue(raw), health);
+  }
+  EXPECT_EQ(engineHealthFromRawValue(u"Ready"), std::nullopt);
+}
+
 }  // namespace

@@ -2,6 +2,7 @@
 #include "engines/LUTHeaderCache.h"
 
 #include <ctime>
+#include <sys/stat.h>
 
 TEST(LUTHeader, TakesTheTitleAndTheSizeFromTheFirstLines) {
   const QByteArray lines79 = QByteArray("x\n").repeated(79);
@@ -13,6 +14,7 @@ TEST(LUTHeader, TakesTheTitleAndTheSizeFromTheFirstLines) {
       {"TITLE\t\"x\"\nLUT_3D_SIZE\t33", nullptr, u"CUBE"},
       {"title \"x\"\nlut_3d_size 33", nullptr, u"CUBE"},
       {"LUT_1D_SIZE 1024\nLUT_3D_SIZE 33", nullptr, u"3D 33"},
+      {"x\n\xEF\xBB\xBFLUT_3D_SIZE 33", nullptr, u"CUBE"},
       {"LUT_3D_SIZES 33\n# LUT_3D_SIZE 33", nullptr, u"CUBE"},
       {lines79 + "LUT_3D_SIZE 65", nullptr, u"3D 65"},
       {lines79 + "x\nLUT_3D_SIZE 65", nullptr, u"CUBE"},
@@ -44,6 +46,9 @@ TEST(LUTHeaderCache, TrustsTheSameStateOnlyAndNoDamagedFile) {
     cache.save();
   }
   LUTHeaderCache cache(path);
+  struct stat far = {};
+  far.st_mtim.tv_sec = 99'999'999'999;
+  EXPECT_EQ(cache.find(FileIdentity::of(far)), std::nullopt) << "a time beyond 64 bits";
   EXPECT_EQ(cache.find(kOld), titled);
   EXPECT_EQ(cache.find(fresh), std::nullopt);
   for (auto field : {&FileIdentity::size, &FileIdentity::modified, &FileIdentity::changed}) {

@@ -1,3 +1,4 @@
+#include "base/DescribedError.h"
 #include "base/FileUrl.h"
 #include "platform/FolderAccess.h"
 #include "platform/Platform.h"
@@ -15,12 +16,14 @@ struct FolderGrantTest : PrivateSession {
     ASSERT_EQ(::rename(tree_.path(from).constData(), tree_.path(to).constData()), 0);
   }
   [[nodiscard]] QByteArray grant(const char* name) {
-    return grants_->makeGrant(fileUrl(tree_.path(name))).value_or(QByteArray());
+    return grants_->makeGrant(fileUrl(tree_.path(name)));
   }
   // The path resolved to, with "*" behind it when it is stale; empty for an error.
-  [[nodiscard]] QByteArray resolve(const QByteArray& bytes) {
-    const auto resolved = grants_->resolveGrant(bytes);
-    return resolved ? filePath(resolved->url) + (resolved->stale ? "*" : "") : QByteArray();
+  [[nodiscard]] QByteArray resolve(const QByteArray& bytes) try {
+    const FolderGrants::Resolved resolved = grants_->resolveGrant(bytes);
+    return filePath(resolved.url) + (resolved.stale ? "*" : "");
+  } catch (const DescribedError&) {
+    return {};
   }
   const TemporaryTree tree_;
   const std::unique_ptr<Platform> platform_ = makePlatform();
@@ -32,13 +35,15 @@ TEST_F(FolderGrantTest, LeadBackToTheFolderInALaterProcess) {
     tree_.folder(name);
     const QByteArray bytes = grant(name);
     EXPECT_EQ(resolve(bytes).toStdString(), tree_.path(name).toStdString());
-    EXPECT_EQ(makePlatform()->folderAccess().grants()->resolveGrant(bytes)->url,
+    EXPECT_EQ(makePlatform()->folderAccess().grants()->resolveGrant(bytes).url,
               fileUrl(tree_.path(name)));
   }
   tree_.file("file");
-  for (const QUrl& url :
-       {fileUrl(tree_.path("file")), QUrl(QStringLiteral("file://elsewhere/tmp"))})
-    EXPECT_FALSE(grants_->makeGrant(url)) << qPrintable(url.toString());
+  for (const auto& [url, fault] : {std::pair(fileUrl(tree_.path("file")), "bir klasör değil"),
+                                   {fileUrl(tree_.path("none")), "açılamadı"},
+                                   {QUrl(u"file://elsewhere/tmp"_s), "bu bilgisayarda"}})
+    EXPECT_THAT([&] { std::ignore = grants_->makeGrant(url); },
+                testing::ThrowsMessage<DescribedError>(testing::HasSubstr(fault)));
 }
 
 TEST_F(FolderGrantTest, FollowTheFolderThroughWhatHappensToIt) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/DescribedError.h"
 #include "platform/FolderAccess.h"
 
 #include <QCoreApplication>
@@ -20,18 +21,18 @@ struct ScriptedAccess final : FolderAccess, FolderGrants {
   void answer(const std::optional<QUrl>& folder) { std::exchange(pending, nullptr)(folder); }
 
   std::shared_ptr<FolderGrants> grants() override { return {std::shared_ptr<void>(), this}; }
-  std::expected<QByteArray, QString> makeGrant(const QUrl& folder) override {
+  QByteArray makeGrant(const QUrl& folder) override {
     expectWorker();
-    if (!canGrant) return std::unexpected(QStringLiteral("no grant"));
+    if (!canGrant) throw DescribedError(QStringLiteral("no grant"));
     if (QFileInfo(folder.toLocalFile()).isFile())
-      return std::unexpected(QStringLiteral("a file is no folder."));
+      throw DescribedError(QStringLiteral("a file is no folder."));
     return "grant:" + folder.toEncoded();
   }
-  std::expected<Resolved, QString> resolveGrant(const QByteArray& grant) override {
+  Resolved resolveGrant(const QByteArray& grant) override {
     expectWorker();
     const QByteArray prefix = stale ? "stale:" : "grant:";
-    if (!grant.startsWith(prefix)) return std::unexpected(QStringLiteral("no such grant"));
-    return Resolved{QUrl::fromEncoded(grant.sliced(prefix.size())), stale};
+    if (!grant.startsWith(prefix)) throw DescribedError(QStringLiteral("no such grant"));
+    return {QUrl::fromEncoded(grant.sliced(prefix.size())), stale};
   }
   bool startAccess(const QUrl& folder) override {
     used.append(folder);

@@ -2,7 +2,9 @@
 
 #include "platform/linux/SessionBus.h"
 
+#include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <QDBusReply>
 #include <QObject>
 #include <QVariant>
 
@@ -34,11 +36,15 @@ class ExportedPanel final : public QObject {
     bus_.connection().unregisterObject(objectPath());
   }
 
-  // The object comes before the name, so that who sees the name can call.
+  // The object comes before the name, so that who sees the name can call. Behind a panel that has
+  // the name this one waits for it to go.
   [[nodiscard]] bool offer() {
     if (!bus_.connection().registerObject(objectPath(), this, QDBusConnection::ExportAllSlots))
       return false;
-    offered_ = bus_.connection().registerService(busName());
+    offered_ = bus_.connection()
+                   .interface()
+                   ->registerService(busName(), QDBusConnectionInterface::QueueService)
+                   .isValid();
     if (!offered_) bus_.connection().unregisterObject(objectPath());
     return offered_;
   }

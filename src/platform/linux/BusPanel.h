@@ -12,7 +12,8 @@ class SessionBus;
 
 /// Offers `panel` on the session's bus as `com.vantrelo.orvex.finalcut.Panel`, until the object
 /// that it gives or the bus goes; both `bus` and `panel` outlive that object. Calls arrive on the
-/// main thread. Null when the name is taken or there is no bus.
+/// main thread. While another panel has the name, this one waits for it to go. Null when there is
+/// no bus.
 [[nodiscard]] std::unique_ptr<QObject> exportPanelOn(SessionBus& bus, PanelEndpoint& panel);
 
 /// The panel that another process offers. A call takes at most one second; one that fails answers

@@ -1,6 +1,6 @@
 #include "platform/linux/FolderGrant.h"
 
-#include "base/FileDescriptor.h"
+#include "base/FolderStream.h"
 
 #include <QCryptographicHash>
 #include <QDataStream>
@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
+#include <fcntl.h>
 #include <memory>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>

@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxFolderAccess.h"
 
+#include "base/DescribedError.h"
 #include "base/FileUrl.h"
 #include "platform/linux/FolderGrant.h"
 
@@ -10,31 +11,30 @@ void LinuxFolderAccess::chooseFolder(const QString& title, const QString& prompt
   chooser_.choose(title, prompt, std::move(chosen));
 }
 
-std::expected<QByteArray, QString> LinuxFolderGrants::makeGrant(const QUrl& folder) {
+QByteArray LinuxFolderGrants::makeGrant(const QUrl& folder) {
   const QByteArray path = filePath(folder);
   if (path.isEmpty())
-    return std::unexpected(QStringLiteral("%1 bu bilgisayarda bir klasör değil. Bir klasör seç.")
-                               .arg(folder.toDisplayString()));
+    throw DescribedError(QStringLiteral("%1 bu bilgisayarda bir klasör değil. Bir klasör seç.")
+                             .arg(folder.toDisplayString()));
   const auto grant = FolderGrant::of(path);
   if (!grant && grant.error() == std::errc::not_a_directory)
-    return std::unexpected(
+    throw DescribedError(
         QStringLiteral("%1 bir klasör değil. Bir klasör seç.").arg(QString::fromUtf8(path)));
   if (!grant)
-    return std::unexpected(
+    throw DescribedError(
         QStringLiteral("%1 klasör olarak açılamadı. (%2) Okunabilir olduğunu denetle.")
             .arg(QString::fromUtf8(path), QString::fromLocal8Bit(grant.error().message())));
   return grant->toBytes();
 }
 
-std::expected<FolderGrants::Resolved, QString> LinuxFolderGrants::resolveGrant(
-    const QByteArray& grant) {
+FolderGrants::Resolved LinuxFolderGrants::resolveGrant(const QByteArray& grant) {
   const auto decoded = FolderGrant::fromBytes(grant);
-  if (!decoded) return std::unexpected(QStringLiteral("Klasör izni bozuk. Klasörü yeniden seç."));
+  if (!decoded) throw DescribedError(QStringLiteral("Klasör izni bozuk. Klasörü yeniden seç."));
   const auto place = decoded->locate();
   if (!place)
-    return std::unexpected(
+    throw DescribedError(
         QStringLiteral("%1 artık yok. Klasörü yeniden seç.").arg(QString::fromUtf8(decoded->path)));
-  return Resolved{fileUrl(place->path), place->moved};
+  return {fileUrl(place->path), place->moved};
 }
 
 }  // namespace orvex

@@ -8,8 +8,8 @@ namespace orvex {
 /// Grants on a system whose own rights decide what the panel may read: the memory of a choice.
 class LinuxFolderGrants final : public FolderGrants {
  public:
-  [[nodiscard]] std::expected<QByteArray, QString> makeGrant(const QUrl& folder) override;
-  [[nodiscard]] std::expected<Resolved, QString> resolveGrant(const QByteArray& grant) override;
+  [[nodiscard]] QByteArray makeGrant(const QUrl& folder) override;
+  [[nodiscard]] Resolved resolveGrant(const QByteArray& grant) override;
 };
 
 /// Folders on such a system: using one needs no bracket.

@@ -1,5 +1,7 @@
 #include "platform/linux/SessionBus.h"
 
+#include <QMetaType>
+
 #include <atomic>
 
 namespace orvex {
@@ -10,10 +12,18 @@ QString uniqueName() {
   return QStringLiteral("vantrelo-orvex-%1").arg(++made);
 }
 
+// The bus's thread reads messages, and looks up types for them, until it is ended when the process
+// exits. The registry of types is made with the first type that is registered and must be the older
+// of the two, as what is younger is destroyed first.
+QDBusConnection connect() {
+  struct First {};
+  qRegisterMetaType<First>("orvex::SessionBus::First");
+  return QDBusConnection::connectToBus(QDBusConnection::SessionBus, uniqueName());
+}
+
 }  // namespace
 
-SessionBus::SessionBus()
-    : connection_(QDBusConnection::connectToBus(QDBusConnection::SessionBus, uniqueName())) {}
+SessionBus::SessionBus() : connection_(connect()) {}
 
 SessionBus::~SessionBus() {
   QDBusConnection::disconnectFromBus(connection_.name());
