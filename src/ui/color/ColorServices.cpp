@@ -2,6 +2,8 @@
 
 #include "ui/color/PreviewStore.h"
 
+#include <QPointer>
+
 namespace orvex {
 
 ColorServices::ColorServices(LUTApplyBridge::Environment bridge, HostPicture* hostPicture,
