@@ -15,7 +15,7 @@ OrvexScrollPage {
     readonly property var folder: page.registry
 
     property string search
-    readonly property LUTApplyBridge applyBridge: page.color.makeBridge(page)
+    readonly property LUTApplyBridge applyBridge: page.color.makeBridge(page, page.state)
     // Why the last LUT could not even be handed over, or nothing.
     property string preparationError
 
@@ -118,12 +118,6 @@ OrvexScrollPage {
 
     Connections {
         target: page.applyBridge
-
-        function onLastResultChanged() {
-            const bridge = page.applyBridge;
-            if (bridge.lastResult.length > 0)
-                page.state.showToast(bridge.lastResult, bridge.lastSucceeded ? OrvexToast.Success : OrvexToast.Error, 6.0);
-        }
 
         function onFailed(description: string) {
             page.preparationError = description;
