@@ -4,7 +4,8 @@ import Orvex
 /// A grid of equally high cards on a page that scrolls as a whole. Only the cards in view and a few
 /// around them are made, whatever the number of rows in the model.
 ///
-/// Tab reaches one card, the current one; the arrow keys move on from there. A delegate lets itself
+/// Tab reaches one card, the current one; the arrow keys, Page Up and Down, Home and End move on from
+/// there. A delegate lets itself
 /// be reached while its index is the `currentIndex`, and makes itself current when it gets the focus.
 FocusScope {
     id: grid
@@ -47,14 +48,21 @@ FocusScope {
     onCountChanged: currentIndex = Math.max(0, Math.min(currentIndex, count - 1))
 
     Keys.onPressed: event => {
+        const last = count - 1 - currentIndex;
+        const screen = Math.max(1, Math.floor(page.height / (cardHeight + spacing))) * columns;
         const steps = {
             [Qt.Key_Left]: -1,
             [Qt.Key_Right]: 1,
             [Qt.Key_Up]: -columns,
-            [Qt.Key_Down]: columns
+            [Qt.Key_Down]: columns,
+            [Qt.Key_PageUp]: Math.max(-screen, -currentIndex),
+            [Qt.Key_PageDown]: Math.min(screen, last),
+            [Qt.Key_Home]: -currentIndex,
+            [Qt.Key_End]: last
         };
         const step = steps[event.key];
-        if (step !== undefined && move(step))
+        // At the end of the cards the page takes the key.
+        if (step && move(step))
             event.accepted = true;
     }
 

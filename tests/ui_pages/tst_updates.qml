@@ -51,6 +51,10 @@ PanelCase {
         mouseClick(button("Gece", "Güncelle"));
         tryVerify(() => shows("Gece", "Kurulu: v1.1.0"));
 
+        tryVerify(() => button("Gece", "Kaldır") !== null);
+        mouseClick(button("Gece", "Kaldır"));
+        verify(!card("Gece").busy, "meant for what was there a moment ago");
+        tryVerify(() => button("Gece", "Kaldır").enabled);
         mouseClick(button("Gece", "Kaldır"));
         tryCompare(card("Gece"), "installed", false);
         compare(objects.state.toast.message, "Gece kaldırıldı.");
@@ -78,7 +82,7 @@ PanelCase {
         openUpdates(30, 360, 640);
         const first = button("Pack 0", "Yükle");
         first.forceActiveFocus(Qt.TabFocusReason);
-        for (const [key, index] of [[Qt.Key_Down, 1], [Qt.Key_Up, 0], [Qt.Key_Down, 1]]) {
+        for (const [key, index] of [[Qt.Key_End, 29], [Qt.Key_PageDown, 29], [Qt.Key_Home, 0], [Qt.Key_Down, 1], [Qt.Key_Up, 0], [Qt.Key_Down, 1]]) {
             keyClick(key);
             compare(grid.currentIndex, index);
         }
@@ -88,6 +92,7 @@ PanelCase {
         wait(0);
         keyClick(Qt.Key_Return);
         verify(shows("Pack 1", "INSTALLED") && !card("Pack 1").busy);
+        tryVerify(() => button("Pack 1", "Kaldır").enabled);
         keyClick(Qt.Key_Up);
         keyClick(Qt.Key_Down);
         verify(button("Pack 1", "Kaldır").activeFocus);

@@ -58,7 +58,11 @@ FocusScope {
 
     Accessible.name: card.name
     Accessible.role: Accessible.Grouping
-    onBusyChanged: refocus.running = card.activeFocus
+    onBusyChanged: {
+        refocus.running = card.activeFocus;
+        if (!card.busy)
+            justDone.restart();
+    }
     onActiveFocusChanged: {
         if (!card.activeFocus)
             return;
@@ -78,6 +82,12 @@ FocusScope {
             if (!card.focusFirst([install, cancel]))
                 rest.forceActiveFocus();
         }
+    }
+
+    Timer {
+        id: justDone
+
+        interval: 800
     }
 
     HoverHandler {
@@ -240,6 +250,8 @@ FocusScope {
                 OrvexButton {
                     id: uninstall
 
+                    // Where "İptal" was a moment ago: a press for that one must not remove the pack.
+                    enabled: !justDone.running
                     activeFocusOnTab: card.current || activeFocus
                     icon: "trash"
                     ink: OrvexTheme.danger

@@ -69,25 +69,26 @@ Item {
     }
 
     // One for both handles, as they can lie on each other: a press takes the nearer one, or the upper.
+    // One that misses them is taken, too, or the page would be dragged away.
     MouseArea {
         property SpeedCurveHandle held: null
 
         function drop(): void {
+            if (held)
+                editor.editing.endGesture();
             held = null;
-            editor.editing.endGesture();
         }
 
         anchors.fill: parent
         preventStealing: true
 
         onCanceled: drop()
-        onPositionChanged: mouse => held.dragTo(Qt.point(mouse.x, mouse.y))
+        onPositionChanged: mouse => held?.dragTo(Qt.point(mouse.x, mouse.y))
         onPressed: mouse => {
             const place = Qt.point(mouse.x, mouse.y);
             const [lower, upper] = [handles.itemAt(0), handles.itemAt(1)];
             const nearer = lower.distanceTo(place) < upper.distanceTo(place) ? lower : upper;
-            mouse.accepted = nearer.distanceTo(place) <= nearer.reach;
-            if (!mouse.accepted)
+            if (nearer.distanceTo(place) > nearer.reach)
                 return;
             held = nearer;
             held.forceActiveFocus(Qt.MouseFocusReason);
