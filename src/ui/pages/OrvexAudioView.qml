@@ -65,7 +65,7 @@ LibraryPage {
         ]
 
         onClicked: {
-            details.name = name;
+            details.title = name;
             details.manufacturer = manufacturer;
             details.version = version;
             details.typeName = typeName;
