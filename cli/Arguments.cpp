@@ -1,7 +1,5 @@
 #include "Arguments.h"
 
-#include "base/FileName.h"
-
 #include <QDir>
 #include <QFile>
 
@@ -33,7 +31,7 @@ std::expected<Arguments, QString> Arguments::split(const QStringList& arguments,
 }
 
 QByteArray absolutePath(const QString& path) {
-  return withoutEndSlashes(QFile::encodeName(QDir::current().absoluteFilePath(path)));
+  return QFile::encodeName(QDir::current().absoluteFilePath(path));
 }
 
 std::unexpected<QString> wrongUsage(const QString& command, const QString& usage,

@@ -23,7 +23,7 @@ struct Arguments {
 };
 
 /// The path that was written, from the top of the file system, raw bytes. Links stay, and what ".."
-/// leads to is left to the system; slashes at its end go.
+/// and a slash at its end lead to is left to the system.
 [[nodiscard]] QByteArray absolutePath(const QString& path);
 
 /// The error of a command that was called wrongly: `reason`, then what can be written.

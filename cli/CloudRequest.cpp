@@ -60,6 +60,11 @@ std::expected<CloudRequest, QString> CloudRequest::parse(const QStringList& argu
   if (words.size() > 1) return refused(QStringLiteral("\"%1\" fazla.").arg(words[1]));
   if (request.certificate.isEmpty() != request.key.isEmpty())
     return refused(QStringLiteral("--cert ile --key birlikte verilir."));
+  if (request.certificate.isEmpty() && (request.address == u"0.0.0.0" || request.address == u"::"))
+    return refused(
+        QStringLiteral("\"%1\" için sertifika hazırlanamaz: --address ile panellerin kullanacağı "
+                       "adresi ya da --cert ve --key ile kendi sertifikanı ver.")
+            .arg(request.address));
   request.folder = words[0];
   return request;
 }

@@ -45,7 +45,10 @@ std::expected<HostRequest, QString> HostRequest::parse(const QStringList& argume
   if (takesValue && words.size() < 2)
     return refused(QStringLiteral("\"%1\" bir değer ister.").arg(verb));
   if (!valid)
-    return refused(QStringLiteral("\"%1\" bir sayı değil (ondalık ayırıcı noktadır).").arg(value));
+    return refused((request.verb == Verb::Frames
+                        ? QStringLiteral("\"%1\" 64 bitlik bir tam sayı değil.")
+                        : QStringLiteral("\"%1\" bir sayı değil (ondalık ayırıcı noktadır)."))
+                       .arg(value));
   if (const qsizetype expected = takesValue ? 2 : 1; words.size() > expected)
     return refused(QStringLiteral("\"%1\" fazla.").arg(words[expected]));
   if (request.verb == Verb::Action && !isTimelineAction(request.action))

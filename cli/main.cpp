@@ -1,10 +1,13 @@
 #include "Commands.h"
 #include "Output.h"
+#include "base/FileError.h"
 #include "shell/OrvexConfig.h"
 
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstdio>
 
 namespace {
 
@@ -47,5 +50,9 @@ int main(int argc, char** argv) {
         qApp, [code] { QCoreApplication::exit(code); }, Qt::QueuedConnection);
   };
   run(QCoreApplication::arguments().mid(1), owner, finish);
-  return QCoreApplication::exec();
+  const int code = QCoreApplication::exec();
+  // What somebody waits for and does not get must not pass for done.
+  if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return code;
+  printError(QStringLiteral("Çıktı yazılamadı: %1.").arg(reasonOf(errno)));
+  return std::max<int>(code, Failed);
 }

@@ -23,7 +23,8 @@ using Clock = std::chrono::steady_clock;
 constexpr unsigned kMaximumConnections = 256;
 constexpr unsigned kMaximumConnectionsOfOne = 64;
 constexpr unsigned kIdleSeconds = 30;
-// A body that is too long is read on this far, so that the client gets to read why it is refused.
+// A body that is too long is read to its end up to here, so that the client gets to read why it is
+// refused: an answer before that is lost where the connection ends with bytes on their way.
 constexpr qint64 kMaximumDrained = 16 * kMaximumRequest;
 // What is read of a file at once.
 constexpr std::size_t kBlock = std::size_t{256} * 1024;
@@ -172,7 +173,7 @@ class CloudServer::Daemon {
                                      header(connection, "If-Modified-Since"),
                                      header(connection, "If-Range"), header(connection, "Range")};
       running.exchange.bodyTooLong =
-          header(connection, "Content-Length").toULongLong() > quint64{kMaximumRequest};
+          header(connection, "Content-Length").toULongLong() > quint64{kMaximumDrained};
       if (!running.exchange.bodyTooLong) return MHD_YES;
     } else if (*size > 0) {
       running.received += static_cast<qint64>(*size);

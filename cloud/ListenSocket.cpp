@@ -1,9 +1,8 @@
 #include "cloud/ListenSocket.h"
 
-#include "base/DescribedError.h"
+#include "base/FileError.h"
 
 #include <cerrno>
-#include <cstring>
 #include <memory>
 #include <netdb.h>
 #include <netinet/in.h>
@@ -21,7 +20,7 @@ QString reason(int code) {
     case EADDRNOTAVAIL:
       return QStringLiteral("bu adres bu bilgisayarın değil; --address ile başka bir adres ver");
     default:
-      return QString::fromLocal8Bit(std::strerror(code));
+      return reasonOf(code);
   }
 }
 

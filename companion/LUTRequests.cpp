@@ -78,13 +78,16 @@ std::expected<PendingLUT, QString> LUTRequests::decode(const QByteArray& bytes) 
 
 void LUTRequests::reply(const PendingLUT& request,
                         const std::expected<QString, QString>& outcome) const {
-  // A title from elsewhere can hold what no property list can, and go on for ever.
-  const QString sentence = (outcome ? *outcome : outcome.error()).left(kMaximumMessage);
-  const QString message = QString::fromUtf8(sentence.toUtf8()).remove(QChar::Null);
+  const auto encoded = [&outcome](const QString& message) {
+    return PropertyList::binary(
+        {{QStringLiteral("ok"), outcome.has_value()}, {QStringLiteral("message"), message}});
+  };
+  // A title from elsewhere can go on for ever, and hold what no property list can.
+  const auto whole = encoded((outcome ? *outcome : outcome.error()).left(kMaximumMessage));
   NewFile file(library_);
-  file.write(PropertyList::binary({{QStringLiteral("ok"), outcome.has_value()},
-                                   {QStringLiteral("message"), message}})
-                 .value());
+  file.write(whole ? *whole
+                   : *encoded(outcome ? QStringLiteral("LUT uygulandı.")
+                                      : QStringLiteral("LUT uygulanamadı.")));
   file.moveTo(request.replyName);
 }
 

@@ -25,17 +25,16 @@ void grantLibrary(const QString& folder) {
   QSettings settings(QStringLiteral("Vantrelo"), QStringLiteral("Vantrelo Orvex"));
   FolderBookmarkStore bookmarks(platform->folderAccess(), settings, platform->log());
   const auto grant = [&](FolderRegistry&& registry, const char* name) {
-    const auto awaitRoot = [&registry] {
-      while (registry.isScanning() && !registry.rootURL())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    const auto await = [](const auto& isOver) {
+      while (!isOver()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     };
-    awaitRoot();
+    await([&] { return registry.rootURL() || !registry.isScanning(); });
     if (registry.rootURL()) return;
     QString refusal;
     QObject::connect(&registry, &FolderRegistry::refused, &registry,
                      [&](const QString& reason) { refusal = reason; });
-    registry.useFolder(QUrl::fromLocalFile(QDir(folder).absoluteFilePath(QString::fromUtf8(name))));
-    awaitRoot();
+    registry.useFolder(QUrl::fromLocalFile(folder + u'/' + QString::fromUtf8(name)));
+    await([&] { return registry.rootURL() || !refusal.isEmpty(); });
     if (!refusal.isEmpty()) throw DescribedError(refusal);
   };
   grant(LUTRegistry(bookmarks), samples::kLutFolder);
@@ -44,15 +43,15 @@ void grantLibrary(const QString& folder) {
 }
 
 int run(const QStringList& arguments) {
-  const QString verb = arguments.value(0);
-  const QString folder = arguments.value(1);
-  if (arguments.size() == 2 && verb == u"library")
+  const QString verb = arguments.size() == 2 && !arguments[1].isEmpty() ? arguments[0] : QString();
+  const QString folder = QDir(arguments.value(1)).absolutePath();
+  if (verb == u"library")
     samples::makeLibrary(folder);
-  else if (arguments.size() == 2 && verb == u"grant")
+  else if (verb == u"grant")
     grantLibrary(folder);
-  else if (arguments.size() == 2 && verb == u"packs")
+  else if (verb == u"packs")
     samples::makePacks(folder, samples::PackState::First);
-  else if (arguments.size() == 2 && verb == u"updated-packs")
+  else if (verb == u"updated-packs")
     samples::makePacks(folder, samples::PackState::Updated);
   else {
     std::fputs(

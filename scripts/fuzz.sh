@@ -27,7 +27,8 @@ seconds=30 keep=
 for argument; do
   case $argument in
     --keep) keep=1 ;;
-    *[!0-9]*) sed -n '2,5s/^# //p' "$0" >&2 && exit 2 ;;
+    -h | --help) sed -n '2,5s/^# //p' "$0" && exit 0 ;;
+    *[!0-9]* | "") sed -n '2,5s/^# //p' "$0" >&2 && exit 2 ;;
     *) seconds=$argument ;;
   esac
 done

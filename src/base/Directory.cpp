@@ -1,6 +1,7 @@
 #include "base/Directory.h"
 
 #include "base/FileError.h"
+#include "base/FileName.h"
 #include "base/FolderStream.h"
 
 #include <QUuid>
@@ -28,10 +29,11 @@ bool isDots(QByteArrayView name) {
 Directory Directory::open(const QByteArray& path) {
   FileDescriptor folder(::open(path.constData(), kReadFolder));
   if (!folder) throw failure(QStringLiteral("açılamadı"), path);
-  return {std::move(folder), path};
+  return {std::move(folder), withoutEndSlashes(path)};
 }
 
-Directory Directory::make(const QByteArray& path) {
+Directory Directory::make(const QByteArray& written) {
+  const QByteArray path = withoutEndSlashes(written);
   try {
     return open(path);
   } catch (const FileError& error) {

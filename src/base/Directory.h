@@ -60,7 +60,7 @@ class Directory {
       : folder_(std::move(folder)), path_(std::move(path)) {}
 
   FileDescriptor folder_;
-  // For the messages of errors only.
+  // What it was opened by: for messages, and to name what lies in it to others.
   QByteArray path_;
 };
 

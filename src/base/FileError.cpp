@@ -6,10 +6,8 @@
 #include <cstring>
 
 namespace orvex {
-namespace {
 
-// What people meet, with what to do about it; the rest in the system's own words.
-QString reason(int code) {
+QString reasonOf(int code) {
   switch (code) {
     case ENOSPC:
     case EDQUOT:
@@ -25,13 +23,16 @@ QString reason(int code) {
       return QStringLiteral("dosya ya da klasör yok");
     case ENOTDIR:
     case ELOOP:
-      return QStringLiteral("yolda klasör yerine bir bağlantı ya da dosya var; onu kaldır");
+      return QStringLiteral(
+          "yolda klasör yerine bir bağlantı ya da dosya var; başka bir yol ver ya da onu kaldır");
     case EEXIST:
       return QStringLiteral("bu adda bir dosya ya da klasör zaten var; onu kaldır");
     case EINVAL:
-      return QStringLiteral("bu türden bir dosyayla yapılamaz");
+      return QStringLiteral("düz bir dosya değil; klasörler ve özel dosyalar olmaz");
     case ENAMETOOLONG:
       return QStringLiteral("ad çok uzun");
+    case ECONNREFUSED:
+      return QStringLiteral("orada dinleyen yok");
     case EMFILE:
     case ENFILE:
       return QStringLiteral("çok fazla dosya açık; başka programları kapat");
@@ -40,10 +41,9 @@ QString reason(int code) {
   }
 }
 
-}  // namespace
-
 FileError::FileError(const QString& what, const QByteArray& path, int code)
-    : DescribedError(QStringLiteral("%1 %2: %3.").arg(QFile::decodeName(path), what, reason(code))),
+    : DescribedError(
+          QStringLiteral("%1 %2: %3.").arg(QFile::decodeName(path), what, reasonOf(code))),
       code_(code) {}
 
 }  // namespace orvex

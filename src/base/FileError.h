@@ -6,6 +6,10 @@
 
 namespace orvex {
 
+/// The errno value `code` in Turkish, where people meet it with what to do about it; else in the
+/// system's own words. Without a full stop.
+[[nodiscard]] QString reasonOf(int code);
+
 /// The system refused something that was asked of a file or folder.
 class FileError final : public DescribedError {
  public:

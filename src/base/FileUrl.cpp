@@ -3,9 +3,10 @@
 namespace orvex {
 
 QUrl fileUrl(const QByteArray& path) {
-  // Two slashes at the beginning would be taken for the name of another machine.
-  if (path.isValidUtf8() && !path.startsWith("//"))
-    return QUrl::fromLocalFile(QString::fromUtf8(path));
+  // The toolkit's own loses some: bytes that are not UTF-8, a few characters that it takes for
+  // invalid, and two slashes at the beginning, taken for the name of another machine.
+  const QUrl url = QUrl::fromLocalFile(QString::fromUtf8(path));
+  if (filePath(url) == path) return url;
   return QUrl::fromEncoded("file://" + path.toPercentEncoding("/"), QUrl::StrictMode);
 }
 

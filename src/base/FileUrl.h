@@ -6,8 +6,8 @@
 
 namespace orvex {
 
-/// The URL of a file. `path` is absolute and raw: bytes that are not UTF-8 stay in the URL as
-/// escapes, so that `filePath` gives them back unchanged.
+/// The URL of a file. `path` is absolute and raw, and `filePath` gives it back unchanged: bytes
+/// that are not UTF-8 are escapes in the URL.
 [[nodiscard]] QUrl fileUrl(const QByteArray& path);
 
 /// The raw bytes of a file URL's path, to open the file with; empty when `url` names no file of

@@ -1,12 +1,15 @@
 #include "base/UserFolders.h"
 
+#include <QDir>
 #include <QStandardPaths>
 
 namespace orvex {
 namespace {
 
+// In one spelling, whatever the environment says: paths below it are compared.
 QString ownFolder(QStandardPaths::StandardLocation location) {
-  return QStandardPaths::writableLocation(location) + QStringLiteral("/Vantrelo Orvex/FinalCut");
+  return QDir::cleanPath(QStandardPaths::writableLocation(location) +
+                         QStringLiteral("/Vantrelo Orvex/FinalCut"));
 }
 
 }  // namespace

@@ -50,17 +50,14 @@ void sweep(const Directory& requests) {
 }
 
 QByteArray encoded(const QByteArray& copy, const QByteArray& reply) {
-  // Property lists hold texts, not bytes.
-  if (!copy.isValidUtf8() || !reply.isValidUtf8())
-    throw DescribedError(
-        QStringLiteral("LUT'un yolu UTF-8 değil (%1). Dosyayı yeniden adlandır ve tekrar dene.")
-            .arg(QString::fromUtf8(copy)));
   const auto list = PropertyList::binary({{QStringLiteral("path"), QString::fromUtf8(copy)},
                                           {QStringLiteral("reply"), QString::fromUtf8(reply)}});
-  if (!list)
+  // Property lists hold texts, not bytes.
+  if (!list || !copy.isValidUtf8() || !reply.isValidUtf8())
     throw DescribedError(
-        QStringLiteral("LUT bridge request yazılamadı (%1). LUT'u daha kısa bir yola taşı.")
-            .arg(list.error()));
+        QStringLiteral("LUT'un yolu UTF-8 değil ya da çok uzun (%1). Dosyayı yeniden adlandır ve "
+                       "tekrar dene.")
+            .arg(QString::fromUtf8(copy)));
   return *list;
 }
 

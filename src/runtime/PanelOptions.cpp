@@ -1,9 +1,12 @@
 #include "runtime/PanelOptions.h"
 
 #include "shell/OrvexConfig.h"
+#include "shell/PanelSize.h"
 
 #include <QCommandLineParser>
 #include <QRegularExpression>
+
+#include <algorithm>
 
 namespace orvex {
 namespace {
@@ -12,11 +15,12 @@ std::expected<QSizeF, QString> parseSize(const QString& text) {
   static const QRegularExpression form(QStringLiteral("^([0-9]{3,4})x([0-9]{3,4})$"));
   const QRegularExpressionMatch match = form.match(text);
   const QSizeF size(match.captured(1).toInt(), match.captured(2).toInt());
-  if (!match.hasMatch() || size.width() < 320 || size.height() < 320)
+  if (!match.hasMatch() || std::min(size.width(), size.height()) < kLeastPanelExtent)
     return std::unexpected(
-        QStringLiteral("--size \"%1\" geçersiz: GENİŞLİKxYÜKSEKLİK yaz, ikisi de en az 320 "
+        QStringLiteral("--size \"%1\" geçersiz: GENİŞLİKxYÜKSEKLİK yaz, ikisi de en az %2 "
                        "(örneğin 1040x780).")
-            .arg(text));
+            .arg(text)
+            .arg(kLeastPanelExtent));
   return size;
 }
 

@@ -1,5 +1,7 @@
 #include "runtime/PanelWindow.h"
 
+#include "shell/PanelSize.h"
+
 #include <QEvent>
 #include <QQuickItem>
 #include <QScreen>
@@ -8,15 +10,10 @@
 #include <cmath>
 
 namespace orvex {
-namespace {
-
-constexpr int kMinimumExtent = 320;
-
-}  // namespace
 
 PanelWindow::PanelWindow() : panelArea_(new QQuickItem(contentItem())) {
   setTitle(QStringLiteral("Vantrelo Orvex"));
-  setMinimumSize({kMinimumExtent, kMinimumExtent});
+  setMinimumSize({kLeastPanelExtent, kLeastPanelExtent});
   connect(this, &QWindow::widthChanged, this, &PanelWindow::layOut);
   connect(this, &QWindow::heightChanged, this, &PanelWindow::layOut);
 }
@@ -25,7 +22,7 @@ void PanelWindow::setStrip(QQuickItem* strip) {
   strip_ = strip;
   strip_->setParent(this);
   strip_->setParentItem(contentItem());
-  setMinimumHeight(kMinimumExtent + static_cast<int>(std::ceil(stripHeight())));
+  setMinimumHeight(kLeastPanelExtent + static_cast<int>(std::ceil(stripHeight())));
   layOut();
 }
 

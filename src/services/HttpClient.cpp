@@ -81,7 +81,7 @@ class HttpClient::Connection final {
     bool isDownload = false;
     // A line of the answer to the newest request of this exchange has come.
     bool isAnswered = false;
-    // The body belongs to a status that nobody reads it of.
+    // The body, or its rest, belongs to a status that says enough.
     bool isBodyUnwanted = false;
     std::size_t headerBytes = 0;
     // What a callback threw.
@@ -241,7 +241,9 @@ class HttpClient::Connection final {
       (*transfer.sink)(QByteArrayView(data, static_cast<qsizetype>(size)));
       return size;
     } catch (...) {
-      transfer.failure = std::current_exception();
+      // Of a refusal the status counts, however long its words are.
+      transfer.isBodyUnwanted = !isSuccess(connection->status());
+      if (!transfer.isBodyUnwanted) transfer.failure = std::current_exception();
       return 0;
     }
   }

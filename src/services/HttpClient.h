@@ -24,7 +24,8 @@ struct HttpOptions {
   /// A download ends that brings less than `minimumRate` bytes a second for so long.
   std::chrono::milliseconds stallTimeout = std::chrono::seconds(30);
   qint64 minimumRate = 1000;
-  /// Where positive, what `HttpRequest::timeout` is cut down to.
+  /// Where positive, what `HttpRequest::timeout` is cut down to: for tests, which do not wait as
+  /// long as the services' limits are.
   std::chrono::milliseconds longestTimeout{};
 };
 
@@ -36,7 +37,7 @@ struct HttpRequest {
   QByteArray body;
   /// For the whole exchange, the connection included.
   std::chrono::milliseconds timeout{};
-  /// The answer's body may not be longer.
+  /// The answer's body may not be longer; where the status is no success, what is longer is cut.
   qint64 maximumBytes = 0;
 };
 

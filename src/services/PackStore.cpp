@@ -18,7 +18,8 @@ namespace {
 
 using Kind = UniversalPackClientError::Kind;
 
-// More than the longest names of more files than any catalog can list.
+// Some sixty thousand files with the longest names; a pack with more is refused before it is
+// fetched.
 constexpr qsizetype kMaximumRecord = qsizetype{16} * 1024 * 1024;
 // Nobody replaces a pack so often while it is being read.
 constexpr int kAttempts = 20;

@@ -6,6 +6,7 @@
 #include "shell/OrvexPage.h"
 #include "shell/OrvexToast.h"
 #include "shell/PackOperations.h"
+#include "shell/PanelSize.h"
 #include "shell/ReleaseCheck.h"
 #include "shell/RequestSubmission.h"
 
@@ -26,8 +27,7 @@ class OrvexState : public QObject, public HostState {
   Q_PROPERTY(orvex::ReleaseState release READ release NOTIFY releaseChanged FINAL)
   Q_PROPERTY(bool hasToast READ hasToast NOTIFY toastChanged FINAL)
   Q_PROPERTY(orvex::OrvexToast toast READ toastOrLast NOTIFY toastChanged FINAL)
-  Q_PROPERTY(bool requestSending READ requestSending WRITE setRequestSending NOTIFY
-                 requestSendingChanged FINAL)
+  Q_PROPERTY(bool requestSending READ requestSending NOTIFY requestSendingChanged FINAL)
   Q_PROPERTY(bool packsRefreshing READ packsRefreshing NOTIFY packsRefreshingChanged FINAL)
   Q_PROPERTY(QString packLastError READ packLastErrorOrEmpty NOTIFY packLastErrorChanged FINAL)
   Q_PROPERTY(orvex::RequestSubmission* request READ request CONSTANT FINAL)
@@ -35,6 +35,7 @@ class OrvexState : public QObject, public HostState {
   Q_PROPERTY(double panelWidth READ panelWidth WRITE setPanelWidth NOTIFY panelWidthChanged FINAL)
   Q_PROPERTY(
       double panelHeight READ panelHeight WRITE setPanelHeight NOTIFY panelHeightChanged FINAL)
+  Q_PROPERTY(double leastPanelExtent READ leastPanelExtent CONSTANT FINAL)
 
  public:
   /// With the services of the configuration.
@@ -60,11 +61,10 @@ class OrvexState : public QObject, public HostState {
   /// the next turn of the event loop.
   Q_INVOKABLE void showToast(const QString& message, orvex::OrvexToast::Kind kind, double duration);
 
-  /// A request to the vendor is being sent; kept by the request page.
+  /// A request to the vendor is being sent.
   [[nodiscard]] bool requestSending() const noexcept { return requestSending_; }
-  void setRequestSending(bool sending);
 
-  /// The size last asked for, in points.
+  /// The size last asked for, or what the user has made of the window since; in points.
   [[nodiscard]] double panelWidth() const noexcept { return panelWidth_; }
   [[nodiscard]] double panelHeight() const noexcept { return panelHeight_; }
   void setPanelWidth(double width);
@@ -104,6 +104,7 @@ class OrvexState : public QObject, public HostState {
   /// What the request page sends with.
   [[nodiscard]] RequestSubmission* request() noexcept { return &request_; }
   [[nodiscard]] static QString panelVersion();
+  [[nodiscard]] static double leastPanelExtent() noexcept { return kLeastPanelExtent; }
 
  Q_SIGNALS:
   void activePageChanged();
@@ -121,6 +122,7 @@ class OrvexState : public QObject, public HostState {
   void packLastErrorChanged();
 
  private:
+  void setRequestSending(bool sending);
   // What leaves the screen keeps its text while it fades.
   [[nodiscard]] OrvexToast toastOrLast() const { return lastToast_; }
   [[nodiscard]] QString packLastErrorOrEmpty() const { return packLastError().value_or(QString()); }
@@ -131,8 +133,8 @@ class OrvexState : public QObject, public HostState {
   OrvexToast lastToast_;
   QTimer toastTask_;
   bool requestSending_ = false;
-  double panelWidth_ = 1040;
-  double panelHeight_ = 780;
+  double panelWidth_ = kPanelSize.width();
+  double panelHeight_ = kPanelSize.height();
   ReleaseCheck releaseCheck_;
   PackOperations packOperations_;
   RequestSubmission request_;

@@ -36,7 +36,10 @@ void RequestSubmission::send(const QString& title, const QString& detail, const 
        detail = request.description](const std::expected<QString, std::exception_ptr>& id) {
         if (id) {
           // The page may have been left while this was on its way.
-          if (draft_.title.trimmed() == title && draft_.detail.trimmed() == detail) dropDraft();
+          drafts_.removeIf([&](const RequestDraft& draft) {
+            return draft.title.trimmed() == title && draft.detail.trimmed() == detail;
+          });
+          Q_EMIT draftsChanged();
           Q_EMIT sent();
           Q_EMIT toast(QStringLiteral("Talep gönderildi • ") + *id, OrvexToast::Kind::success, 3.2);
         } else {
@@ -51,13 +54,15 @@ void RequestSubmission::send(const QString& title, const QString& detail, const 
 void RequestSubmission::keepDraft(const QString& title, const QString& detail,
                                   const QString& module) {
   if (title.trimmed().isEmpty() && detail.trimmed().isEmpty()) return;
-  draft_ = {title, detail, module};
-  Q_EMIT draftChanged();
+  drafts_.append({title, detail, module});
+  Q_EMIT draftsChanged();
 }
 
-void RequestSubmission::dropDraft() {
-  draft_ = {};
-  Q_EMIT draftChanged();
+RequestDraft RequestSubmission::takeDraft() {
+  if (drafts_.isEmpty()) return {};
+  const RequestDraft newest = drafts_.takeLast();
+  Q_EMIT draftsChanged();
+  return newest;
 }
 
 }  // namespace orvex

@@ -32,8 +32,8 @@ struct RequestDraft {
 class RequestSubmission final : public QObject {
   Q_OBJECT
   Q_PROPERTY(QList<QString> modules READ modules CONSTANT FINAL)
-  Q_PROPERTY(bool hasDraft READ hasDraft NOTIFY draftChanged FINAL)
-  Q_PROPERTY(orvex::RequestDraft draft READ draft NOTIFY draftChanged FINAL)
+  Q_PROPERTY(bool hasDraft READ hasDraft NOTIFY draftsChanged FINAL)
+  Q_PROPERTY(orvex::RequestDraft draft READ draft NOTIFY draftsChanged FINAL)
 
  public:
   explicit RequestSubmission(RequestCenterClient client);
@@ -45,24 +45,25 @@ class RequestSubmission final : public QObject {
   Q_INVOKABLE void send(const QString& title, const QString& detail, const QString& module,
                         const orvex::HostSnapshot& host);
 
-  [[nodiscard]] bool hasDraft() const {
-    return !draft_.title.isEmpty() || !draft_.detail.isEmpty();
-  }
-  [[nodiscard]] const RequestDraft& draft() const noexcept { return draft_; }
-  /// Blank texts leave what was kept before.
+  [[nodiscard]] bool hasDraft() const noexcept { return !drafts_.isEmpty(); }
+  /// The newest one.
+  [[nodiscard]] RequestDraft draft() const { return drafts_.value(drafts_.size() - 1); }
+  /// Blank texts are not kept.
   Q_INVOKABLE void keepDraft(const QString& title, const QString& detail, const QString& module);
-  Q_INVOKABLE void dropDraft();
+  /// The newest one, which is no longer kept; the one before it is the newest then.
+  Q_INVOKABLE orvex::RequestDraft takeDraft();
 
  Q_SIGNALS:
   void sendingChanged(bool sending);
   /// The service took the request.
   void sent();
   void toast(const QString& message, orvex::OrvexToast::Kind kind, double duration);
-  void draftChanged();
+  void draftsChanged();
 
  private:
   const RequestCenterClient client_;
-  RequestDraft draft_;
+  // Oldest first.
+  QList<RequestDraft> drafts_;
   Background background_;
 };
 

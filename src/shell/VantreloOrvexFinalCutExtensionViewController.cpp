@@ -20,9 +20,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr QSizeF kContentSize{1040, 780};
 constexpr ViewColor kBackground{0.012, 0.017, 0.023, 1.0};
-constexpr double kMinimumExtent = 320;
 constexpr auto kFocusDelay = 300ms;
 constexpr auto kConnectDelay = 600ms;
 // The panel is laid out anew for each size.
@@ -36,7 +34,7 @@ QString sizeText(QSizeF size) {
 // and large enough.
 bool isExtent(const QVariant& value) {
   return value.typeId() == QMetaType::Double && std::isfinite(value.toDouble()) &&
-         value.toDouble() >= kMinimumExtent;
+         value.toDouble() >= kLeastPanelExtent;
 }
 
 }  // namespace
@@ -82,10 +80,10 @@ FinalCutHostAdapter& VantreloOrvexFinalCutExtensionViewController::hostAdapter()
 }
 
 void VantreloOrvexFinalCutExtensionViewController::loadView() {
-  environment_.view.createView(kContentSize, kBackground);
-  environment_.view.setPreferredContentSize(kContentSize);
+  environment_.view.createView(kPanelSize, kBackground);
+  environment_.view.setPreferredContentSize(kPanelSize);
   environment_.log.line(
-      QStringLiteral("[Vantrelo Orvex] loadView size=%1").arg(sizeText(kContentSize)));
+      QStringLiteral("[Vantrelo Orvex] loadView size=%1").arg(sizeText(kPanelSize)));
 }
 
 void VantreloOrvexFinalCutExtensionViewController::viewDidLoad() {
@@ -116,7 +114,7 @@ void VantreloOrvexFinalCutExtensionViewController::grantPanelSize() {
 }
 
 void VantreloOrvexFinalCutExtensionViewController::viewDidAppear() {
-  environment_.view.setPreferredContentSize(kContentSize);
+  environment_.view.setPreferredContentSize(kPanelSize);
   environment_.log.line(
       QStringLiteral("[Vantrelo Orvex] viewDidAppear window=%1 size=%2")
           .arg(environment_.view.windowDescription(), sizeText(environment_.view.viewSize())));

@@ -1,5 +1,7 @@
 #include "ui/OrvexAdaptiveGrid.h"
 
+#include "ui/OrvexColumns.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -64,23 +66,15 @@ QList<QQuickItem*> OrvexAdaptiveGrid::cells() const {
 
 void OrvexAdaptiveGrid::updatePolish() {
   if (!isComponentComplete() || width() <= 0) return;
-  const int fitting =
-      static_cast<int>(std::floor((width() + spacing_) / (minimumWidth_ + spacing_)));
-  const int columns = std::max(1, std::min(fitting, maximumColumns_));
-  // Edges are whole points, so that outlines and texts stay sharp.
-  const double pitch = (width() + spacing_) / columns;
-  const auto left = [&](qsizetype column) {
-    return std::round(static_cast<double>(column) * pitch);
-  };
-
+  const OrvexColumns columns(width(), minimumWidth_, spacing_, maximumColumns_);
   const QList<QQuickItem*> all = cells();
   double y = 0;
-  for (qsizetype first = 0; first < all.size(); first += columns) {
-    const auto row = all.mid(first, columns);
+  for (qsizetype first = 0; first < all.size(); first += columns.count()) {
+    const auto row = all.mid(first, columns.count());
     double height = 0;
-    for (qsizetype column = 0; column < row.size(); ++column) {
-      row[column]->setPosition({left(column), y});
-      row[column]->setWidth(left(column + 1) - left(column) - spacing_);
+    for (int column = 0; column < row.size(); ++column) {
+      row[column]->setPosition({columns.left(column), y});
+      row[column]->setWidth(columns.width(column));
       height = std::max(height, row[column]->implicitHeight());
     }
     height = std::ceil(height);
@@ -88,7 +82,7 @@ void OrvexAdaptiveGrid::updatePolish() {
     y += height + spacing_;
   }
   setImplicitHeight(all.isEmpty() ? 0 : y - spacing_);
-  if (std::exchange(columns_, columns) != columns) Q_EMIT columnsChanged();
+  if (std::exchange(columns_, columns.count()) != columns.count()) Q_EMIT columnsChanged();
 }
 
 }  // namespace orvex

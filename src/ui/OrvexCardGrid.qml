@@ -13,26 +13,19 @@ FocusScope {
     property alias model: view.model
     property alias delegate: view.delegate
     property alias count: view.count
-    property real minimumWidth: 280
-    property real cardHeight: 140
-    property real spacing: OrvexTheme.gridSpacing
-    property int currentIndex: 0
+    property alias currentIndex: view.currentIndex
+    property alias minimumWidth: view.minimumWidth
+    property alias cardHeight: view.cardHeight
+    property alias spacing: view.spacing
+    property alias columns: view.columns
+    property alias cardWidth: view.cardWidth
 
-    readonly property int columns: Math.max(1, Math.floor((width + spacing) / (minimumWidth + spacing)))
-    readonly property real pitch: cardHeight + spacing
-    // A cell has its spacing to the right.
-    readonly property real columnPitch: Math.floor((width + spacing) / columns)
-    readonly property real cardWidth: columnPitch - spacing
-
+    // The page brings what gets the focus into view.
     function move(step: int): bool {
         const target = currentIndex + step;
         if (target < 0 || target >= count)
             return false;
-        const top = grid.y + page.padding + Math.floor(target / columns) * pitch;
-        if (top < page.contentY)
-            page.scrollTo(top - spacing);
-        else if (top + cardHeight > page.contentY + page.height)
-            page.scrollTo(top + cardHeight + spacing - page.height);
+        currentIndex = target;
         const card = view.cardAt(target);
         // A card with several things to press says which.
         if (card?.takeFocus)
@@ -48,8 +41,9 @@ FocusScope {
         move(0);
     }
 
-    implicitHeight: count > 0 ? Math.ceil(count / columns) * pitch - spacing : 0
-    implicitWidth: minimumWidth
+    // Without cards it takes no room on the page, and no spacing either.
+    implicitHeight: count > 0 ? Math.ceil(count / columns) * (cardHeight + spacing) - spacing : 0
+    implicitWidth: count > 0 ? minimumWidth : 0
     onCountChanged: currentIndex = Math.max(0, Math.min(currentIndex, count - 1))
 
     Keys.onPressed: event => {
@@ -68,10 +62,9 @@ FocusScope {
         id: view
 
         anchors.fill: parent
-        columnPitch: grid.columnPitch
-        columns: grid.columns
-        rowPitch: grid.pitch
+        currentIndex: 0
         shownHeight: grid.page.height
         shownTop: grid.page.contentY - grid.page.padding - grid.y
+        spacing: OrvexTheme.gridSpacing
     }
 }

@@ -8,7 +8,11 @@
 
 namespace orvex {
 OrvexCardView::OrvexCardView(QQuickItem* parent) : QQuickItem(parent) {
-  connect(this, &OrvexCardView::shapeChanged, this, &QQuickItem::polish);
+  for (const auto changed : {&OrvexCardView::minimumWidthChanged, &OrvexCardView::spacingChanged})
+    connect(this, changed, this, &OrvexCardView::columnsChanged);
+  for (const auto changed : {&OrvexCardView::columnsChanged, &OrvexCardView::cardHeightChanged,
+                             &OrvexCardView::shownChanged, &OrvexCardView::currentIndexChanged})
+    connect(this, changed, this, &QQuickItem::polish);
   connect(this, &OrvexCardView::delegateChanged, this, &OrvexCardView::reset);
 }
 
@@ -44,6 +48,11 @@ void OrvexCardView::componentComplete() {
   polish();
 }
 
+void OrvexCardView::geometryChange(const QRectF& now, const QRectF& before) {
+  QQuickItem::geometryChange(now, before);
+  if (now.width() != before.width()) Q_EMIT columnsChanged();
+}
+
 void OrvexCardView::reset() {
   for (QQuickItem* card : std::as_const(cards_)) card->deleteLater();
   for (QQuickItem* card : std::as_const(spare_)) card->deleteLater();
@@ -61,12 +70,13 @@ void OrvexCardView::refresh(int first, int last, const QList<int>& changed) {
 
 // One row of cards above and below is made before it is needed.
 void OrvexCardView::updatePolish() {
-  if (!isComponentComplete() || delegate_ == nullptr || rowPitch_ <= 0) return;
-  const auto line = [this](double y) { return static_cast<int>(std::floor(y / rowPitch_)); };
-  const int columns = std::max(columns_, 1);
+  const double rowPitch = cardHeight_ + spacing_;
+  if (!isComponentComplete() || delegate_ == nullptr || rowPitch <= 0) return;
+  const auto line = [&](double y) { return static_cast<int>(std::floor(y / rowPitch)); };
+  const OrvexColumns columns = layout();
   const int rows = count();
-  const int first = std::clamp((line(shownTop_) - 1) * columns, 0, rows);
-  const int end = std::clamp((line(shownTop_ + shownHeight_) + 2) * columns, first, rows);
+  const int first = std::clamp((line(shownTop_) - 1) * columns.count(), 0, rows);
+  const int end = std::clamp((line(shownTop_ + shownHeight_) + 2) * columns.count(), first, rows);
 
   for (const int row : cards_.keys()) {
     QQuickItem* const card = cards_.value(row);
@@ -74,7 +84,7 @@ void OrvexCardView::updatePolish() {
       // Not kept for later: it may have the focus, or be about to take it.
       card->setParentItem(nullptr);
       card->deleteLater();
-    } else if ((row >= first && row < end) || card->hasFocus()) {
+    } else if ((row >= first && row < end) || row == currentIndex_) {
       continue;
     } else {
       card->setVisible(false);
@@ -82,22 +92,29 @@ void OrvexCardView::updatePolish() {
     }
     cards_.remove(row);
   }
-  for (int row = first; row < end; ++row) {
-    if (cards_.contains(row)) continue;
-    QQuickItem* card = nullptr;
-    if (spare_.isEmpty()) {
-      card = make(row);
-      if (card == nullptr) return;
-    } else {
-      card = spare_.takeLast();
-      give(*card, row, {});
-      card->setVisible(true);
-    }
-    cards_.insert(row, card);
+  for (int row = first; row < end; ++row)
+    if (!show(row)) return;
+  if (currentIndex_ >= 0 && currentIndex_ < rows && !show(currentIndex_)) return;
+  for (auto card = cards_.cbegin(); card != cards_.cend(); ++card) {
+    const int column = card.key() % columns.count();
+    card.value()->setPosition({columns.left(column), card.key() / columns.count() * rowPitch});
+    card.value()->setSize({columns.width(column), cardHeight_});
   }
-  for (auto card = cards_.cbegin(); card != cards_.cend(); ++card)
-    card.value()->setPosition(
-        {card.key() % columns * columnPitch_, card.key() / columns * rowPitch_});
+}
+
+bool OrvexCardView::show(int row) {
+  if (cards_.contains(row)) return true;
+  QQuickItem* card = nullptr;
+  if (spare_.isEmpty()) {
+    card = make(row);
+    if (card == nullptr) return false;
+  } else {
+    card = spare_.takeLast();
+    give(*card, row, {});
+    card->setVisible(true);
+  }
+  cards_.insert(row, card);
+  return true;
 }
 
 // In the context that it was written in, which alone knows what it is bound to.

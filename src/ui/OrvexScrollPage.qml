@@ -44,11 +44,16 @@ Flickable {
         }
     }
 
-    function isWithin(item: Item): bool {
-        for (let parent = item; parent; parent = parent.parent)
-            if (parent === column)
-                return true;
-        return false;
+    // `item`, or the whole card that it is on; null where it is not on the page.
+    function seenWith(item: Item): Item {
+        let seen = item;
+        for (let each = item; each; each = each.parent) {
+            if (each === column)
+                return seen;
+            if (each.parent instanceof OrvexCardView)
+                seen = each;
+        }
+        return null;
     }
 
     /// Scrolls as little as shows all of `item`, with some air around it.
@@ -73,8 +78,9 @@ Flickable {
     Keys.onPressed: event => event.accepted = page.scrollFor(event.key)
     onFocusItemChanged: {
         // A press with the mouse must not move what is being pressed. Not every item tells.
-        if (focusItem && isWithin(focusItem) && focusItem.visualFocus !== false)
-            bringIntoView(focusItem);
+        const seen = seenWith(focusItem);
+        if (seen && focusItem.visualFocus !== false)
+            bringIntoView(seen);
     }
 
     // A grid of a single column.

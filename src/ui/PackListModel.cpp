@@ -26,7 +26,6 @@ void PackListModel::setState(OrvexState* state) {
 
 void PackListModel::reload() {
   QList<Row> rows;
-  installedVersions_.clear();
   const int before = catalogCount_;
   catalogCount_ = 0;
   if (state_) {
@@ -39,8 +38,6 @@ void PackListModel::reload() {
       listed.insert(pack.id);
     }
     for (const UniversalInstalledPack& installed : state_->installedPacks()) {
-      if (!installedVersions_.contains(installed.id))
-        installedVersions_.insert(installed.id, installed.version);
       if (listed.contains(installed.id)) continue;
       listed.insert(installed.id);
       UniversalPack pack;
@@ -101,12 +98,11 @@ QVariant PackListModel::data(const QModelIndex& index, int role) const {
     case TotalBytes:
       return row.totalBytes;
     case Installed:
-      return installedVersions_.contains(pack.id);
+      return state_->installedVersion(pack).has_value();
     case InstalledVersion:
-      return installedVersions_.value(pack.id);
+      return state_->installedVersion(pack).value_or(QString());
     case NeedsUpdate:
-      return installedVersions_.contains(pack.id) &&
-             installedVersions_.value(pack.id) != pack.version;
+      return state_->installedVersion(pack).value_or(pack.version) != pack.version;
     case Busy:
       return activity.has_value();
     case Installing:

@@ -4,7 +4,6 @@
 #include "shell/OrvexState.h"
 
 #include <QAbstractListModel>
-#include <QHash>
 #include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
@@ -69,7 +68,6 @@ class PackListModel : public QAbstractListModel {
   QPointer<OrvexState> state_;
   QList<Row> rows_;
   int catalogCount_ = 0;
-  QHash<QString, QString> installedVersions_;
 };
 
 }  // namespace orvex

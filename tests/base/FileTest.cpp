@@ -22,7 +22,7 @@ TEST(NewFile, ReplacesTheFileAndNotWhatALinkLeadsTo) {
   EXPECT_TRUE(replaceFile(tree.path("cache/file"), "new"));
   EXPECT_EQ(readSmallFile(AT_FDCWD, tree.path("target"), 10), QByteArray("kept"));
   EXPECT_EQ(readSmallFile(AT_FDCWD, tree.path("cache/file"), 10), QByteArray("new"));
-  EXPECT_TRUE(replaceFile(tree.path("new/folders/file"), "x"));
+  EXPECT_TRUE(replaceFile(tree.path("new//folders//file"), "x"));
   // Nothing is left behind where it cannot be written.
   tree.folder("taken/x");
   EXPECT_FALSE(replaceFile(tree.path("taken"), "x"));

@@ -11,7 +11,8 @@ TEST_F(CommandLine, PreparesLutsIntoTheLibraryAskedFor) {
   EXPECT_TRUE(other.startsWith(tree.text("L/"))) << other;
   EXPECT_TRUE(QFile::exists(other.trimmed()));
 
-  expectFailure(u"lut prepare "_s + tree.text("Pack") + root, 1, u"paket klasörü dışında");
+  for (const char* folder : {"Pack", "Pack/a.cube/"})
+    expectFailure(u"lut prepare "_s + tree.text(folder) + root, 1, u"paket klasörü dışında");
   // Through the helper that the program lies in.
   const ProgramResult answered = run(u"lut apply --json "_s + tree.text("Pack/a.cube") + root);
   EXPECT_EQ(answered.exitCode, 1);

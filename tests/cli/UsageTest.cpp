@@ -24,7 +24,8 @@ TEST_F(CommandLine, RefusesWrongUsage) {
         u"request --title T --detail D --module x"_s, u"request --title T --detail D x"_s}},
       {u"Kullanım: orvex cloud ",
        {u"cloud publish"_s, u"cloud build"_s, u"cloud build d --port 1"_s,
-        u"cloud serve d --port 65536"_s, u"cloud serve d --rate"_s, u"cloud serve d --cert x"_s}},
+        u"cloud serve d --port 65536"_s, u"cloud serve d --rate"_s, u"cloud serve d --cert x"_s,
+        u"cloud serve d --address 0.0.0.0"_s}},
       {u"http://localhost", {u"packs"_s}},
   };
   for (const auto& [reason, lines] : rows)

@@ -163,6 +163,9 @@ TEST_F(CloudServerTest, StoresRequests) {
       {{json}, with("\"module\"", "\"m\""), 400},
       {{json}, with("Başlık", " "), 400},
       {{json}, with("Uzun", QByteArray(70'000, 'x')), 413},
+      // Nothing that is still on its way may take the answer with it.
+      {{json}, with("Uzun", QByteArray(1'000'000, 'x')), 413},
+      {{json}, with("Uzun", QByteArray(1'000'000, 'y')), 413},
       {{json, chunked}, chunk(QByteArray(70'000, 'x')), 413},
       {{json, chunked}, chunk(request), 201},
   };

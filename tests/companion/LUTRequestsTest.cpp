@@ -15,6 +15,8 @@ namespace {
 
 struct LUTService : CompanionCase {
   LUTService() {
+    // As people write it, too.
+    qputenv("XDG_DATA_HOME", qgetenv("ORVEX_TEST_HOME") + "/./data/");
     host_ = u"builtin:25"_s;
     clip_ = u"Röportaj 1"_s;
   }
@@ -65,6 +67,8 @@ TEST_F(LUTService, AppliesWhatIsOneOfOurCopiesAndSaysWhyNotOtherwise) {
       {good, u"ok: Gün batımı LUT'u Röportaj 1 kaydına uygulandı."_s},
       {copy(u"short.cube"_s, kLUT.first(40)), u". satır"_s},
       {corrupt, u"kopya bozuk"_s},
+      // What a property list may not hold.
+      {copy(u"\uFEFF\uFEFF\uFEFF.cube"_s, kLUT.first(40)), u"not: "_s},
       {library(QString::fromLatin1(Sha256::of(kLUT).toHex()) + u"/gone.cube"_s), u"yok"_s},
       {tree_.text("Pack/Gün batımı.cube"), u"kitaplığında değil"_s},
       {library(u"../Managed LUTs/x/y.cube"_s), u"kitaplığında değil"_s},

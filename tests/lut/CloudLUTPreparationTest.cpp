@@ -60,11 +60,13 @@ TEST_F(Preparation, TakesOnlyRegularCubeFilesInsideThePack) {
   tree.link("Pack/loop.cube", "loop.cube");
   tree.link("Alias", "Pack");
   tree.file("Pack/name\xFF.cube", kLUT);
+  tree.file("Pack/name\U0010FFFF.cube", kLUT);
   const std::pair<QByteArray, QList<QByteArray>> rows[]{
       {placeOf(kLUT, "a.cube"),
        {"Pack/luts/a.cube", "Pack/luts/../luts/./a.cube", "Pack/in.cube", "Alias/luts/a.cube"}},
       {placeOf(kLUT, "A.CUBE"), {"Pack/A.CUBE"}},
       {placeOf(kLUT, "name\xFF.cube"), {"Pack/name\xFF.cube"}},
+      {placeOf(kLUT, "name\U0010FFFF.cube"), {"Pack/name\U0010FFFF.cube"}},
       {"invalidSource",
        {"Pack", "Pack/.cube", "Pack/a.txt", "Pack/empty.cube", "Pack/folder.cube", "Pack/fifo.cube",
         "Pack/out.cube", "Pack/outside/a.cube", "Pack/device.cube", "Pack/renamed.cube",

@@ -6,7 +6,7 @@ TEST(HostChoice, ReadsAndWritesTheSame) {
       {QString(), u"builtin:25"_s},
       {u"builtin:24000/1001"_s, u"builtin:24000/1001"_s},
       {u"none"_s, u"none"_s},
-      {u"mpv"_s, u"mpv:/run/me/vantrelo-orvex/mpv.sock"_s},
+      {u"mpv"_s, u"mpv:/run/me/vantrelo-orvex-mpv.sock"_s},
       {u"mpv:/tmp/a:b c"_s, u"mpv:/tmp/a:b c"_s},
       // The companion may run in another folder. What is above a link only the system knows.
       {u"mpv:x/../s"_s, u"mpv:"_s + QDir::currentPath() + u"/x/../s"_s},

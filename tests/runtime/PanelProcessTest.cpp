@@ -1,8 +1,10 @@
 // The panel as a process: what a person, a script or the companion meets.
 #include "runtime/PanelOptions.h"
 #include "support/Program.h"
+#include "support/TemporaryTree.h"
 
 #include <QImage>
+#include <QSettings>
 
 #include <csignal>
 
@@ -32,6 +34,18 @@ TEST_F(PanelProcess, SavesAPageOfTheSizeAskedFor) {
   EXPECT_EQ(QImage(file).size(), QSize(700, 500));
   arguments.last() = u"/nonexistent/a.png"_s;
   EXPECT_EQ(run(u"orvex-panel"_s, arguments).exitCode, 1);
+}
+
+// What ./run shows the panel with.
+TEST_F(PanelProcess, IsGivenTheFoldersOfASampleLibrary) {
+  const TemporaryTree library;
+  for (const char* folder : {"LUT", "Motion Templates", "FxPlug"}) library.folder(folder);
+  const auto grant = [](const QString& folder) {
+    return run(u"orvex-samples"_s, {u"grant"_s, folder}).exitCode;
+  };
+  EXPECT_EQ(grant(library.text("none")), 1);
+  EXPECT_EQ(grant(QString::fromUtf8(library.root())), 0);
+  EXPECT_EQ(QSettings(u"Vantrelo"_s, u"Vantrelo Orvex"_s).allKeys().size(), 3);
 }
 
 TEST(PanelOptions, AreCheckedAsTheVariableIs) {

@@ -135,6 +135,9 @@ TEST(HttpClient, EndsWhatAServerDoesWrong) {
   server.answer("/more", 200, QByteArray(kLimit + 1, 'x'));
   EXPECT_EQ(failureOf([&] { return fetch(patient, server.url("/more")); }), Kind::TooLarge);
   EXPECT_EQ(load(patient, server.url("/more")), 200);
+  // And of a refusal its status.
+  server.answer("/more", 500, QByteArray(kLimit + 1, 'x'));
+  EXPECT_EQ(fetch(patient, server.url("/more")).status, 500);
 }
 
 TEST(HttpClient, FollowsAFewRedirectsToHttpsOnly) {

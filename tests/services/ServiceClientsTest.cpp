@@ -19,7 +19,7 @@ QString outcome(Work work) {
   } catch (const UniversalPackClientError& error) {
     return u"pack: "_s + error.description();
   } catch (const RequestCenterError& error) {
-    return u"request %1: "_s.arg(error.code()) + error.description();
+    return QString::fromLatin1(error.kDomain) + u" %1: "_s.arg(error.code()) + error.description();
   } catch (const JsonError&) {
     return u"json"_s;
   } catch (const TransportError&) {
@@ -90,11 +90,11 @@ TEST(ServiceClients, SendRequests) {
       {200, R"({"ok":true,"requestId":"r","id":"i"})", u"r"},
       {201, R"({"ok":true,"id":"i","requestId":null})", u"i"},
       {200, R"({"ok":true})", u"Vantrelo Request"},
-      {200, R"({"ok":false,"message":"Dolu."})", u"request 200: Dolu."},
-      {429, R"({"ok":true,"message":"Bekle."})", u"request 429: Bekle."},
-      {500, "<html>", u"request 500: Talep gönderilemedi."},
-      {200, R"({"ok":1,"message":"m"})", u"request 200: Talep gönderilemedi."},
-      {200, R"({"ok":true,"id":7})", u"request 200: Talep gönderilemedi."},
+      {200, R"({"ok":false,"message":"Dolu."})", u"VantreloRequestCenter 200: Dolu."},
+      {429, R"({"ok":true,"message":"Bekle."})", u"VantreloRequestCenter 429: Bekle."},
+      {500, "<html>", u"VantreloRequestCenter 500: Talep gönderilemedi."},
+      {200, R"({"ok":1,"message":"m"})", u"VantreloRequestCenter 200: Talep gönderilemedi."},
+      {200, R"({"ok":true,"id":7})", u"VantreloRequestCenter 200: Talep gönderilemedi."},
       {kGarbage, {}, u"transport"},
       {kSilence, {}, u"transport"},
   };

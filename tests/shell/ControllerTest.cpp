@@ -1,4 +1,7 @@
 #include "engines/AudioUnitRegistry.h"
+#include "engines/FxPlugRegistry.h"
+#include "engines/LUTRegistry.h"
+#include "engines/MotionTemplateRegistry.h"
 #include "host/FinalCutHostAdapter.h"
 #include "platform/HostRuntime.h"
 #include "platform/hosts/BuiltInHost.h"
@@ -31,6 +34,7 @@ struct World final : HostRuntime, RecordedDesktop, DistributedNotifications, Pan
   void setPreferredContentSize(QSizeF) override {}
   std::unique_ptr<HostedView> hostRootView(const RootViewObjects& objects) override {
     audio = &objects.audio;
+    folders = {&objects.motion, &objects.luts, &objects.fxplug};
     return std::make_unique<View>();
   }
   bool isInWindow() const override { return inWindow; }
@@ -40,6 +44,7 @@ struct World final : HostRuntime, RecordedDesktop, DistributedNotifications, Pan
   std::shared_ptr<FCPXHost> host = std::make_shared<BuiltInHost>();
   // Of the controller that was made last.
   AudioUnitRegistry* audio = nullptr;
+  QList<FolderRegistry*> folders;
   int hostsAsked = 0;
   QString subscribedTo;
   Handler handler;
@@ -60,6 +65,16 @@ struct Controller : testing::Test {
   World world;
   NoFolders folders;
 };
+
+TEST_F(Controller, TellsWhyAFolderIsRefused) {
+  const auto controller = make();
+  for (FolderRegistry* registry : std::as_const(world.folders)) {
+    const QString reason = registry->summary().title;
+    Q_EMIT registry->refused(reason);
+    const auto& toast = controller->orvexState().toast();
+    EXPECT_EQ(toast.value_or(OrvexToast{}).message, reason);
+  }
+}
 
 TEST_F(Controller, TakesOnlyFiniteFloatingPointSizesFrom320) {
   const std::tuple<QVariant, QVariant, QSizeF> rows[] = {

@@ -13,17 +13,15 @@ KitCase {
 
         // Five lines of four cards are shown.
         OrvexCardView {
-            columnPitch: 50
-            columns: 4
-            rowPitch: 20
+            cardHeight: 14
+            minimumWidth: 40
             shownHeight: 100
+            spacing: 6
+            width: 194
 
             delegate: FocusScope {
                 required property int index
                 required property string title
-
-                height: 20
-                width: 50
 
                 Component.onCompleted: ++testCase.made
             }
@@ -33,6 +31,46 @@ KitCase {
                         append({ title: "Kart " + i });
                 }
             }
+        }
+    }
+
+    Component {
+        id: page_
+
+        OrvexScrollPage {
+            id: scrolled
+
+            height: 300
+            width: 400
+
+            OrvexButton { objectName: "before"; title: "Önce" }
+            OrvexCardGrid {
+                id: grid
+
+                cardHeight: 100
+                minimumWidth: 150
+                objectName: "grid"
+                page: scrolled
+
+                delegate: FocusScope {
+                    required property int index
+
+                    // Below the rest of the card, which is to be seen with it.
+                    OrvexButton {
+                        activeFocusOnTab: parent.index === grid.currentIndex
+                        focus: true
+                        title: "Uygula"
+                        y: 70
+                    }
+                }
+                model: ListModel {
+                    Component.onCompleted: {
+                        for (let i = 0; i < 100; ++i)
+                            append({ title: "" });
+                    }
+                }
+            }
+            OrvexButton { objectName: "after"; title: "Sonra" }
         }
     }
 
@@ -57,7 +95,7 @@ KitCase {
             const all = shown(view);
             for (const card of all) {
                 compare(card.title, "Kart " + card.index);
-                compare([card.x, card.y], [card.index % 4 * 50, Math.floor(card.index / 4) * 20]);
+                compare([card.x, card.y, card.width, card.height], [card.index % 4 * 50, Math.floor(card.index / 4) * 20, 44, 14]);
             }
             const first = Math.floor(top / 20) * 4;
             for (let row = first; row < Math.min(1000, first + 20); ++row)
@@ -66,17 +104,41 @@ KitCase {
         }
     }
 
-    function test_theFocusStaysWithItsCard() {
+    function test_theCurrentCardIsThereWhereverItIs() {
         const view = filled();
+        view.currentIndex = 5;
         const card = view.cardAt(5);
         card.forceActiveFocus();
         view.shownTop = 3000;
         verify(shown(view).includes(card) && card.activeFocus);
         compare([card.index, card.title, card.y], [5, "Kart 5", 20]);
-        view.cardAt(600).forceActiveFocus();
-        view.shownTop = 3001;
-        verify(!shown(view).includes(card) || card.index !== 5);
-        compare(view.cardAt(5), null);
+        view.currentIndex = 990;
+        compare([view.cardAt(5), view.cardAt(990).title], [null, "Kart 990"]);
+    }
+
+    // From above and below the grid, whose current card has been scrolled away.
+    function test_tabReachesTheCurrentCard() {
+        const page = make(page_);
+        const [before, grid, after] = ["before", "grid", "after"].map(name => below(page, item => item.objectName === name)[0]);
+        for (const [from, key, top] of [[before, Qt.Key_Tab, 4000], [after, Qt.Key_Backtab, 0]]) {
+            grid.currentIndex = 40;
+            from.forceActiveFocus(Qt.TabFocusReason);
+            page.scrollTo(top);
+            waitForRendering(page);
+            keyClick(key);
+            const card = page.focusItem.parent;
+            compare(card.index, 40);
+            const y = card.mapToItem(page, 0, 0).y;
+            verify(y >= 0 && y + card.height <= page.height, "the whole card is seen");
+        }
+    }
+
+    function test_aGridWithoutCardsTakesNoRoom() {
+        const page = make(page_);
+        below(page, item => item.objectName === "grid")[0].model.clear();
+        waitForRendering(page);
+        const [before, after] = ["before", "after"].map(name => below(page, item => item.objectName === name)[0]);
+        compare(after.y - before.y - before.height, page.spacing);
     }
 
     function test_whatTheRowsSayIsFollowed() {

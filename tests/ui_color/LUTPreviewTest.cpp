@@ -55,17 +55,20 @@ TEST_F(LUTPreviewWork, ShowsThePictureAsTheLutMakesItAndKeepsItByContents) {
 
 TEST_F(LUTPreviewWork, SaysWhyThereIsNone) {
   tree.file("bad.cube", oddCube(u"decimal-commas.cube"_s));
-  EXPECT_EQ(make("bad.cube").error(), readCube(oddCube(u"decimal-commas.cube"_s)).error());
+  EXPECT_EQ(
+      make("bad.cube").error(),
+      (LUTPreviewError{u"Satır 2: "_s + readCube(oddCube(u"decimal-commas.cube"_s)).error().reason,
+                       true}));
   tree.fifo("fifo.cube");
   tree.link("device.cube", "/dev/zero");
   for (const char* name : {"fifo.cube", "device.cube", "missing.cube"})
-    EXPECT_EQ(make(name).error(), (CubeError{0, u"Dosya okunamadı."_s})) << name;
+    EXPECT_EQ(make(name).error(), (LUTPreviewError{u"Dosya okunamadı."_s, false})) << name;
   tree.file("huge.cube");
   ASSERT_EQ(::truncate(tree.path("huge.cube").constData(), (64 << 20) + 1), 0);
   EXPECT_EQ(make("huge.cube").error().reason, u"Dosya 64 MiB'tan büyük."_s);
   // Its colours are clear, but it cannot be handed over.
   tree.file("tabs.cube", oddCube(u"tabs-and-indents.cube"_s));
-  EXPECT_EQ(make("tabs.cube").error().line, 1);
+  EXPECT_EQ(make("tabs.cube").error().reason.left(8), u"Satır 1:"_s);
   EXPECT_TRUE(cache.names(".").isEmpty());
 }
 
@@ -147,6 +150,16 @@ TEST_F(Previews, ComeInViewOrderNewestViewFirst) {
   // What was made is there at once.
   previews.want(&third, file("second"));
   EXPECT_EQ(order.constLast(), u"third"_s);
+}
+
+TEST_F(Previews, AreTriedAgainWhereTheContentsWereNotToBlame) {
+  Viewer viewer(u"viewer"_s, order);
+  const QUrl late = fileUrl(tree.path("late"));
+  previews.want(&viewer, late);
+  ASSERT_TRUE(waitUntil([&] { return order.size() == 1; }));
+  EXPECT_TRUE(viewer.picture.isNull());
+  previews.want(&viewer, file("late"));
+  EXPECT_TRUE(waitUntil([&] { return !viewer.picture.isNull(); }));
 }
 
 TEST_F(Previews, AreMadeAnewOnTheHostsPictureAndWithoutOneOnOurs) {

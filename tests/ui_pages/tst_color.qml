@@ -58,10 +58,14 @@ PanelCase {
         tryVerify(() => cards().length === 4);
         click("A", "reveal");
         compare(objects.revealed.map(url => url.toString().split("/").slice(-3).join("/")), ["Gece/1.0/A.CUBE"]);
+        // Not its contents: it may be there again when it is applied.
+        objects.files.removeAll();
+        objects.colorServices.previews.forget();
+        tryVerify(() => card("Film").error === "Dosya okunamadı." && named(card("Film"), "apply").visible);
     }
     function test_applies_one_at_a_time_and_tells_the_result() {
         openFilled();
-        for (const [name, ok, message] of [["A", true, "Uygulandı"], ["Film", false, "Klip yok"]]) {
+        for (const [name, ok, message] of [["A", true, "Uygulandı"], ["Film", false, "Klip yok"], ["A", true, ""]]) {
             objects.state.showToast("", OrvexToast.Info, 0);
             click(name);
             compare(named(panel, "engineStatus").text, "FİNAL CUT’A UYGULANIYOR");
@@ -86,11 +90,21 @@ PanelCase {
         compare(notice.title, "LUT uygulanamadı");
         compare(notice.message, "Yardımcı başlatılamadı.");
         compare(page().applyBridge.activePath, "");
-        objects.launchError = "";
         click("A");
         verify(!notice.visible);
-        // Gone in the middle of it.
+        // Left in the middle of it.
         objects.state.activePage = OrvexPages.byId("home");
+        tryVerify(() => objects.state.hasToast && objects.state.toast.message === "LUT uygulanamadı • Yardımcı başlatılamadı.");
+        objects.launchError = "";
+        objects.state.activePage = OrvexPages.byId("color");
+        tryVerify(() => card("A") !== undefined);
+        click("A");
+        objects.state.activePage = OrvexPages.byId("home");
+        // The request that could not be handed over may lie there, too.
+        tryVerify(() => {
+            objects.answerLUTRequest(false, "Klip yok");
+            return objects.state.toast.message === "Klip yok";
+        }, 20000);
     }
 
     function test_compares_with_the_original() {

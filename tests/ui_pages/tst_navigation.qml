@@ -54,10 +54,17 @@ PanelCase {
                 mouseClick(arrow(way));
             compare(panel.compactNavFocus, end);
             compare(strip.contentX, x);
+            strip.contentX = strip.contentWidth - strip.width - x;
+            mouseClick(arrow(way));
+            compare(strip.contentX, x, "comes back from where it was dragged to");
         }
         compare(objects.state.activePage.id, "audio", "the arrows only move the strip");
         objects.state.activePage = OrvexPages.byId("motion");
         compare(panel.compactNavFocus, "motion", "until another page is shown");
+        mouseClick(arrow("forward"));
+        strip.contentX = 0;
+        objects.state.activePage = OrvexPages.byId("audio");
+        fuzzyCompare(button.mapToItem(strip, button.width / 2, 0).x, strip.width / 2, 1, "also one that has the focus");
     }
 
     function test_layout_follows_the_size_asked_for_data() {

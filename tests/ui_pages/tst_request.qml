@@ -66,12 +66,19 @@ PanelCase {
         const sent = JSON.parse(objects.lastRequest());
         compare([sent.title, sent.description], ["Başlık", "Ayrıntı"]);
 
-        // An empty page that is left does not take the place of the draft.
-        for (const id of ["timeline", "request", "timeline", "request"])
-            objects.state.activePage = OrvexPages.byId(id);
-        waitForRendering(panel);
-        mouseClick(titled(page(), "Taslağı geri getir"));
-        compare(written(), [" Başlık", "Ayrıntı\n"]);
+        // Neither an empty page that is left takes the place of the draft nor what is written next.
+        for (const title of [" Başlık", "", "Son"]) {
+            if (title !== " Başlık")
+                write(title, "");
+            for (const id of ["timeline", "request"])
+                objects.state.activePage = OrvexPages.byId(id);
+        }
+        for (const [title, detail] of [["Son", ""], [" Başlık", "Ayrıntı\n"]]) {
+            write("", "");
+            waitForRendering(panel);
+            mouseClick(titled(page(), "Taslağı geri getir"));
+            compare(written(), [title, detail]);
+        }
         verify(!objects.state.request.hasDraft);
 
         // Left while it is being sent: it arrives all the same.

@@ -89,6 +89,21 @@ PanelCase {
         }
     }
 
+    // A disc is hit where it is seen, with the other one's reach upon it.
+    function test_a_press_takes_the_nearer_handle() {
+        openSpeed();
+        for (const [index, points] of [[0, "0.50, 0.90, 0.51, 0.50"], [1, "0.50, 0.50, 0.51, 0.90"]]) {
+            edited("0.50, 0.50, 0.51, 0.50");
+            drag(index, 0.5 + index * 0.01, 0.1);
+            compare(code(), "cubic-bezier(" + points + ")");
+        }
+    }
+
+    function edited(points) {
+        OrvexClipboard.text = "cubic-bezier(" + points + ")";
+        mouseClick(named(panel, "paste"));
+    }
+
     function test_keyboard() {
         openSpeed();
         named(editor, "handle0").forceActiveFocus(Qt.TabFocusReason);

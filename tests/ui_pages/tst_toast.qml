@@ -15,12 +15,12 @@ PanelCase {
         open(data.width, 780);
         const toast = named(panel, "toast");
         verify(!toast.visible);
-        objects.state.showToast("Seçilen klasör okunamadı; erişim izni geri alınmış olabilir, klasörü yeniden seç. ".repeat(2), data.kind, 60);
+        objects.state.showToast("Seçilen klasör okunamadı; erişim izni geri alınmış olabilir, klasörü yeniden seç. ".repeat(8), data.kind, 60);
         compare(toast.accent, data.accent);
         compare(toast.y, data.top);
         compare(toast.x + toast.width, data.width - 14);
         verify(toast.width <= data.limit);
-        verify(!showing(toast, objects.state.toast.message).truncated, "a message of two sentences is shown whole");
+        verify(!showing(toast, objects.state.toast.message).truncated, "a long message is shown whole");
         objects.state.showToast("Kısa", data.kind, 60);
         verify(toast.width < data.limit / 2, "a short message makes a small toast");
         mouseClick(named(panel, "navigation timeline"));

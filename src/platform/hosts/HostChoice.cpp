@@ -46,7 +46,7 @@ std::expected<HostChoice, QString> HostChoice::parse(const QString& text) {
   if (text == u"none") return HostChoice{.kind = Kind::None};
   if (text == u"mpv") {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    return mpvAt(folder + QStringLiteral("/vantrelo-orvex/mpv.sock"));
+    return mpvAt(folder + QStringLiteral("/vantrelo-orvex-mpv.sock"));
   }
   if (text.startsWith(u"mpv:")) return mpvAt(text.mid(4));
   if (text.startsWith(u"builtin:") && BuiltInHost::frameRates().contains(text.mid(8)))

@@ -22,7 +22,7 @@ struct HostChoice {
   QString socketPath{};
 
   /// Reads a choice; the error, in Turkish, lists what can be written. Empty text means "builtin".
-  /// "mpv" alone means the socket `mpv.sock` in `vantrelo-orvex` below the user's runtime folder.
+  /// "mpv" alone means the socket `vantrelo-orvex-mpv.sock` in the user's runtime folder.
   [[nodiscard]] static std::expected<HostChoice, QString> parse(const QString& text);
   /// The choice as `parse` reads it, with the socket written out.
   [[nodiscard]] QString text() const;

@@ -1,5 +1,7 @@
 #include "platform/hosts/MpvConnection.h"
 
+#include "base/FileError.h"
+
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -39,7 +41,7 @@ std::expected<std::unique_ptr<MpvConnection>, QString> MpvConnection::open(const
       ::connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
     return std::unexpected(QStringLiteral("mpv'ye \"%1\" soketinden bağlanılamadı (%2). mpv'yi "
                                           "--input-ipc-server=%1 ile başlat.")
-                               .arg(path, QString::fromLocal8Bit(std::strerror(errno))));
+                               .arg(path, reasonOf(errno)));
   connection->readable_.setEnabled(true);
   return connection;
 }

@@ -1,6 +1,7 @@
 #include "platform/linux/GioWorkspace.h"
 
 #include "base/Bundle.h"
+#include "base/FileDescriptor.h"
 #include "base/FileUrl.h"
 #include "platform/linux/GlibPointers.h"
 #include "platform/linux/RevealRequest.h"
@@ -9,6 +10,10 @@
 #include <QFile>
 #include <QProcess>
 #include <QUrl>
+
+#include <fcntl.h>
+#include <gio/gdesktopappinfo.h>
+#include <unistd.h>
 
 namespace orvex {
 namespace {
@@ -43,8 +48,12 @@ bool openWith(GAppInfo* application, const QUrl& url) {
   QByteArray encoded = url.toEncoded();
   GList list{encoded.data(), nullptr, nullptr};
   // GLib starts the program through a process of its own that is gone at once, so that nothing is
-  // left to be waited for; the program inherits the environment.
-  return g_app_info_launch_uris(application, &list, nullptr, nullptr) != FALSE;
+  // left to be waited for; the program inherits the environment, and what this program prints is
+  // not mixed with what that one does.
+  const FileDescriptor null(::open("/dev/null", O_RDWR | O_CLOEXEC));
+  return g_desktop_app_info_launch_uris_as_manager_with_fds(
+             G_DESKTOP_APP_INFO(application), &list, nullptr, G_SPAWN_SEARCH_PATH, nullptr, nullptr,
+             nullptr, nullptr, null.get(), null.get(), STDERR_FILENO, nullptr) != FALSE;
 }
 
 bool openFolder(const QUrl& folder) {

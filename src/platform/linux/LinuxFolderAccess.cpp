@@ -1,6 +1,6 @@
 #include "platform/linux/LinuxFolderAccess.h"
 
-#include "base/DescribedError.h"
+#include "base/FileError.h"
 #include "base/FileUrl.h"
 #include "platform/linux/FolderGrant.h"
 
@@ -23,7 +23,7 @@ QByteArray LinuxFolderGrants::makeGrant(const QUrl& folder) {
   if (!grant)
     throw DescribedError(
         QStringLiteral("%1 klasör olarak açılamadı. (%2) Okunabilir olduğunu denetle.")
-            .arg(QString::fromUtf8(path), QString::fromLocal8Bit(grant.error().message())));
+            .arg(QString::fromUtf8(path), reasonOf(grant.error().value())));
   return grant->toBytes();
 }
 

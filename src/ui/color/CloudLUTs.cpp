@@ -8,20 +8,19 @@ namespace {
 constexpr QStringView kNumberedPrefix = u"lutpack";
 static_assert(kNumberedPrefix.size() == 7);
 
-// The extension of a name is what follows its last dot, unless the name begins with it.
-qsizetype extensionDot(const QString& name) {
-  const qsizetype dot = name.lastIndexOf(u'.');
-  return dot > 0 ? dot : name.size();
-}
-
 bool isDigit(QChar c) {
   return c >= u'0' && c <= u'9';
 }
 
 }  // namespace
 
-QString CloudLUTs::displayName(const QString& fileName) {
-  const QString name = fileName.first(extensionDot(fileName));
+std::optional<QString> CloudLUTs::displayName(const QString& file) {
+  if (file.startsWith(u"../") || file.contains(u"/../")) return std::nullopt;
+  const QString last = file.sliced(file.lastIndexOf(u'/') + 1);
+  const qsizetype dot = last.lastIndexOf(u'.');
+  // What a name begins with is no extension.
+  if (dot <= 0 || last.sliced(dot).toLower() != u".cube") return std::nullopt;
+  const QString name = last.first(dot);
   qsizetype begin = kNumberedPrefix.size();
   qsizetype end = begin;
   while (end < name.size() && isDigit(name[end])) ++end;
@@ -48,11 +47,11 @@ void CloudLUTs::rebuild() {
   for (const UniversalInstalledPack& pack : packs) {
     const QByteArray folder = filePath(pack.directoryURL);
     for (const QString& file : pack.files) {
-      if (file.sliced(extensionDot(file)).toLower() != u".cube") continue;
-      const QString name = displayName(file);
-      entries.append({name, pack.name + QStringLiteral(" • v") + pack.version,
+      const auto name = displayName(file);
+      if (!name) continue;
+      entries.append({*name, pack.name + QStringLiteral(" • v") + pack.version,
                       fileUrl(folder + '/' + file.toUtf8()), pack.directoryURL});
-      index_.add({name, pack.name});
+      index_.add({*name, pack.name});
     }
   }
   replace([&] { entries_ = std::move(entries); });

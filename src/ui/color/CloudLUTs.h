@@ -6,6 +6,8 @@
 
 #include <QPointer>
 
+#include <optional>
+
 namespace orvex {
 
 /// The LUTs of the installed packs, pack by pack in the order of their files. Found by their
@@ -20,10 +22,11 @@ class CloudLUTs : public orvex::LUTCatalog {
   void setState(OrvexState* state);
   [[nodiscard]] int total() const override { return static_cast<int>(entries_.size()); }
 
-  /// What a file is called on its card: its name without the extension; one that begins with
-  /// "lutpack" and a number, in letters of any case, as "LUT Pack" and the number of two digits at
-  /// least, followed by what comes after it.
-  [[nodiscard]] static QString displayName(const QString& fileName);
+  /// What a file of a pack, by its path there, is called on its card: its name without the
+  /// extension; one that begins with "lutpack" and a number, in letters of any case, as "LUT Pack"
+  /// and the number of two digits at least, followed by what comes after it. Nothing where it is no
+  /// LUT, or would not lie in the pack.
+  [[nodiscard]] static std::optional<QString> displayName(const QString& file);
 
  Q_SIGNALS:
   void stateChanged();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "lut/LUTApplyBridge.h"
+#include "shell/OrvexState.h"
 #include "ui/color/LUTPreviews.h"
 
 namespace orvex {
@@ -20,8 +21,10 @@ class ColorServices : public QObject {
   ~ColorServices() override;
 
   [[nodiscard]] LUTPreviews* previews() const noexcept { return previews_.get(); }
-  /// A bridge that lives as long as `page`.
-  Q_INVOKABLE [[nodiscard]] orvex::LUTApplyBridge* makeBridge(QObject* page) const;
+  /// A bridge for the life of `page`, and longer where that ends before an exchange does. What the
+  /// helper says is a toast of `state`; so is why there is no answer, once the page cannot say it.
+  Q_INVOKABLE [[nodiscard]] orvex::LUTApplyBridge* makeBridge(QObject* page,
+                                                              orvex::OrvexState* state);
 
  private:
   const LUTApplyBridge::Environment bridge_;

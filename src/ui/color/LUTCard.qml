@@ -26,7 +26,7 @@ FocusScope {
 
     readonly property bool applying: activePath.length > 0 && activePath === path
     readonly property alias error: picture.error
-    readonly property bool usable: picture.error.length === 0
+    readonly property bool usable: !picture.broken
     readonly property real padding: 10
     property bool keyHeld: false
 
@@ -101,7 +101,7 @@ FocusScope {
                     color: OrvexTheme.fade(OrvexTheme.text, 0.16)
                     name: "camera.filters"
                     size: 26
-                    visible: !picture.ready && card.usable
+                    visible: !picture.ready && card.error.length === 0
                 }
 
                 ColumnLayout {
@@ -110,7 +110,7 @@ FocusScope {
                     anchors.right: parent.right
                     anchors.verticalCenter: parent.verticalCenter
                     spacing: 6
-                    visible: !card.usable
+                    visible: card.error.length > 0
 
                     OrvexSymbol {
                         Layout.alignment: Qt.AlignHCenter
@@ -173,7 +173,7 @@ FocusScope {
                 }
 
                 OrvexToolTip {
-                    text: card.usable ? "Orijinali görmek için basılı tut (klavyede Shift), karşılaştırmak için sürükle" : picture.error
+                    text: picture.ready ? "Orijinali görmek için basılı tut (klavyede Shift), karşılaştırmak için sürükle" : picture.error
                     visible: pictureHover.hovered && !compare.pressed && (picture.ready || reason.truncated)
                 }
             }
@@ -214,7 +214,7 @@ FocusScope {
                     Accessible.description: "Seçili Final Cut klibine uygula"
                     Layout.fillWidth: true
                     enabled: card.activePath.length === 0
-                    activeFocusOnTab: card.current
+                    activeFocusOnTab: card.current || activeFocus
                     icon: "camera.filters"
                     objectName: "apply"
                     title: card.applying ? "UYGULANIYOR…" : "UYGULA"
@@ -242,7 +242,7 @@ FocusScope {
 
                     focus: !card.usable
                     Accessible.description: card.revealDescription
-                    activeFocusOnTab: card.current
+                    activeFocusOnTab: card.current || activeFocus
                     icon: "folder"
                     name: "Finder’da göster"
                     objectName: "reveal"

@@ -24,10 +24,8 @@ OrvexCardGrid {
 
         activePath: grid.activePath
         current: card.index === grid.currentIndex
-        height: grid.cardHeight
         previews: grid.previews
         revealDescription: grid.revealDescription
-        width: grid.cardWidth
 
         onApply: grid.apply(card.file, card.root)
         onReveal: grid.reveal(card.file)

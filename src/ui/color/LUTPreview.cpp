@@ -65,9 +65,7 @@ void LUTPreview::ask() {
 }
 
 void LUTPreview::show(const LUTPreviewResult& preview) {
-  if (preview) return setState(*preview, {});
-  const auto& [line, reason] = preview.error();
-  setState({}, line > 0 ? QStringLiteral("Satır %1: %2").arg(line).arg(reason) : reason);
+  preview ? setState(*preview, {}) : setState({}, preview.error());
 }
 
 bool LUTPreview::isInView() const {
@@ -79,7 +77,7 @@ bool LUTPreview::isInView() const {
   return !rect.isEmpty();
 }
 
-void LUTPreview::setState(const QImage& picture, const QString& error) {
+void LUTPreview::setState(const QImage& picture, const LUTPreviewError& error) {
   if (picture_.cacheKey() == picture.cacheKey() && error_ == error) return;
   picture_ = picture;
   error_ = error;

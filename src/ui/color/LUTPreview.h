@@ -21,6 +21,8 @@ class LUTPreview : public QQuickItem, private LUTPreviews::Viewer {
   Q_PROPERTY(bool ready READ isReady NOTIFY stateChanged FINAL)
   /// Why there is no picture, in Turkish; empty while that is not known.
   Q_PROPERTY(QString error READ error NOTIFY stateChanged FINAL)
+  /// The LUT's own contents are why.
+  Q_PROPERTY(bool broken READ isBroken NOTIFY stateChanged FINAL)
 
  public:
   explicit LUTPreview(QQuickItem* parent = nullptr);
@@ -35,7 +37,8 @@ class LUTPreview : public QQuickItem, private LUTPreviews::Viewer {
   [[nodiscard]] double radius() const noexcept { return radius_; }
   void setRadius(double radius);
   [[nodiscard]] bool isReady() const noexcept { return !picture_.isNull(); }
-  [[nodiscard]] const QString& error() const noexcept { return error_; }
+  [[nodiscard]] const QString& error() const noexcept { return error_.reason; }
+  [[nodiscard]] bool isBroken() const noexcept { return error_.isBroken; }
 
  Q_SIGNALS:
   void previewsChanged();
@@ -53,7 +56,7 @@ class LUTPreview : public QQuickItem, private LUTPreviews::Viewer {
  private:
   void show(const LUTPreviewResult& preview) override;
   [[nodiscard]] bool isInView() const override;
-  void setState(const QImage& picture, const QString& error);
+  void setState(const QImage& picture, const LUTPreviewError& error);
   // What was shown before is replaced when the new one is there.
   void ask();
   void redraw();
@@ -64,7 +67,7 @@ class LUTPreview : public QQuickItem, private LUTPreviews::Viewer {
   double split_ = 0;
   double radius_ = 0;
   QImage picture_;
-  QString error_;
+  LUTPreviewError error_;
   bool dirty_ = true;
 };
 

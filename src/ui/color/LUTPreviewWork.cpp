@@ -14,10 +14,17 @@ namespace orvex {
 namespace {
 
 // What may be applied at all.
-constexpr qsizetype kMaximumBytes = qsizetype{64} * 1024 * 1024;
+using CloudLUTPreparation::kMaximumBytes;
 
-std::unexpected<CubeError> unreadable() {
-  return std::unexpected(CubeError{0, QStringLiteral("Dosya okunamadı.")});
+std::unexpected<LUTPreviewError> unreadable() {
+  return std::unexpected(LUTPreviewError{QStringLiteral("Dosya okunamadı.")});
+}
+
+std::unexpected<LUTPreviewError> broken(const CubeError& error) {
+  return std::unexpected(LUTPreviewError{
+      error.line > 0 ? QStringLiteral("Satır %1: %2").arg(error.line).arg(error.reason)
+                     : error.reason,
+      true});
 }
 
 }  // namespace
@@ -33,8 +40,7 @@ LUTPreviewResult makeLUTPreview(const QByteArray& path, const PreviewSource& sou
   const FileDescriptor file(::open(path.constData(), kReadFile));
   struct stat status {};
   if (!file || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) return unreadable();
-  if (status.st_size > kMaximumBytes)
-    return std::unexpected(CubeError{0, QStringLiteral("Dosya 64 MiB'tan büyük.")});
+  if (status.st_size > kMaximumBytes) return broken({0, QStringLiteral("Dosya 64 MiB'tan büyük.")});
   const FileIdentity identity = FileIdentity::of(status);
   const auto known = store.digest(identity);
   if (known)
@@ -46,12 +52,11 @@ LUTPreviewResult makeLUTPreview(const QByteArray& path, const PreviewSource& sou
   QImage picture = store.find(digest, source.digest);
   if (picture.isNull()) {
     const auto lattice = readCube(*text);
-    if (!lattice) return std::unexpected(lattice.error());
+    if (!lattice) return broken(lattice.error());
     // It would be offered, and refused as soon as it is to be applied.
     if (!CloudLUTPreparation::isThreeDimensional(*text))
-      return std::unexpected(
-          CubeError{lattice->sizeLine,
-                    QStringLiteral("LUT_3D_SIZE ile sayı arasında sekme değil boşluk olmalı.")});
+      return broken({lattice->sizeLine,
+                     QStringLiteral("LUT_3D_SIZE ile sayı arasında sekme değil boşluk olmalı.")});
     picture = graded(*lattice, source.picture);
     store.add(digest, source.digest, picture);
   }

@@ -20,7 +20,17 @@ struct PreviewSource {
   [[nodiscard]] static PreviewSource of(const QImage& picture);
 };
 
-using LUTPreviewResult = std::expected<QImage, CubeError>;
+/// Why there is no picture.
+struct LUTPreviewError {
+  /// In Turkish.
+  QString reason{};
+  /// It is the file's contents; otherwise it may go well the next time.
+  bool isBroken = false;
+
+  friend bool operator==(const LUTPreviewError&, const LUTPreviewError&) = default;
+};
+
+using LUTPreviewResult = std::expected<QImage, LUTPreviewError>;
 
 /// What the LUT in the file `path` (raw bytes) makes of `source`, from `store` or made and put
 /// there. Only what is regular and at most 64 MiB is read. Blocking, any thread.

@@ -22,7 +22,7 @@ constexpr qint64 kBatchMilliseconds = 12;
 
 // Memory can end even for a picture, and so can threads.
 LUTPreviewResult noPreview() {
-  return std::unexpected(CubeError{0, QStringLiteral("Önizleme yapılamadı.")});
+  return std::unexpected(LUTPreviewError{QStringLiteral("Önizleme yapılamadı.")});
 }
 
 }  // namespace
@@ -155,6 +155,8 @@ void LUTPreviews::take(Worker& worker, std::vector<LUTPreviewResult> made) {
     const Want want = worker.wants.takeFirst();
     // It may withdraw others.
     if (want.viewer != nullptr) want.viewer->show(preview);
+    // What may go well the next time is tried again when it is wanted again.
+    if (!preview && !preview.error().isBroken) continue;
     const qsizetype cost = preview ? preview->sizeInBytes() : 256;
     made_.insert(want.file, new LUTPreviewResult(std::move(preview)), cost);
   }

@@ -35,14 +35,10 @@ OrvexPressable {
     onActiveFocusChanged: if (card.activeFocus)
         card.touched()
 
-    background: OrvexHoverLift {
-        hovering: hover.hovered
-        pressed: card.pressed
+    opacity: card.pressed ? OrvexTheme.pressedOpacity : 1
 
-        OrvexPanelSurface {
-            anchors.fill: parent
-            glow: hover.hovered
-        }
+    background: OrvexPanelSurface {
+        glow: hover.hovered
     }
 
     contentItem: RowLayout {

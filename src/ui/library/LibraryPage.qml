@@ -33,18 +33,14 @@ OrvexScrollPage {
     required property string emptyTitle
     required property string emptyMessage
 
-    readonly property real cardWidth: grid.cardWidth
-    readonly property real cardHeight: grid.cardHeight
     readonly property int currentIndex: grid.currentIndex
-    readonly property bool hasRoot: page.folder !== null && String(page.folder.rootURL).length > 0
-    // A first scan says nothing of the folder until it has ended.
-    property bool settled: !page.scanning
+    readonly property bool folderChosen: page.folder !== null && String(page.folder.rootURL).length > 0
     readonly property string situation: {
         if (page.items.count > 0)
             return "list";
-        const health = page.summary.health;
-        if (page.scanning && (!page.settled || health === EngineHealth.NeedsAccess || health === EngineHealth.Error))
+        if (page.scanning)
             return "scanning";
+        const health = page.summary.health;
         if (health === EngineHealth.Error)
             return "error";
         return health === EngineHealth.NeedsAccess ? "access" : "empty";
@@ -63,8 +59,6 @@ OrvexScrollPage {
     }
 
     spacing: 16
-    onScanningChanged: if (!page.scanning)
-        page.settled = true
     // What is typed anywhere on the page is searched for.
     Keys.onPressed: event => {
         if (field.take(event))
@@ -145,7 +139,7 @@ OrvexScrollPage {
         chooseTitle: page.chooseTitle
         found: page.items.count
         refreshTitle: page.refreshTitle
-        refreshable: page.folder === null || page.hasRoot
+        refreshable: page.folder === null || page.folderChosen
         scanDone: page.folder !== null ? page.folder.scanDone : 0
         scanTotal: page.folder !== null ? page.folder.scanTotal : 0
         scanning: page.scanning

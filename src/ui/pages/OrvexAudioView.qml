@@ -48,10 +48,8 @@ LibraryPage {
 
         current: index === page.currentIndex
         detail: manufacturer + " · " + typeName + " · " + version
-        height: page.cardHeight
         icon: "waveform"
         title: name
-        width: page.cardWidth
 
         badges: [
             LibraryBadge {

@@ -15,14 +15,14 @@ OrvexScrollPage {
     readonly property var folder: page.registry
 
     property string search
-    readonly property LUTApplyBridge applyBridge: page.color.makeBridge(page)
+    readonly property LUTApplyBridge applyBridge: page.color.makeBridge(page, page.state)
     // Why the last LUT could not even be handed over, or nothing.
     property string preparationError
 
     readonly property LUTPreviews previews: page.color.previews
     readonly property bool applying: page.applyBridge.activePath.length > 0
     readonly property bool scanning: page.folder.scanning
-    readonly property bool hasFolder: page.scanning || page.folder.health !== EngineHealth.NeedsAccess
+    readonly property bool folderChosen: String(page.folder.rootURL).length > 0
 
     // What the host shows.
     readonly property string frame: page.state.host.sequenceName + " " + page.state.host.playheadSeconds
@@ -44,8 +44,12 @@ OrvexScrollPage {
             event.accepted = true;
     }
     onFrameChanged: settled.restart()
-    onScanningChanged: if (!page.scanning)
-        page.previews.forget()
+    onScanningChanged: {
+        // What it said may not hold any more.
+        page.preparationError = "";
+        if (!page.scanning)
+            page.previews.forget();
+    }
 
     OrvexAppearance {
         onAppeared: {
@@ -55,7 +59,7 @@ OrvexScrollPage {
     }
 
     Shortcut {
-        enabled: page.hasFolder && !page.scanning
+        enabled: page.folderChosen && !page.scanning
         sequences: ["F5"]
 
         onActivated: page.folder.scan()
@@ -114,12 +118,6 @@ OrvexScrollPage {
 
     Connections {
         target: page.applyBridge
-
-        function onLastResultChanged() {
-            const bridge = page.applyBridge;
-            if (bridge.lastResult.length > 0)
-                page.state.showToast(bridge.lastResult, bridge.lastSucceeded ? OrvexToast.Success : OrvexToast.Error, 6.0);
-        }
 
         function onFailed(description: string) {
             page.preparationError = description;
@@ -228,7 +226,7 @@ OrvexScrollPage {
         skippedFolders: page.folder.skippedFolders
         summary: page.folder.summary
         unit: "LUT"
-        visible: page.hasFolder
+        visible: page.folderChosen || page.scanning
         wide: page.width >= 620
 
         onChoose: page.folder.chooseFolder()
@@ -241,7 +239,7 @@ OrvexScrollPage {
         message: page.folder.lastError
         objectName: "scanError"
         title: "LUT klasörü taranamadı"
-        visible: page.hasFolder && !page.scanning && page.folder.lastError.length > 0
+        visible: page.folderChosen && !page.scanning && page.folder.lastError.length > 0
 
         onClicked: page.folder.scan()
     }
@@ -253,7 +251,7 @@ OrvexScrollPage {
         message: "Bu alan isteğe bağlıdır. Cloud LUT'lar için klasör seçmen gerekmez."
         objectName: "noFolder"
         title: "Yerel LUT klasörü seçilmedi"
-        visible: !page.hasFolder
+        visible: !page.folderChosen && !page.scanning
 
         onClicked: page.folder.chooseFolder()
     }
@@ -265,7 +263,7 @@ OrvexScrollPage {
         message: "Seçilen dizinde .cube dosyası bulunamadı."
         objectName: "noLocal"
         title: "Yerel LUT bulunamadı"
-        visible: page.hasFolder && !page.scanning && page.folder.lastError.length === 0 && local.total === 0
+        visible: page.folderChosen && !page.scanning && page.folder.lastError.length === 0 && local.total === 0
 
         onClicked: page.folder.chooseFolder()
     }
@@ -289,5 +287,11 @@ OrvexScrollPage {
 
         onApply: (file, root) => page.apply(file, root)
         onReveal: file => page.reveal(file)
+    }
+
+    // What lies last can be scrolled out from behind the notice.
+    Item {
+        implicitHeight: notice.height
+        visible: page.preparationError.length > 0
     }
 }

@@ -22,12 +22,25 @@ Rectangle {
         const last = OrvexPages.all.length - 1;
         const index = OrvexPages.indexOf(OrvexPages.byId(navigation.focusedPage)) + step;
         strip.setSpring(0.36, 0.8);
-        navigation.focusMoved(OrvexPages.all[Math.max(0, Math.min(last, index))].id);
+        navigation.moveFocus(OrvexPages.all[Math.max(0, Math.min(last, index))].id);
+    }
+
+    // The strip can have been dragged: it comes back to a page that has the focus already, too.
+    function moveFocus(id: string): void {
+        navigation.focusMoved(id);
+        strip.centre();
     }
 
     color: OrvexTheme.background
     implicitHeight: strip.height
-    onFocusedPageChanged: strip.scrollTo(strip.centredX())
+
+    Connections {
+        target: navigation.state
+
+        function onActivePageChanged(): void {
+            navigation.moveFocus(navigation.state.activePage.id);
+        }
+    }
 
     Flickable {
         id: strip
@@ -45,6 +58,10 @@ Rectangle {
         function scrollTo(x: real): void {
             scroll.jump(contentX);
             scroll.to = bounded(x);
+        }
+
+        function centre(): void {
+            scrollTo(centredX());
         }
 
         // Without a spring, for a strip that is laid out anew.
@@ -114,7 +131,7 @@ Rectangle {
                     armed: navigation.armed
                     onClicked: {
                         strip.setSpring(0.34, 0.82);
-                        navigation.focusMoved(modelData.id);
+                        navigation.moveFocus(modelData.id);
                         navigation.pageChosen(modelData.id);
                     }
                     onVisualFocusChanged: if (visualFocus) strip.reveal(this)

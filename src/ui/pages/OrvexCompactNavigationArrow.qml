@@ -72,6 +72,7 @@ Item {
         OrvexSymbol {
             anchors.centerIn: parent
             name: arrow.icon
+            // As high as a chevron in text of 10 points: the icon font's is half as high as its size.
             size: 16
         }
 

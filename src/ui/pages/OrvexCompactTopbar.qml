@@ -9,11 +9,14 @@ Rectangle {
     required property OrvexState state
     // Set once the header has appeared; the mark then swings between its two looks.
     property bool headerPulse: false
+    // When the swing began; milliseconds since 1970.
+    property real began: 0
     // 0 to 1 between the looks without and with `headerPulse`.
     property real pulse: 0
 
     color: OrvexTheme.background
     Component.onCompleted: headerPulse = true
+    onHeaderPulseChanged: began = Date.now()
 
     // Eases in and out, there and back, in twice 1.25 seconds; no more often than the backdrop moves,
     // so that it adds no frames of its own.
@@ -21,7 +24,7 @@ Rectangle {
         interval: 33
         repeat: true
         running: topbar.headerPulse && topbar.OrvexMotion.animated
-        onTriggered: topbar.pulse = (1 - Math.cos(Math.PI * Date.now() / 1250)) / 2
+        onTriggered: topbar.pulse = (1 - Math.cos(Math.PI * (Date.now() - topbar.began) / 1250)) / 2
     }
 
     Row {

@@ -41,11 +41,9 @@ LibraryPage {
 
         current: index === page.currentIndex
         detail: version + " · " + bundleIdentifier
-        height: page.cardHeight
         icon: "shippingbox.fill"
         label: "FINDER"
         title: name
-        width: page.cardWidth
 
         onClicked: page.reveal(fileURL)
         onTouched: page.select(index)

@@ -23,17 +23,17 @@ OrvexScrollPage {
         // A FolderRegistry; the linter cannot follow the registries to what they have in common.
         required property var registry
         required property string chooseTitle
-        readonly property bool chosen: card.registry.rootURL.toString().length > 0
+        readonly property bool folderChosen: String(card.registry.rootURL).length > 0
 
         summary: card.registry.summary
-        actionTitle: card.chosen ? "Yenile" : card.chooseTitle
+        actionTitle: card.folderChosen ? "Yenile" : card.chooseTitle
         error: card.registry.lastError
         busy: card.registry.scanning
         done: card.registry.scanDone
         total: card.registry.scanTotal
 
         onClicked: {
-            if (card.chosen)
+            if (card.folderChosen)
                 card.registry.scan();
             else
                 card.registry.chooseFolder();

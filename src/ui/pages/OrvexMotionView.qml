@@ -59,13 +59,11 @@ LibraryPage {
 
         current: index === page.currentIndex
         detail: category + " · " + page.kindNames[kind + 1]
-        height: page.cardHeight
         icon: page.kindIcons[kind]
         iconExtent: 28
         label: "FINDER"
         picture: TemplatePreviews.source(previewURL, templates.generation)
         title: name
-        width: page.cardWidth
 
         onClicked: page.reveal(fileURL)
         onTouched: page.select(index)

@@ -84,174 +84,169 @@ FocusScope {
         id: hover
     }
 
-    OrvexHoverLift {
+    OrvexPanel {
         anchors.fill: parent
-        hovering: hover.hovered
+        glow: hover.hovered || card.needsUpdate
+        padding: 14
 
-        OrvexPanel {
-            anchors.fill: parent
-            glow: card.needsUpdate
-            padding: 14
+        contentItem: ColumnLayout {
+            spacing: 0
 
-            contentItem: ColumnLayout {
-                spacing: 0
+            RowLayout {
+                spacing: 12
 
-                RowLayout {
-                    spacing: 12
-
-                    Rectangle {
-                        Layout.preferredHeight: 42
-                        Layout.preferredWidth: 42
-                        color: OrvexTheme.fade(OrvexTheme.blue, 0.13)
-                        radius: OrvexTheme.tileRadius
-
-                        OrvexSymbol {
-                            anchors.centerIn: parent
-                            name: "shippingbox.fill"
-                            size: 20
-                        }
-                    }
-
-                    ColumnLayout {
-                        spacing: 4
-
-                        RowLayout {
-                            spacing: 6
-
-                            OrvexText {
-                                id: nameText
-
-                                Accessible.ignored: true
-                                Layout.fillWidth: true
-                                size: 12
-                                text: card.name
-                                weight: Font.Bold
-                            }
-
-                            OrvexBadge {
-                                ink: card.needsUpdate ? OrvexTheme.warning : OrvexTheme.success
-                                text: "INSTALLED"
-                                visible: card.installed
-                            }
-                        }
-
-                        OrvexText {
-                            Layout.fillWidth: true
-                            color: OrvexTheme.muted
-                            size: 9
-                            text: card.fileLine
-                        }
-                    }
-                }
-
-                Item {
-                    id: rest
-
-                    Accessible.focusable: true
-                    Accessible.ignored: !rest.activeFocus
-                    Accessible.name: card.name
-                    Accessible.role: Accessible.StaticText
-                    Layout.fillHeight: true
-                    // From where the Tab key goes on, but not where it goes to.
-                    activeFocusOnTab: rest.activeFocus
-                }
-
-                RowLayout {
-                    spacing: 10
-
-                    OrvexText {
-                        Layout.fillWidth: !card.installed
-                        color: OrvexTheme.muted
-                        size: 10
-                        text: "v" + card.version + " • " + OrvexFormat.bytes(card.totalBytes)
-                        visible: card.listed
-                    }
-
-                    OrvexText {
-                        Layout.fillWidth: true
-                        color: card.needsUpdate ? OrvexTheme.warning : OrvexTheme.success
-                        horizontalAlignment: card.listed ? Text.AlignRight : Text.AlignLeft
-                        size: 10
-                        text: "Kurulu: v" + card.installedVersion
-                        visible: card.installed
-                    }
-                }
-
-                OrvexProgressBar {
-                    objectName: "progress"
-                    Accessible.ignored: !card.busy
-                    Layout.fillWidth: true
-                    Layout.topMargin: 9
-                    done: card.installing ? card.progressDone : 0
-                    name: card.installing ? "Kuruluyor" : "Kaldırılıyor"
-                    opacity: card.busy ? 1 : 0
-                    total: card.installing && !card.cancelling ? card.progressTotal : 0
-                }
-
-                RowLayout {
-                    Layout.preferredHeight: 30
-                    Layout.topMargin: 9
-                    spacing: 8
-
-                    OrvexButton {
-                        id: install
-
-                        enabled: !card.busy
-                        activeFocusOnTab: card.current || activeFocus
-                        icon: card.busy ? "" : "icloud.and.arrow.down"
-                        title: card.busy ? "İşleniyor…" : card.needsUpdate ? "Güncelle" : "Yükle"
-                        visible: card.busy || card.listed && (!card.installed || card.needsUpdate)
-
-                        onClicked: card.state.installPack(card.pack)
-                    }
+                Rectangle {
+                    Layout.preferredHeight: 42
+                    Layout.preferredWidth: 42
+                    color: OrvexTheme.fade(OrvexTheme.blue, 0.13)
+                    radius: OrvexTheme.tileRadius
 
                     OrvexSymbol {
-                        color: OrvexTheme.success
-                        name: "checkmark.circle.fill"
-                        size: 14
-                        visible: card.upToDate
+                        anchors.centerIn: parent
+                        name: "shippingbox.fill"
+                        size: 20
+                    }
+                }
+
+                ColumnLayout {
+                    spacing: 4
+
+                    RowLayout {
+                        spacing: 6
+
+                        OrvexText {
+                            id: nameText
+
+                            Accessible.ignored: true
+                            Layout.fillWidth: true
+                            size: 12
+                            text: card.name
+                            weight: Font.Bold
+                        }
+
+                        OrvexBadge {
+                            ink: card.needsUpdate ? OrvexTheme.warning : OrvexTheme.success
+                            text: "INSTALLED"
+                            visible: card.installed
+                        }
                     }
 
                     OrvexText {
-                        color: OrvexTheme.success
-                        size: 10
-                        text: "Güncel"
-                        visible: card.upToDate
-                        weight: Font.Bold
-                    }
-
-                    OrvexText {
-                        Accessible.ignored: !card.busy
                         Layout.fillWidth: true
                         color: OrvexTheme.muted
                         size: 9
-                        text: card.busy ? card.progressLine : ""
+                        text: card.fileLine
                     }
+                }
+            }
 
-                    OrvexButton {
-                        id: cancel
+            Item {
+                id: rest
 
-                        enabled: !card.cancelling
-                        activeFocusOnTab: card.current || activeFocus
-                        ink: OrvexTheme.warning
-                        name: card.name + " kurulumunu iptal et"
-                        title: "İptal"
-                        visible: card.busy && card.installing
+                Accessible.focusable: true
+                Accessible.ignored: !rest.activeFocus
+                Accessible.name: card.name
+                Accessible.role: Accessible.StaticText
+                Layout.fillHeight: true
+                // From where the Tab key goes on, but not where it goes to.
+                activeFocusOnTab: rest.activeFocus
+            }
 
-                        onClicked: card.state.cancelInstall(card.pack)
-                    }
+            RowLayout {
+                spacing: 10
 
-                    OrvexButton {
-                        id: uninstall
+                OrvexText {
+                    Layout.fillWidth: !card.installed
+                    color: OrvexTheme.muted
+                    size: 10
+                    text: "v" + card.version + " • " + OrvexFormat.bytes(card.totalBytes)
+                    visible: card.listed
+                }
 
-                        activeFocusOnTab: card.current || activeFocus
-                        icon: "trash"
-                        ink: OrvexTheme.danger
-                        title: "Kaldır"
-                        visible: card.installed && !card.busy
+                OrvexText {
+                    Layout.fillWidth: true
+                    color: card.needsUpdate ? OrvexTheme.warning : OrvexTheme.success
+                    horizontalAlignment: card.listed ? Text.AlignRight : Text.AlignLeft
+                    size: 10
+                    text: "Kurulu: v" + card.installedVersion
+                    visible: card.installed
+                }
+            }
 
-                        onClicked: card.state.uninstallPack(card.pack)
-                    }
+            OrvexProgressBar {
+                objectName: "progress"
+                Accessible.ignored: !card.busy
+                Layout.fillWidth: true
+                Layout.topMargin: 9
+                done: card.installing ? card.progressDone : 0
+                name: card.installing ? "Kuruluyor" : "Kaldırılıyor"
+                opacity: card.busy ? 1 : 0
+                total: card.installing && !card.cancelling ? card.progressTotal : 0
+            }
+
+            RowLayout {
+                Layout.preferredHeight: 30
+                Layout.topMargin: 9
+                spacing: 8
+
+                OrvexButton {
+                    id: install
+
+                    enabled: !card.busy
+                    activeFocusOnTab: card.current || activeFocus
+                    icon: card.busy ? "" : "icloud.and.arrow.down"
+                    title: card.busy ? "İşleniyor…" : card.needsUpdate ? "Güncelle" : "Yükle"
+                    visible: card.busy || card.listed && (!card.installed || card.needsUpdate)
+
+                    onClicked: card.state.installPack(card.pack)
+                }
+
+                OrvexSymbol {
+                    color: OrvexTheme.success
+                    name: "checkmark.circle.fill"
+                    size: 14
+                    visible: card.upToDate
+                }
+
+                OrvexText {
+                    color: OrvexTheme.success
+                    size: 10
+                    text: "Güncel"
+                    visible: card.upToDate
+                    weight: Font.Bold
+                }
+
+                OrvexText {
+                    Accessible.ignored: !card.busy
+                    Layout.fillWidth: true
+                    color: OrvexTheme.muted
+                    size: 9
+                    text: card.busy ? card.progressLine : ""
+                }
+
+                OrvexButton {
+                    id: cancel
+
+                    enabled: !card.cancelling
+                    activeFocusOnTab: card.current || activeFocus
+                    ink: OrvexTheme.warning
+                    name: card.name + " kurulumunu iptal et"
+                    title: "İptal"
+                    visible: card.busy && card.installing
+
+                    onClicked: card.state.cancelInstall(card.pack)
+                }
+
+                OrvexButton {
+                    id: uninstall
+
+                    activeFocusOnTab: card.current || activeFocus
+                    icon: "trash"
+                    ink: OrvexTheme.danger
+                    title: "Kaldır"
+                    visible: card.installed && !card.busy
+
+                    onClicked: card.state.uninstallPack(card.pack)
                 }
             }
         }

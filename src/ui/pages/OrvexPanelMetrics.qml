@@ -6,8 +6,6 @@ import QtQuick
 QtObject {
     // From this width on the panel has its wide layout.
     readonly property real wideWidth: 980
-    // Sizes below this are not reported by a host that means them.
-    readonly property real smallestReported: 320
     readonly property real sidebarWidth: 194
     readonly property real topbarHeight: 64
     readonly property real compactTopbarHeight: 52

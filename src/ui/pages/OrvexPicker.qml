@@ -17,6 +17,14 @@ T.ComboBox {
     rightPadding: 28
     hoverEnabled: true
     Accessible.name: picker.name
+    // The toolkit opens it with Space only.
+    Keys.onReleased: event => {
+        if (picker.popup.visible || event.modifiers !== Qt.NoModifier && event.modifiers !== Qt.KeypadModifier)
+            return;
+        event.accepted = event.key === Qt.Key_Return || event.key === Qt.Key_Enter;
+        if (event.accepted)
+            picker.popup.open();
+    }
 
     background: Rectangle {
         radius: 9

@@ -22,11 +22,10 @@ OrvexScrollPage {
     }
 
     function restoreDraft(): void {
-        const draft = page.state.request.draft;
+        const draft = page.state.request.takeDraft();
         titleField.text = draft.title;
         detailArea.text = draft.detail;
         modulePicker.currentIndex = Math.max(0, page.moduleValues.indexOf(draft.module));
-        page.state.request.dropDraft();
         titleField.forceActiveFocus();
     }
 

@@ -27,7 +27,7 @@ Item {
 
     // Sizes that the host has not reported yet, or that are too small to be meant, do not bind.
     function fitted(reported: real, proposed: real): real {
-        return reported >= OrvexPanelMetrics.smallestReported ? Math.min(reported, proposed) : proposed;
+        return reported >= root.state.leastPanelExtent ? Math.min(reported, proposed) : proposed;
     }
 
     function show(id: string): void {

@@ -41,7 +41,6 @@ Rectangle {
             spacing: 10
 
             Row {
-                bottomPadding: 6
                 spacing: 10
 
                 OrvexBrandMark {

@@ -16,21 +16,21 @@ OrvexScrollPage {
     // Asks for a timeline command by its name.
     signal perform(action: string)
 
-    // The drawn curve springs to the edited one where `animated`, otherwise it jumps there.
-    function draw(animated: bool): void {
+    // The drawn curve springs to the edited one where it is `springing`, otherwise it jumps there.
+    function draw(springing: bool): void {
         const springs = [x1, y1, x2, y2];
         for (let i = 0; i < 4; ++i) {
-            if (animated)
+            if (springing)
                 springs[i].to = edited.curve[i];
             else
                 springs[i].jump(edited.curve[i]);
         }
     }
 
-    function animated(change: var): void {
-        edited.animated = true;
+    function withSpring(change: var): void {
+        edited.springing = true;
         change();
-        edited.animated = false;
+        edited.springing = false;
     }
 
     function copyCode(): void {
@@ -51,9 +51,9 @@ OrvexScrollPage {
     SpeedCurveEditing {
         id: edited
 
-        property bool animated: false
+        property bool springing: false
 
-        onChanged: page.draw(edited.animated)
+        onChanged: page.draw(edited.springing)
     }
 
     SpeedCurveSpring {
@@ -93,7 +93,7 @@ OrvexScrollPage {
                 points: modelData.curve
                 selected: modelData.id === edited.selectedPreset
 
-                onClicked: page.animated(() => edited.selectPreset(modelData.id))
+                onClicked: page.withSpring(() => edited.selectPreset(modelData.id))
             }
         }
     }
@@ -133,7 +133,7 @@ OrvexScrollPage {
                     objectName: "undo"
                     title: "Geri al"
 
-                    onClicked: page.animated(() => edited.undo())
+                    onClicked: page.withSpring(() => edited.undo())
                 }
 
                 SpeedIconButton {
@@ -142,7 +142,7 @@ OrvexScrollPage {
                     objectName: "redo"
                     title: "Yinele"
 
-                    onClicked: page.animated(() => edited.redo())
+                    onClicked: page.withSpring(() => edited.redo())
                 }
 
                 OrvexTextButton {
@@ -259,13 +259,13 @@ OrvexScrollPage {
     Shortcut {
         sequences: ["Ctrl+Z"]
 
-        onActivated: page.animated(() => edited.undo())
+        onActivated: page.withSpring(() => edited.undo())
     }
 
     Shortcut {
         sequences: ["Ctrl+Shift+Z", "Ctrl+Y"]
 
-        onActivated: page.animated(() => edited.redo())
+        onActivated: page.withSpring(() => edited.redo())
     }
 
     Shortcut {

@@ -11,6 +11,7 @@ Item {
     required property bool compact
 
     readonly property real trailingPadding: 14
+    readonly property real topPadding: overlay.compact ? 112 : 76
     // 0 while there is no toast, 1 while there is one.
     property real presence: overlay.state.hasToast ? 1 : 0
 
@@ -27,7 +28,8 @@ Item {
         objectName: "toast"
         anchors.right: parent.right
         anchors.rightMargin: overlay.trailingPadding
-        y: (overlay.compact ? 112 : 76) - (1 - overlay.presence) * height
+        y: overlay.topPadding - (1 - overlay.presence) * height
+        heightLimit: overlay.height - overlay.topPadding - overlay.trailingPadding
         widthLimit: Math.min(overlay.compact ? 360 : 520, overlay.width - 2 * overlay.trailingPadding)
         visible: overlay.presence > 0
         opacity: overlay.presence

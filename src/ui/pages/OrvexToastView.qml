@@ -7,6 +7,7 @@ Item {
 
     required property orvexToast toast
     required property real widthLimit
+    required property real heightLimit
 
     readonly property color accent: {
         switch (view.toast.kind) {
@@ -61,6 +62,12 @@ Item {
         color: view.accent
     }
 
+    FontMetrics {
+        id: metrics
+
+        font: message.font
+    }
+
     OrvexText {
         id: message
 
@@ -69,7 +76,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         width: Math.min(implicitWidth, view.widthLimit - x - 14)
         wrapMode: Text.Wrap
-        maximumLineCount: 6
+        maximumLineCount: Math.max(1, (view.heightLimit - 2 * 10) / metrics.lineSpacing)
         text: view.toast.message
         size: 10
         weight: Font.Bold

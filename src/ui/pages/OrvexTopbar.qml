@@ -1,7 +1,7 @@
 import QtQuick
 import Orvex
 
-// The header of the wide layout: the product, and the host with its connection.
+// The header of the wide layout: the host, the product, and whether they are connected.
 Rectangle {
     id: topbar
 
@@ -10,13 +10,26 @@ Rectangle {
 
     color: OrvexTheme.background
 
-    Column {
+    OrvexText {
+        objectName: "hostLine"
         anchors.left: parent.left
         anchors.leftMargin: 17
+        anchors.right: product.left
+        anchors.rightMargin: 17
         anchors.verticalCenter: parent.verticalCenter
+        text: topbar.versionKnown ? topbar.state.host.hostName + " " + topbar.state.host.hostVersion : topbar.state.host.hostName
+        size: 9
+        color: OrvexTheme.muted
+    }
+
+    Column {
+        id: product
+
+        anchors.centerIn: parent
         spacing: 3
 
         OrvexText {
+            anchors.horizontalCenter: parent.horizontalCenter
             text: "WORKFLOW EXTENSION"
             size: 8
             weight: Font.Black
@@ -25,28 +38,14 @@ Rectangle {
         }
 
         OrvexText {
-            id: product
-
+            anchors.horizontalCenter: parent.horizontalCenter
             text: "Vantrelo Orvex"
             size: 12
             weight: Font.Bold
         }
     }
 
-    OrvexText {
-        objectName: "hostLine"
-        anchors.right: badge.left
-        anchors.rightMargin: 12
-        anchors.verticalCenter: parent.verticalCenter
-        width: Math.min(implicitWidth, topbar.width / 2)
-        text: topbar.versionKnown ? topbar.state.host.hostName + " " + topbar.state.host.hostVersion : topbar.state.host.hostName
-        size: 9
-        color: OrvexTheme.muted
-    }
-
     OrvexStatusBadge {
-        id: badge
-
         anchors.right: parent.right
         anchors.rightMargin: 17
         anchors.verticalCenter: parent.verticalCenter

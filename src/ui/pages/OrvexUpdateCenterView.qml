@@ -117,8 +117,6 @@ OrvexScrollPage {
             state: page.state
         }
         delegate: OrvexPackCard {
-            width: cards.cardWidth
-            height: cards.cardHeight
             current: index === cards.currentIndex
             state: page.state
             catalogKnown: packs.catalogCount > 0

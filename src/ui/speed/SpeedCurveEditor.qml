@@ -34,7 +34,7 @@ Item {
         startColor: OrvexTheme.blue
     }
 
-    Rectangle {
+    SpeedCurveDisc {
         id: marker
 
         // Milliseconds. 2001 began a whole number of periods after 1970: counted from either, the
@@ -49,11 +49,12 @@ Item {
         }
 
         color: OrvexTheme.success
+        cornerRadius: drawing.cornerRadius
         height: 10
         objectName: "marker"
         radius: 5
-        // Where the corners are cut off there is nothing to run on.
-        visible: editor.OrvexMotion.animated && Math.min(Math.hypot(marker.place.x, drawing.height - marker.place.y), Math.hypot(drawing.width - marker.place.x, marker.place.y)) > 6
+        shape: Qt.rect(-marker.x, -marker.y, drawing.width, drawing.height)
+        visible: editor.OrvexMotion.animated
         width: 10
         x: marker.place.x - 5
         y: marker.place.y - 5
@@ -67,7 +68,37 @@ Item {
         }
     }
 
+    // One for both handles, as they can lie on each other: a press takes the nearer one, or the upper.
+    MouseArea {
+        property SpeedCurveHandle held: null
+
+        function drop(): void {
+            held = null;
+            editor.editing.endGesture();
+        }
+
+        anchors.fill: parent
+        preventStealing: true
+
+        onCanceled: drop()
+        onPositionChanged: mouse => held.dragTo(Qt.point(mouse.x, mouse.y))
+        onPressed: mouse => {
+            const place = Qt.point(mouse.x, mouse.y);
+            const [lower, upper] = [handles.itemAt(0), handles.itemAt(1)];
+            const nearer = lower.distanceTo(place) < upper.distanceTo(place) ? lower : upper;
+            mouse.accepted = nearer.distanceTo(place) <= nearer.reach;
+            if (!mouse.accepted)
+                return;
+            held = nearer;
+            held.forceActiveFocus(Qt.MouseFocusReason);
+            held.dragTo(place);
+        }
+        onReleased: drop()
+    }
+
     Repeater {
+        id: handles
+
         model: 2
 
         SpeedCurveHandle {

@@ -15,6 +15,9 @@ OrvexControl {
     readonly property real valueX: handle.editing.curve[2 * handle.index]
     readonly property real valueY: handle.editing.curve[2 * handle.index + 1]
 
+    // From its centre, where a press takes hold of it: a disc of 18 points is hard to hit.
+    readonly property real reach: 15
+
     // What the toolkit tells assistive technology of a slider, by these names.
     readonly property real value: handle.valueX
     readonly property real minimumValue: 0
@@ -24,6 +27,10 @@ OrvexControl {
     function nudge(dx: real, dy: real): void {
         handle.editing.moveControlPoint(handle.index, handle.valueX + dx, handle.valueY + dy);
         handle.editing.endGesture();
+    }
+
+    function distanceTo(place: point): real {
+        return Math.hypot(place.x - handle.x - handle.width / 2, place.y - handle.y - handle.height / 2);
     }
 
     function dragTo(place: point): void {
@@ -50,37 +57,25 @@ OrvexControl {
     Keys.onRightPressed: event => handle.nudge(handle.stepOf(event.modifiers), 0)
     Keys.onUpPressed: event => handle.nudge(0, handle.stepOf(event.modifiers))
 
-    contentItem: OrvexShadow {
-        blurRadius: 8
-        color: OrvexTheme.fade(OrvexTheme.cyan, 0.45)
-        radius: 9
+    SpeedCurveDisc {
+        id: disc
 
-        // The outline lies half inside, half outside the disc's edge.
-        Rectangle {
-            anchors.fill: parent
-            anchors.margins: -1.5
-            border.color: OrvexTheme.cyan
-            border.width: 3
-            color: OrvexTheme.text
-            radius: 10.5
-        }
+        anchors.centerIn: parent
+        color: OrvexTheme.text
+        cornerRadius: handle.canvas.cornerRadius
+        glowColor: OrvexTheme.fade(OrvexTheme.cyan, 0.45)
+        glowRadius: 8
+        height: 42
+        outlineColor: OrvexTheme.cyan
+        outlineWidth: 3
+        radius: 9
+        shape: Qt.rect(-handle.x - disc.x, -handle.y - disc.y, handle.canvas.width, handle.canvas.height)
+        width: 42
     }
 
-    MouseArea {
-        anchors.centerIn: parent
+    HoverHandler {
         cursorShape: Qt.PointingHandCursor
-        // Larger than what is seen: a disc of 18 points is hard to hit.
-        height: 30
-        preventStealing: true
-        width: 30
-
-        onPositionChanged: mouse => handle.dragTo(mapToItem(handle.canvas, mouse.x, mouse.y))
-        onPressed: mouse => {
-            handle.forceActiveFocus(Qt.MouseFocusReason);
-            handle.dragTo(mapToItem(handle.canvas, mouse.x, mouse.y));
-        }
-        onReleased: handle.editing.endGesture()
-        onCanceled: handle.editing.endGesture()
+        margin: handle.reach - handle.width / 2
     }
 
     // Apart from the disc's outline, which has its colour.
