@@ -202,6 +202,7 @@ OrvexDialog {
             focus: true
             highlightMoveDuration: 0
             objectName: "folders"
+            opacity: slow.told ? 0.2 : 1
             reuseItems: true
 
             T.ScrollBar.vertical: OrvexScrollBar {
