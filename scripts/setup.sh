@@ -8,7 +8,6 @@ packages_build=(
   libplist-dev libsqlite3-dev libssl-dev lv2-dev
 )
 packages_panel=(
-  qml6-module-qt-labs-folderlistmodel qml6-module-qtquick-dialogs
   qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript qml6-module-qtquick
   qml6-module-qtquick-controls qml6-module-qtquick-layouts qml6-module-qtquick-templates
   qml6-module-qtquick-window

@@ -21,9 +21,9 @@ struct Restored {
 FolderBookmarkStore::FolderBookmarkStore(FolderAccess& access, QSettings& settings, SystemLog& log)
     : access_(access), settings_(settings), log_(log) {}
 
-void FolderBookmarkStore::chooseDirectory(const QString& title,
+void FolderBookmarkStore::chooseDirectory(const QString& title, const QUrl& start,
                                           std::function<void(std::optional<QUrl>)> chosen) {
-  access_.chooseFolder(title, QStringLiteral("Seç"), std::move(chosen));
+  access_.chooseFolder(title, QStringLiteral("Seç"), start, std::move(chosen));
 }
 
 void FolderBookmarkStore::keepDirectory(const QUrl& folder, const QString& key,

@@ -24,9 +24,11 @@ class FolderBookmarkStore final {
   /// All of it outlives the store.
   FolderBookmarkStore(FolderAccess& access, QSettings& settings, SystemLog& log);
 
-  /// Asks for one folder under the heading `title`. Returns at once; `chosen` is called later with
-  /// the folder, or with nothing when the user cancelled.
-  void chooseDirectory(const QString& title, std::function<void(std::optional<QUrl>)> chosen);
+  /// Asks for one folder under the heading `title`, from the folder `start` on where one is given.
+  /// Returns at once; `chosen` is called later with the folder, or with nothing when the user
+  /// cancelled.
+  void chooseDirectory(const QString& title, const QUrl& start,
+                       std::function<void(std::optional<QUrl>)> chosen);
 
   /// Stores the grant of a folder that the user pointed at under `key`, then calls `kept`. Why one
   /// cannot be stored, in Turkish, is logged and handed on.

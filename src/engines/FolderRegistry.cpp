@@ -22,16 +22,17 @@ void FolderRegistry::restore() {
 
 void FolderRegistry::chooseFolder() {
   if (std::exchange(choosing_, true)) return;
-  bookmarks_.chooseDirectory(
-      engine_.chooserTitle, [self = QPointer(this)](const std::optional<QUrl>& folder) {
-        if (!self) return;
-        self->choosing_ = false;
-        if (!folder) return;
-        self->dropping_.cancel();
-        self->bookmarks_.keepDirectory(*folder, self->engine_.bookmarkKey, self->granting_,
-                                       [self, folder](const auto&) { self->setRoot(*folder); });
-        Q_EMIT self->scanningChanged();
-      });
+  bookmarks_.chooseDirectory(engine_.chooserTitle, rootUrlOrEmpty(),
+                             [self = QPointer(this)](const std::optional<QUrl>& folder) {
+                               if (!self) return;
+                               self->choosing_ = false;
+                               if (!folder) return;
+                               self->dropping_.cancel();
+                               self->bookmarks_.keepDirectory(
+                                   *folder, self->engine_.bookmarkKey, self->granting_,
+                                   [self, folder](const auto&) { self->setRoot(*folder); });
+                               Q_EMIT self->scanningChanged();
+                             });
 }
 
 void FolderRegistry::useFolder(const QUrl& folder) {

@@ -44,8 +44,9 @@ class FolderAccess {
   /// Asks the user for one existing folder; no file, no second folder can be chosen. Returns at
   /// once. `chosen` is called once, later, on the main thread: with a local file URL, or with
   /// nothing when the user cancelled or no chooser could be shown; never after this object is gone.
-  /// `title` is what the dialog says, `prompt` the label of the button that accepts.
-  virtual void chooseFolder(const QString& title, const QString& prompt,
+  /// `title` is what the dialog says, `prompt` the label of the button that accepts, `start` the
+  /// folder that it opens at: a local file URL, or empty for wherever suits.
+  virtual void chooseFolder(const QString& title, const QString& prompt, const QUrl& start,
                             std::function<void(std::optional<QUrl>)> chosen) = 0;
 
   /// Shared, because a folder that hangs is left behind by whoever asked for it.

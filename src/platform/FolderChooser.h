@@ -18,8 +18,10 @@ class FolderChooser {
   virtual ~FolderChooser() = default;
 
   /// Opens the dialog and returns at once. `title` is what it says, `prompt` the label of the
-  /// button that accepts. `chosen` is not called once this object is gone.
-  virtual void choose(const QString& title, const QString& prompt, Chosen chosen) = 0;
+  /// button that accepts, `start` the folder that it opens at: a local file URL, or empty for
+  /// wherever suits. `chosen` is not called once this object is gone.
+  virtual void choose(const QString& title, const QString& prompt, const QUrl& start,
+                      Chosen chosen) = 0;
 };
 
 }  // namespace orvex

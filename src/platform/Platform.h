@@ -25,7 +25,7 @@ class Platform {
   /// Shared, because a list that hangs is left behind by whoever asked for it.
   [[nodiscard]] virtual std::shared_ptr<AudioComponents> audioComponents() = 0;
   [[nodiscard]] virtual FolderAccess& folderAccess() = 0;
-  /// Lends the toolkit's folder dialog, used where the desktop has none of its own; null takes it
+  /// Lends the panel's own folder dialog, used where the desktop has none of its own; null takes it
   /// back.
   virtual void setFallbackChooser(FolderChooser* chooser) = 0;
 

@@ -54,7 +54,7 @@ PanelRuntime::PanelRuntime(const PanelOptions& options)
       bookmarks_(std::make_unique<FolderBookmarkStore>(platform_->folderAccess(), settings_,
                                                        platform_->log())),
       window_(std::make_unique<PanelWindow>()),
-      folderChooser_(std::make_unique<QuickFolderChooser>(engine_, *window_, platform_->log())),
+      folderChooser_(std::make_unique<QuickFolderChooser>(engine_, *window_->panelArea())),
       hostPicture_(makeHostPicture(options.host)),
       colorServices_(std::make_unique<ColorServices>(
           LUTApplyBridge::Environment{platform_->workspace(), platform_->folderAccess(),

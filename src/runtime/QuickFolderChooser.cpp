@@ -1,6 +1,6 @@
 #include "runtime/QuickFolderChooser.h"
 
-#include "platform/SystemLog.h"
+#include "ui/FolderBrowser.h"
 
 #include <QPointer>
 #include <QQmlComponent>
@@ -17,38 +17,38 @@ class OpenDialog final : public QObject {
   Q_OBJECT
 
  public:
-  OpenDialog(QObject* dialog, QQuickItem* focused, FolderChooser::Chosen chosen, QObject* parent)
+  OpenDialog(QQmlEngine& engine, QQuickItem& area, QVariantMap words, const QUrl& start,
+             FolderChooser::Chosen chosen, QObject* parent)
       : QObject(parent),
-        dialog_(dialog),
-        focused_(focused),
-        ringShown_(focused != nullptr && focused->property("visualFocus").toBool()),
+        focused_(area.window()->activeFocusItem()),
+        ringShown_(focused_ && focused_->property("visualFocus").toBool()),
         chosen_(std::move(chosen)) {
-    dialog->setParent(this);
-    connect(dialog, SIGNAL(accepted()), this, SLOT(accepted()));
-    connect(dialog, SIGNAL(rejected()), this, SLOT(rejected()));
-    QMetaObject::invokeMethod(dialog, "open");
+    words.insert({{QStringLiteral("parent"), QVariant::fromValue(&area)},
+                  {QStringLiteral("browser"), QVariant::fromValue(&browser_)},
+                  {QStringLiteral("keyed"), ringShown_}});
+    QQmlComponent component(&engine,
+                            QUrl(QStringLiteral("qrc:/qt/qml/Orvex/Pages/OrvexFolderDialog.qml")));
+    dialog_.reset(component.createWithInitialProperties(words));
+    if (!dialog_) qFatal("%s", qUtf8Printable(component.errorString()));
+    connect(dialog_.get(), SIGNAL(closed()), this, SLOT(closed()));
+    browser_.begin(start);
+    QMetaObject::invokeMethod(dialog_.get(), "open");
   }
   ~OpenDialog() override {
     chosen_ = nullptr;
-    QMetaObject::invokeMethod(dialog_, "close");
+    QMetaObject::invokeMethod(dialog_.get(), "close");
   }
 
  private Q_SLOTS:
-  void accepted() {
-    const QUrl folder = dialog_->property("selectedFolder").toUrl();
-    if (!folder.isLocalFile()) return end(std::nullopt);
-    end(folder.adjusted(QUrl::StripTrailingSlash));
-  }
-  void rejected() { end(std::nullopt); }
-
- private:
-  void end(const std::optional<QUrl>& folder) {
+  void closed() {
     if (!chosen_) return;
     QMetaObject::invokeMethod(this, &OpenDialog::giveFocusBack, Qt::QueuedConnection);
     deleteLater();
-    std::exchange(chosen_, nullptr)(folder);
+    const bool accepted = dialog_->property("accepted").toBool();
+    std::exchange(chosen_, nullptr)(accepted ? std::optional(browser_.folder()) : std::nullopt);
   }
 
+ private:
   // What the toolkit does not do; it comes after what it does when the dialog has closed. The
   // button can be hidden by then, as there is a folder now: the Tab key goes on from its place all
   // the same.
@@ -57,31 +57,22 @@ class OpenDialog final : public QObject {
       focused_->forceActiveFocus(ringShown_ ? Qt::TabFocusReason : Qt::PopupFocusReason);
   }
 
-  QObject* const dialog_;
   // What had the focus, and whether a ring said so.
   const QPointer<QQuickItem> focused_;
   const bool ringShown_;
   FolderChooser::Chosen chosen_;
+  FolderBrowser browser_;
+  std::unique_ptr<QObject> dialog_;
 };
 
 }  // namespace
 
-void QuickFolderChooser::choose(const QString& title, const QString& prompt, Chosen chosen) {
-  QQmlComponent component(&engine_);
-  component.setData("import QtQuick.Dialogs\nFolderDialog { options: FolderDialog.ReadOnly }",
-                    QUrl());
-  QObject* dialog = component.createWithInitialProperties(
-      {{QStringLiteral("title"), title},
-       {QStringLiteral("acceptLabel"), prompt},
-       {QStringLiteral("rejectLabel"), QStringLiteral("İptal")},
-       {QStringLiteral("parentWindow"), QVariant::fromValue<QWindow*>(&window_)}});
-  if (dialog != nullptr) {
-    new OpenDialog(dialog, window_.activeFocusItem(), std::move(chosen), &dialogs_);
-    return;
-  }
-  log_.line(QStringLiteral("[Vantrelo Orvex] no folder dialog: %1").arg(component.errorString()));
-  QMetaObject::invokeMethod(
-      &dialogs_, [chosen = std::move(chosen)] { chosen(std::nullopt); }, Qt::QueuedConnection);
+void QuickFolderChooser::choose(const QString& title, const QString& prompt, const QUrl& start,
+                                Chosen chosen) {
+  // Owned by `dialogs_`, and by itself.
+  new OpenDialog(engine_, area_,
+                 {{QStringLiteral("title"), title}, {QStringLiteral("prompt"), prompt}}, start,
+                 std::move(chosen), &dialogs_);
 }
 
 }  // namespace orvex

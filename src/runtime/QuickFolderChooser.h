@@ -5,25 +5,22 @@
 #include <QObject>
 
 class QQmlEngine;
-class QQuickWindow;
+class QQuickItem;
 
 namespace orvex {
 
-class SystemLog;
-
-/// The toolkit's folder dialog, over the panel's window.
+/// The panel's own folder dialog.
 class QuickFolderChooser final : public FolderChooser {
  public:
-  /// All of it outlives this.
-  QuickFolderChooser(QQmlEngine& engine, QQuickWindow& window, SystemLog& log)
-      : engine_(engine), window_(window), log_(log) {}
+  /// The dialog is shown in the middle of `area`, which stands in a window. Both outlive this.
+  QuickFolderChooser(QQmlEngine& engine, QQuickItem& area) : engine_(engine), area_(area) {}
 
-  void choose(const QString& title, const QString& prompt, Chosen chosen) override;
+  void choose(const QString& title, const QString& prompt, const QUrl& start,
+              Chosen chosen) override;
 
  private:
   QQmlEngine& engine_;
-  QQuickWindow& window_;
-  SystemLog& log_;
+  QQuickItem& area_;
   /// Parent of the open dialogs: they end with this.
   QObject dialogs_;
 };

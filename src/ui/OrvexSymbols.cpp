@@ -17,6 +17,7 @@ constexpr std::array kSymbols = {
     Glyph{u"arrow.clockwise", u'\ue5d5', Line},
     Glyph{u"arrow.triangle.2.circlepath", u'\ue863', Line},
     Glyph{u"arrow.triangle.2.circlepath.circle.fill", u'\ue2e7'},
+    Glyph{u"arrow.up", u'\ue5d8', Line},
     Glyph{u"arrow.uturn.backward", u'\ue166', Line},
     Glyph{u"arrow.uturn.forward", u'\ue15a', Line},
     Glyph{u"backward.end.fill", u'\ue045'},

@@ -118,6 +118,7 @@ TEST_F(FolderRegistryTest, TheNewestScanWinsAndAnAbandonedOneEnds) {
   });
   for (int i = 0; i < 5; ++i) luts.scan();
   luts.chooseFolder();
+  EXPECT_TRUE(access.asked.constLast().endsWith(fileUrl(many.root()).path())) << "begins elsewhere";
   access.answer(fileUrl(one.root()));
   ASSERT_TRUE(finish(luts));
   // Long enough for what was superseded to speak up.

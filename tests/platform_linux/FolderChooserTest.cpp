@@ -64,8 +64,9 @@ class Portal final : public QObject {
 };
 
 struct Toolkit final : FolderChooser {
-  void choose(const QString& title, const QString& prompt, Chosen chosen) override {
-    asked.append(title + u'|' + prompt);
+  void choose(const QString& title, const QString& prompt, const QUrl& start,
+              Chosen chosen) override {
+    asked.append(title + u'|' + prompt + u'|' + QString::fromLatin1(start.toEncoded()));
     chosen(fileUrl("/from/the/toolkit"));
   }
   QStringList asked;
@@ -75,7 +76,7 @@ struct FolderChoosing : PrivateSession {
   FolderChoosing() { platform_->setFallbackChooser(&toolkit_); }
   void choose() {
     platform_->folderAccess().chooseFolder(
-        u"LUT klasörünü seç"_qs, u"Seç"_qs, [this](const std::optional<QUrl>& url) {
+        u"LUT klasörünü seç"_qs, u"Seç"_qs, start_, [this](const std::optional<QUrl>& url) {
           answers_.append(url ? QString::fromUtf8(url->toEncoded()) : u"nothing"_qs);
         });
     EXPECT_TRUE(answers_.isEmpty()) << "answered before it returned";
@@ -97,6 +98,7 @@ struct FolderChoosing : PrivateSession {
 
   std::unique_ptr<Platform> platform_ = makePlatform();
   Toolkit toolkit_;
+  const QUrl start_ = fileUrl("/a\xFF b");
   QStringList answers_;
 };
 
@@ -109,7 +111,8 @@ TEST_F(FolderChoosing, ThePortalIsAskedForOneFolderInItsWords) {
   EXPECT_EQ(portal.options, (QVariantMap{{u"accept_label"_qs, u"Seç"_qs},
                                          {u"modal"_qs, true},
                                          {u"multiple"_qs, false},
-                                         {u"directory"_qs, true}}));
+                                         {u"directory"_qs, true},
+                                         {u"current_folder"_qs, QByteArray("/a\xFF b\0", 6)}}));
   // Only the portal's own word counts.
   SessionBus stranger;
   portal.respond({0U, uris({u"file:///etc"_qs})}, stranger);
@@ -142,7 +145,7 @@ TEST_F(FolderChoosing, WithoutAUsablePortalTheToolkitIsAsked) {
   const auto toolkitAnswers = [this] {
     choose();
     EXPECT_EQ(answer(), u"file:///from/the/toolkit");
-    EXPECT_EQ(toolkit_.asked.takeFirst(), u"LUT klasörünü seç|Seç");
+    EXPECT_EQ(toolkit_.asked.takeFirst(), u"LUT klasörünü seç|Seç|file:///a%FF%20b");
   };
   toolkitAnswers();
   Portal portal;

@@ -13,9 +13,9 @@ namespace orvex {
 /// Folder access as a test writes it: a grant is the folder's URL as text, the user answers when
 /// the test says so. Grants are looked into anywhere but on the thread of the window.
 struct ScriptedAccess final : FolderAccess, FolderGrants {
-  void chooseFolder(const QString& title, const QString& prompt,
+  void chooseFolder(const QString& title, const QString& prompt, const QUrl& start,
                     std::function<void(std::optional<QUrl>)> chosen) override {
-    asked.append(title + u'|' + prompt);
+    asked.append(title + u'|' + prompt + start.path());
     pending = std::move(chosen);
   }
   void answer(const std::optional<QUrl>& folder) { std::exchange(pending, nullptr)(folder); }

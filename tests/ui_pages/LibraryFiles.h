@@ -37,6 +37,8 @@ class LibraryFiles : public QObject {
     picture.fill(1);
     picture.save(tree_.text(below.toUtf8()), "PNG");
   }
+  /// A folder whose name is no text, with one in it.
+  Q_INVOKABLE void oddFolder() const { tree_.folder("\xFF\n/inner"); }
   Q_INVOKABLE void fifo(const QString& below) const { tree_.fifo(below.toUtf8()); }
   Q_INVOKABLE void removeAll() const { std::filesystem::remove_all(tree_.root().toStdString()); }
   Q_INVOKABLE static void dropOn(QQuickItem* item, const QList<QUrl>& urls) {

@@ -56,7 +56,8 @@ class PanelObjects : public QQmlPropertyMap, public RecordedDesktop {
   Q_PROPERTY(QString launchError MEMBER launchError)
   /// The reasons of the host refreshes, oldest first.
   Q_PROPERTY(QStringList refreshes MEMBER refreshes_)
-  /// The folders that the dialog answered, "nothing" where it was cancelled.
+  /// The paths in the URLs of the folders that the dialog answered, "nothing" where it was
+  /// cancelled.
   Q_PROPERTY(QStringList answers MEMBER answers_)
 
  public:
@@ -116,11 +117,12 @@ class PanelObjects : public QQmlPropertyMap, public RecordedDesktop {
     window.show();
     return waitUntil(mayRead);
   }
-  /// Opens the folder dialog over the window of `item`.
-  Q_INVOKABLE void chooseFolder(QQuickItem* item) {
-    chooser_ = std::make_unique<QuickFolderChooser>(*qmlEngine(item), *item->window(), *this);
-    chooser_->choose({}, QStringLiteral("Seç"), [this](const std::optional<QUrl>& folder) {
-      answers_.append(folder ? folder->toLocalFile() : QStringLiteral("nothing"));
+  /// Opens the folder dialog over `item`, at the folder `start`.
+  Q_INVOKABLE void chooseFolder(QQuickItem* item, const QUrl& start) {
+    chooser_ = std::make_unique<QuickFolderChooser>(*qmlEngine(item), *item);
+    chooser_->choose({}, QStringLiteral("Seç"), start, [this](const std::optional<QUrl>& folder) {
+      answers_.append(folder ? QString::fromLatin1(folder->toEncoded()).sliced(7)
+                             : QStringLiteral("nothing"));
     });
   }
   Q_INVOKABLE void dropChooser() { chooser_.reset(); }

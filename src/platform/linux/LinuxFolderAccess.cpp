@@ -6,9 +6,9 @@
 
 namespace orvex {
 
-void LinuxFolderAccess::chooseFolder(const QString& title, const QString& prompt,
+void LinuxFolderAccess::chooseFolder(const QString& title, const QString& prompt, const QUrl& start,
                                      std::function<void(std::optional<QUrl>)> chosen) {
-  chooser_.choose(title, prompt, std::move(chosen));
+  chooser_.choose(title, prompt, start, std::move(chosen));
 }
 
 QByteArray LinuxFolderGrants::makeGrant(const QUrl& folder) {

@@ -21,7 +21,7 @@ class LinuxFolderAccess final : public FolderAccess {
   /// See `PortalChooser::setFallbackChooser`.
   void setFallbackChooser(FolderChooser* chooser) { chooser_.setFallbackChooser(chooser); }
 
-  void chooseFolder(const QString& title, const QString& prompt,
+  void chooseFolder(const QString& title, const QString& prompt, const QUrl& start,
                     std::function<void(std::optional<QUrl>)> chosen) override;
   [[nodiscard]] std::shared_ptr<FolderGrants> grants() override { return grants_; }
   [[nodiscard]] bool startAccess(const QUrl&) override { return false; }

@@ -5,17 +5,18 @@
 
 namespace orvex {
 
-void PortalChooser::choose(const QString& title, const QString& prompt, Chosen chosen) {
-  const auto unavailable = [this, title, prompt, chosen](const QString& reason) {
+void PortalChooser::choose(const QString& title, const QString& prompt, const QUrl& start,
+                           Chosen chosen) {
+  const auto unavailable = [this, title, prompt, start, chosen](const QString& reason) {
     log_.line(
         QStringLiteral("[Vantrelo Orvex] no folder chooser from the desktop: %1").arg(reason));
     if (fallback_ != nullptr)
-      fallback_->choose(title, prompt, chosen);
+      fallback_->choose(title, prompt, start, chosen);
     else
       chosen(std::nullopt);
   };
   // Owned by `requests_`, and by itself.
-  new PortalRequest(bus_, title, prompt, {chosen, unavailable}, &requests_);
+  new PortalRequest(bus_, title, prompt, start, {chosen, unavailable}, &requests_);
 }
 
 }  // namespace orvex

@@ -20,7 +20,8 @@ class PortalChooser final : public FolderChooser {
   /// Used where no portal can be asked; null for none. Outlives this, or is taken back.
   void setFallbackChooser(FolderChooser* fallback) { fallback_ = fallback; }
 
-  void choose(const QString& title, const QString& prompt, Chosen chosen) override;
+  void choose(const QString& title, const QString& prompt, const QUrl& start,
+              Chosen chosen) override;
 
  private:
   SessionBus& bus_;

@@ -57,12 +57,13 @@ std::optional<QUrl> onlyFolder(const QVariantMap& results) {
 
 }  // namespace
 
-PortalRequest::PortalRequest(SessionBus& bus, QString title, QString prompt, Outcome outcome,
-                             QObject* parent)
+PortalRequest::PortalRequest(SessionBus& bus, QString title, QString prompt, const QUrl& start,
+                             Outcome outcome, QObject* parent)
     : QObject(parent),
       bus_(bus),
       title_(std::move(title)),
       prompt_(std::move(prompt)),
+      start_(start),
       outcome_(std::move(outcome)),
       token_(QStringLiteral("orvex") + QUuid::createUuid().toString(QUuid::Id128)),
       path_(requestPath(bus_.connection().baseService(), token_)),
@@ -112,12 +113,15 @@ void PortalRequest::open() {
     if (outcome_) end(std::nullopt);
   });
   QDBusMessage call = portalCall(chooserInterface(), QStringLiteral("OpenFile"));
-  call.setArguments({QString(), title_,
-                     QVariantMap{{QStringLiteral("handle_token"), token_},
-                                 {QStringLiteral("accept_label"), prompt_},
-                                 {QStringLiteral("modal"), true},
-                                 {QStringLiteral("multiple"), false},
-                                 {QStringLiteral("directory"), true}}});
+  QVariantMap options{{QStringLiteral("handle_token"), token_},
+                      {QStringLiteral("accept_label"), prompt_},
+                      {QStringLiteral("modal"), true},
+                      {QStringLiteral("multiple"), false},
+                      {QStringLiteral("directory"), true}};
+  // Raw bytes, with the zero that ends them.
+  if (const QByteArray path = filePath(start_); !path.isEmpty())
+    options.insert(QStringLiteral("current_folder"), path + '\0');
+  call.setArguments({QString(), title_, options});
   dialogOpen_ = true;
   then(call, &PortalRequest::opened, static_cast<int>(kOpenLimit.count()));
 }

@@ -26,7 +26,8 @@ class PortalRequest final : public QObject {
     std::function<void(const QString& reason)> unavailable;
   };
 
-  PortalRequest(SessionBus& bus, QString title, QString prompt, Outcome outcome, QObject* parent);
+  PortalRequest(SessionBus& bus, QString title, QString prompt, const QUrl& start, Outcome outcome,
+                QObject* parent);
   ~PortalRequest() override;
 
  private Q_SLOTS:
@@ -44,6 +45,7 @@ class PortalRequest final : public QObject {
   SessionBus& bus_;
   const QString title_;
   const QString prompt_;
+  const QUrl start_;
   std::optional<Outcome> outcome_;
   const QString token_;
   /// The request's object on the portal.

@@ -63,7 +63,7 @@ LibraryPage {
         ]
 
         onClicked: {
-            details.name = name;
+            details.title = name;
             details.manufacturer = manufacturer;
             details.version = version;
             details.typeName = typeName;
