@@ -151,6 +151,10 @@ TEST_F(FolderChoosing, WithoutAUsablePortalTheToolkitIsAsked) {
   Portal portal;
   portal.version = 2;  // Without folders.
   toolkitAnswers();
+  qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
+  platform_ = makePlatform();
+  platform_->setFallbackChooser(&toolkit_);
+  toolkitAnswers();
 }
 
 TEST_F(FolderChoosing, TwoQuestionsGetTheirOwnAnswersAlsoWhenThePortalGoes) {

@@ -5,7 +5,6 @@
 #include "platform/linux/SessionBus.h"
 
 #include <QDBusArgument>
-#include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
 #include <QUuid>
 
@@ -72,7 +71,7 @@ PortalRequest::PortalRequest(SessionBus& bus, QString title, QString prompt, con
   QDBusMessage call =
       portalCall(QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
   call.setArguments({chooserInterface(), QStringLiteral("version")});
-  then(call, &PortalRequest::checkVersion, static_cast<int>(kVersionLimit.count()));
+  then(call, &PortalRequest::checkVersion, kVersionLimit);
 }
 
 PortalRequest::~PortalRequest() {
@@ -84,13 +83,11 @@ PortalRequest::~PortalRequest() {
 }
 
 void PortalRequest::then(const QDBusMessage& call,
-                         void (PortalRequest::*next)(const QDBusMessage& reply), int limit) {
-  const auto* watcher = new QDBusPendingCallWatcher(bus_.connection().asyncCall(call, limit), this);
-  connect(watcher, &QDBusPendingCallWatcher::finished, this,
-          [this, next](QDBusPendingCallWatcher* finished) {
-            finished->deleteLater();
-            if (outcome_) (this->*next)(finished->reply());
-          });
+                         void (PortalRequest::*next)(const QDBusMessage& reply),
+                         std::chrono::milliseconds limit) {
+  bus_.ask(call, limit, *this, [this, next](const QDBusMessage& reply) {
+    if (outcome_) (this->*next)(reply);
+  });
 }
 
 void PortalRequest::checkVersion(const QDBusMessage& reply) {
@@ -123,7 +120,7 @@ void PortalRequest::open() {
     options.insert(QStringLiteral("current_folder"), path + '\0');
   call.setArguments({QString(), title_, options});
   dialogOpen_ = true;
-  then(call, &PortalRequest::opened, static_cast<int>(kOpenLimit.count()));
+  then(call, &PortalRequest::opened, kOpenLimit);
 }
 
 void PortalRequest::opened(const QDBusMessage& reply) {

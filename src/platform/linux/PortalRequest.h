@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QUrl>
 
+#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -39,7 +40,7 @@ class PortalRequest final : public QObject {
   void end(const std::optional<QUrl>& folder);
   void giveUp(const QString& reason);
   void then(const QDBusMessage& call, void (PortalRequest::*next)(const QDBusMessage& reply),
-            int limit);
+            std::chrono::milliseconds limit);
   void checkVersion(const QDBusMessage& reply);
 
   SessionBus& bus_;

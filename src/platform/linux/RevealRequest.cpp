@@ -4,7 +4,6 @@
 #include "platform/linux/SessionBus.h"
 
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 
 #include <chrono>
 #include <sys/stat.h>
@@ -47,10 +46,7 @@ void RevealRequest::askFileManager() {
       QStringLiteral("/org/freedesktop/FileManager1"),
       QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
   call.setArguments({QStringList{QString::fromLatin1(file_.toEncoded())}, QString()});
-  const auto* watcher = new QDBusPendingCallWatcher(
-      bus_.connection().asyncCall(call, static_cast<int>(kLimit.count())), this);
-  connect(watcher, &QDBusPendingCallWatcher::finished, this,
-          [this](QDBusPendingCallWatcher* finished) { answered(finished->reply()); });
+  bus_.ask(call, kLimit, *this, [this](const QDBusMessage& reply) { answered(reply); });
 }
 
 void RevealRequest::answered(const QDBusMessage& reply) {

@@ -1,5 +1,6 @@
 #include "platform/linux/SessionBus.h"
 
+#include <QDBusPendingCallWatcher>
 #include <QMetaType>
 
 #include <atomic>
@@ -27,6 +28,21 @@ SessionBus::SessionBus() : connection_(connect()) {}
 
 SessionBus::~SessionBus() {
   QDBusConnection::disconnectFromBus(connection_.name());
+}
+
+void SessionBus::ask(const QDBusMessage& call, std::chrono::milliseconds limit, QObject& owner,
+                     std::function<void(const QDBusMessage& reply)> answered) {
+  auto* const watcher = new QDBusPendingCallWatcher(
+      connection_.asyncCall(call, static_cast<int>(limit.count())), &owner);
+  const auto tell = [watcher, answered = std::move(answered)] {
+    watcher->deleteLater();
+    answered(watcher->reply());
+  };
+  // What cannot even be sent is over at once, and the watcher does not say so.
+  if (watcher->isFinished())
+    QMetaObject::invokeMethod(watcher, tell, Qt::QueuedConnection);
+  else
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &owner, tell);
 }
 
 }  // namespace orvex

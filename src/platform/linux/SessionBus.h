@@ -1,6 +1,10 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QDBusMessage>
+
+#include <chrono>
+#include <functional>
 
 namespace orvex {
 
@@ -16,6 +20,11 @@ class SessionBus {
 
   /// Not connected when the session has no bus.
   [[nodiscard]] QDBusConnection& connection() noexcept { return connection_; }
+
+  /// Sends `call` and later hands its reply to `answered`, at the latest after `limit`: an error
+  /// where nobody replies or there is no bus. Nothing is handed over once `owner` is gone.
+  void ask(const QDBusMessage& call, std::chrono::milliseconds limit, QObject& owner,
+           std::function<void(const QDBusMessage& reply)> answered);
 
  private:
   QDBusConnection connection_;
