@@ -52,7 +52,9 @@ int main(int argc, char** argv) {
   run(QCoreApplication::arguments().mid(1), owner, finish);
   const int code = QCoreApplication::exec();
   // What somebody waits for and does not get must not pass for done.
-  if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return code;
-  printError(QStringLiteral("Çıktı yazılamadı: %1.").arg(reasonOf(errno)));
+  const int refused = std::fflush(stdout) == 0 ? 0 : errno;
+  if (refused == 0 && std::ferror(stdout) == 0) return code;
+  printError(refused == 0 ? QStringLiteral("Çıktının bir kısmı yazılamadı.")
+                          : QStringLiteral("Çıktı yazılamadı: %1.").arg(reasonOf(refused)));
   return std::max<int>(code, Failed);
 }

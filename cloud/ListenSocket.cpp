@@ -1,8 +1,9 @@
 #include "cloud/ListenSocket.h"
 
-#include "base/FileError.h"
+#include "base/DescribedError.h"
 
 #include <cerrno>
+#include <cstring>
 #include <memory>
 #include <netdb.h>
 #include <netinet/in.h>
@@ -20,7 +21,7 @@ QString reason(int code) {
     case EADDRNOTAVAIL:
       return QStringLiteral("bu adres bu bilgisayarın değil; --address ile başka bir adres ver");
     default:
-      return reasonOf(code);
+      return QString::fromLocal8Bit(std::strerror(code));
   }
 }
 

@@ -19,8 +19,7 @@ std::expected<QSizeF, QString> parseSize(const QString& text) {
     return std::unexpected(
         QStringLiteral("--size \"%1\" geçersiz: GENİŞLİKxYÜKSEKLİK yaz, ikisi de en az %2 "
                        "(örneğin 1040x780).")
-            .arg(text)
-            .arg(kLeastPanelExtent));
+            .arg(text, QString::number(kLeastPanelExtent)));
   return size;
 }
 

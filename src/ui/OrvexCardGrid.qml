@@ -21,7 +21,6 @@ FocusScope {
     property alias columns: view.columns
     property alias cardWidth: view.cardWidth
 
-    // The page brings what gets the focus into view.
     function move(step: int): bool {
         const target = currentIndex + step;
         if (target < 0 || target >= count)
@@ -33,6 +32,9 @@ FocusScope {
             card.takeFocus();
         else
             card?.forceActiveFocus(Qt.TabFocusReason);
+        // A card that is given another row keeps the focus, which tells the page nothing.
+        if (card)
+            page.bringIntoView(card);
         return true;
     }
 

@@ -13,8 +13,11 @@ class OrvexColumns {
   /// As many as fit, at least 1 and at most `maximum`.
   OrvexColumns(double width, double minimumWidth, double spacing,
                int maximum = std::numeric_limits<int>::max())
-      : count_(static_cast<int>(std::clamp(std::floor((width + spacing) / (minimumWidth + spacing)),
-                                           1.0, std::max(1.0, static_cast<double>(maximum))))),
+      : count_(minimumWidth + spacing > 0
+                   ? static_cast<int>(
+                         std::clamp(std::floor((width + spacing) / (minimumWidth + spacing)), 1.0,
+                                    std::max(1.0, static_cast<double>(maximum))))
+                   : 1),
         pitch_((width + spacing) / count_),
         spacing_(spacing) {}
 

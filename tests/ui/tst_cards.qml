@@ -57,7 +57,7 @@ KitCase {
 
                     // Below the rest of the card, which is to be seen with it.
                     OrvexButton {
-                        activeFocusOnTab: parent.index === grid.currentIndex
+                        activeFocusOnTab: parent.index === grid.currentIndex || activeFocus
                         focus: true
                         title: "Uygula"
                         y: 70
@@ -120,14 +120,16 @@ KitCase {
     function test_tabReachesTheCurrentCard() {
         const page = make(page_);
         const [before, grid, after] = ["before", "grid", "after"].map(name => below(page, item => item.objectName === name)[0]);
-        for (const [from, key, top] of [[before, Qt.Key_Tab, 4000], [after, Qt.Key_Backtab, 0]]) {
-            grid.currentIndex = 40;
-            from.forceActiveFocus(Qt.TabFocusReason);
+        for (const [from, key, top, index] of [[before, Qt.Key_Tab, 4000, 40], [null, Qt.Key_Home, 4000, 0], [after, Qt.Key_Backtab, 0, 40]]) {
+            if (from) {
+                grid.currentIndex = 40;
+                from.forceActiveFocus(Qt.TabFocusReason);
+            }
             page.scrollTo(top);
             waitForRendering(page);
             keyClick(key);
             const card = page.focusItem.parent;
-            compare(card.index, 40);
+            compare(card.index, index);
             const y = card.mapToItem(page, 0, 0).y;
             verify(y >= 0 && y + card.height <= page.height, "the whole card is seen");
         }

@@ -4,6 +4,8 @@
 #include "shell/OrvexState.h"
 #include "ui/color/LUTPreviews.h"
 
+#include <QPointer>
+
 namespace orvex {
 
 /// What the Color page works with beside the panel's state. One for the life of the panel.
@@ -21,14 +23,17 @@ class ColorServices : public QObject {
   ~ColorServices() override;
 
   [[nodiscard]] LUTPreviews* previews() const noexcept { return previews_.get(); }
-  /// A bridge for the life of `page`, and longer where that ends before an exchange does. What the
-  /// helper says is a toast of `state`; so is why there is no answer, once the page cannot say it.
-  Q_INVOKABLE [[nodiscard]] orvex::LUTApplyBridge* makeBridge(QObject* page,
-                                                              orvex::OrvexState* state);
+  /// The bridge for `page`: the one that the page before it used, whose exchange may still go on.
+  /// What the helper says is a toast of `state`, always the same one; so is why there is no answer,
+  /// while there is no page to say it.
+  Q_INVOKABLE [[nodiscard]] orvex::LUTApplyBridge* bridgeFor(QObject* page,
+                                                             orvex::OrvexState* state);
 
  private:
-  const LUTApplyBridge::Environment bridge_;
+  const LUTApplyBridge::Environment environment_;
   std::unique_ptr<LUTPreviews> previews_;
+  LUTApplyBridge* bridge_ = nullptr;
+  QPointer<QObject> page_;
 };
 
 }  // namespace orvex

@@ -15,7 +15,7 @@ OrvexScrollPage {
     readonly property var folder: page.registry
 
     property string search
-    readonly property LUTApplyBridge applyBridge: page.color.makeBridge(page, page.state)
+    readonly property LUTApplyBridge applyBridge: page.color.bridgeFor(page, page.state)
     // Why the last LUT could not even be handed over, or nothing.
     property string preparationError
 
@@ -46,8 +46,9 @@ OrvexScrollPage {
     onFrameChanged: settled.restart()
     onScanningChanged: {
         // What it said may not hold any more.
-        page.preparationError = "";
-        if (!page.scanning)
+        if (page.scanning)
+            page.preparationError = "";
+        else
             page.previews.forget();
     }
 

@@ -5,8 +5,8 @@ import QtQuick.Layouts
 import QtQuick.Templates as T
 import Orvex
 
-// Asks for a folder. What is chosen is the folder that the path field names, whose folders are
-// listed below it: nothing in the list is ever selected, it only leads on. Opened once.
+// Asks for a folder. What is chosen is the folder that the path field names, or the one that is
+// being read to be named there; its folders are listed below: nothing in the list is ever selected, it only leads on. Opened once.
 OrvexDialog {
     id: dialog
 
@@ -34,6 +34,7 @@ OrvexDialog {
 
     // Where the path shows what is no text, it cannot be read back; unchanged, it leads nowhere.
     function goToWritten(): void {
+        dialog.choosing = false;
         if (field.text !== dialog.browser.path)
             dialog.browser.go(field.text);
         else
@@ -176,10 +177,11 @@ OrvexDialog {
             // To the next name that begins with what was typed.
             function jump(text: string): void {
                 const names = dialog.browser.names;
-                const wanted = text.toLocaleLowerCase();
+                // Either way, as Turkish has two letters where others have one.
+                const begins = name => name.toLowerCase().startsWith(text.toLowerCase()) || name.toUpperCase().startsWith(text.toUpperCase());
                 for (let step = 1; step <= names.length; ++step) {
                     const index = (list.currentIndex + step) % names.length;
-                    if (names[index].toLocaleLowerCase().startsWith(wanted)) {
+                    if (begins(names[index])) {
                         list.currentIndex = index;
                         return;
                     }

@@ -19,7 +19,7 @@ T.ComboBox {
     Accessible.name: picker.name
     // The toolkit opens it with Space only.
     Keys.onReleased: event => {
-        if (picker.popup.visible || event.modifiers !== Qt.NoModifier && event.modifiers !== Qt.KeypadModifier)
+        if (picker.popup.visible || event.isAutoRepeat || event.modifiers !== Qt.NoModifier && event.modifiers !== Qt.KeypadModifier)
             return;
         event.accepted = event.key === Qt.Key_Return || event.key === Qt.Key_Enter;
         if (event.accepted)
