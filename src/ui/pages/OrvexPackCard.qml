@@ -87,7 +87,7 @@ FocusScope {
     Timer {
         id: justDone
 
-        interval: 800
+        interval: 1500
     }
 
     HoverHandler {
