@@ -35,6 +35,12 @@ class Portal final : public QObject {
         QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllProperties));
     EXPECT_TRUE(bus.connection().registerService(u"org.freedesktop.portal.Desktop"_qs));
   }
+  // The connection's thread looks at what it still has when the connection ends, which may be
+  // later.
+  ~Portal() override {
+    bus.connection().unregisterObject(u"/org/freedesktop/portal/desktop"_qs,
+                                      QDBusConnection::UnregisterTree);
+  }
 
   void respond(const QVariantList& arguments) { respond(arguments, bus); }
   void respond(const QVariantList& arguments, SessionBus& from) {

@@ -24,6 +24,9 @@ class FileManager final : public QObject {
                                                 QDBusConnection::ExportAllSlots));
     EXPECT_TRUE(bus.connection().registerService(u"org.freedesktop.FileManager1"_s));
   }
+  // The connection's thread looks at what it still has when the connection ends, which may be
+  // later.
+  ~FileManager() override { bus.connection().unregisterObject(u"/org/freedesktop/FileManager1"_s); }
 
   SessionBus bus;
   QStringList shown;
