@@ -6,7 +6,8 @@ import QtQuick.Templates as T
 import Orvex
 
 // Asks for a folder. What is chosen is the folder that the path field names, or the one that is
-// being read to be named there; its folders are listed below: nothing in the list is ever selected, it only leads on. Opened once.
+// being read to be named there. Its folders are listed below: nothing in the list is ever selected,
+// it only leads on. Opened once.
 OrvexDialog {
     id: dialog
 
